@@ -1,0 +1,302 @@
+#include "editor_antlr3.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "editor_antlr3_objects.h"
+#include "scribon_keywords.h"
+#include "scribonspecs_hooks.h"
+
+pscribonspecsParser Parser = nullptr;
+pANTLR3_COMMON_TOKEN_STREAM TokenStream = nullptr;
+
+namespace {
+
+pANTLR3_INPUT_STREAM Input = nullptr;
+pscribonspecsLexer Lex = nullptr;
+scribonspecsParser_expr_return Result{};
+
+std::vector<std::unique_ptr<char[]>> editedTokenTexts;
+
+constexpr ANTLR3_UINT32 FILE_TOKENS_HINT = 1025;
+constexpr ANTLR3_UINT32 CELL_TOKENS_HINT = 10;
+
+// The runtime's file stream would parse a directory's garbage and hang on a pipe.
+bool isRegularFile(const char* filename)
+{
+    struct stat status {};
+    return stat(filename, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+pANTLR3_BASE_TREE firstChildOfType(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 type)
+{
+    return static_cast<pANTLR3_BASE_TREE>(tree->getFirstChildWithType(tree, type));
+}
+
+bool isScribonTree(pANTLR3_BASE_TREE root)
+{
+    if (root == nullptr || root->getChildCount(root) == 0)
+        return false;
+    const auto firstString = firstChildOfType(root, TOKEN_STRING_DECL);
+    return firstString != nullptr && firstChildOfType(firstString, TOKEN_KYWD_SCRIBON) != nullptr;
+}
+
+void parseInput()
+{
+    Lex = scribonspecsLexerNew(Input);
+    TokenStream =
+        antlr3CommonTokenStreamSourceNew(FILE_TOKENS_HINT, Lex->pLexer->rec->state->tokSource);
+    Parser = scribonspecsParserNew(TokenStream);
+    Result = Parser->expr(Parser);
+}
+
+struct TypeToEditor {
+    int type;
+    int editor;
+};
+
+// What tokens and nodes call for that are no keywords with a spelling of their own.
+constexpr std::array<TypeToEditor, 12> OTHER_EDITORS{{
+    {TOKEN_COMMENT, COMMENT_LINE},
+    {TOKEN_EDITOR_TAB1, EDIT_TAB1},
+    {TOKEN_EDITOR_TAB2, EDIT_TAB2},
+    {TOKEN_EDITOR_TAB3, EDIT_TAB3},
+    {TOKEN_EDITOR_TAB4, EDIT_TAB4},
+    {TOKEN_EDITOR_TAB5, EDIT_TAB5},
+    {TOKEN_EOL, EOL_FLAG},
+    {TOKEN_FILLER_TXT, FILLER_DATA},
+    {TOKEN_KYWD_DEFAULT, DESCRIPTION_EDITOR},
+    {TOKEN_LABEL_DECL, LOG_DIG_DESCRIPTION},
+    {TOKEN_LOG_DIGITAL_DESC, LOG_DIG_DESCRIPTION},
+    {TOKEN_STAT_MEM, STAT_MEM_EDITOR},
+}};
+
+constexpr std::array<int, TOKEN_TYPE_COUNT> makeEditorTable()
+{
+    std::array<int, TOKEN_TYPE_COUNT> table{};
+    for (int& editor : table)
+        editor = TEXT_BLOCK;
+    for (const TypeToEditor& row : OTHER_EDITORS)
+        table[static_cast<size_t>(row.type)] = row.editor;
+    for (const ScribonKeyword& keyword : SCRIBON_KEYWORDS)
+        table[static_cast<size_t>(keyword.token)] = keyword.editor;
+    return table;
+}
+
+constexpr std::array<int, TOKEN_TYPE_COUNT> EDITOR_OF_TYPE = makeEditorTable();
+
+int editorOfType(ANTLR3_UINT32 type)
+{
+    return type < EDITOR_OF_TYPE.size() ? EDITOR_OF_TYPE[type] : static_cast<int>(TEXT_BLOCK);
+}
+
+// The type of the first token in a text, 0 without one.
+int firstTokenType(char* zeroTerminated, size_t size)
+{
+    TextLexer lexer(zeroTerminated, size);
+    const pANTLR3_COMMON_TOKEN token = lexer.firstToken();
+    if (token == nullptr)
+        return TOKEN_INVALID;
+    fillFileTokenStream();
+    return static_cast<int>(token->getType(token));
+}
+
+// Copies a text in front of the zero bytes that the string stream reads behind it; most cells fit
+// into the local buffer.
+int tokenTypeOf(const char* value, size_t size)
+{
+    constexpr size_t LOCAL_SIZE = 128;
+    constexpr size_t READ_BEHIND = 2;
+    if (size <= LOCAL_SIZE) {
+        std::array<char, LOCAL_SIZE + READ_BEHIND> buffer{};
+        std::copy_n(value, size, buffer.begin());
+        return firstTokenType(buffer.data(), size);
+    }
+    std::string buffer(value, size);
+    buffer.append(READ_BEHIND, '\0');
+    return firstTokenType(buffer.data(), size);
+}
+
+bool isRequiredKeyword(int tokenType)
+{
+    return std::any_of(SCRIBON_KEYWORDS.begin(), SCRIBON_KEYWORDS.end(),
+                       [tokenType](const ScribonKeyword& keyword) {
+                           return keyword.token == tokenType && keyword.required;
+                       });
+}
+
+}  // namespace
+
+// ---- The load
+// ------------------------------------------------------------------------------------
+
+int read_file(const char* filename)
+{
+    if (Input != nullptr)
+        free_resources();
+    if (!isRegularFile(filename))
+        return -1;
+    // The runtime takes the name as bytes that it may change, but only ever copies it.
+    std::string name(filename);
+    Input = antlr3FileStreamNew(reinterpret_cast<pANTLR3_UINT8>(name.data()), 0);
+    if (Input == nullptr)
+        return -1;
+    parseInput();
+    if (!isScribonTree(getTree()))
+        return -2;
+    add_meta_data_section();
+    add_ecm_list();
+    add_scan_list_aux_user();
+    return 0;
+}
+
+int free_resources()
+{
+    RuntimePtr<pscribonspecsParser>(std::exchange(Parser, nullptr)).reset();
+    RuntimePtr<pscribonspecsLexer>(std::exchange(Lex, nullptr)).reset();
+    RuntimePtr<pANTLR3_INPUT_STREAM>(std::exchange(Input, nullptr)).reset();
+    RuntimePtr<pANTLR3_COMMON_TOKEN_STREAM>(std::exchange(TokenStream, nullptr)).reset();
+    Result = {};
+    editedTokenTexts.clear();
+    return 0;
+}
+
+pANTLR3_BASE_TREE getTree()
+{
+    return Result.tree;
+}
+
+ANTLR3_UINT32 treeChildCount()
+{
+    const pANTLR3_BASE_TREE root = getTree();
+    return root == nullptr ? 0 : root->getChildCount(root);
+}
+
+pANTLR3_BASE_TREE treeChild(int i)
+{
+    if (i < 0 || static_cast<ANTLR3_UINT32>(i) >= treeChildCount())
+        return nullptr;
+    const pANTLR3_BASE_TREE root = getTree();
+    return static_cast<pANTLR3_BASE_TREE>(root->getChild(root, static_cast<ANTLR3_UINT32>(i)));
+}
+
+// ---- What a text is
+// ------------------------------------------------------------------------------
+
+TextLexer::TextLexer(char* zeroTerminated, size_t size)
+    : m_input(antlr3StringStreamNew(reinterpret_cast<pANTLR3_UINT8>(zeroTerminated),
+                                    ANTLR3_ENC_8BIT, static_cast<ANTLR3_UINT32>(size + 2),
+                                    reinterpret_cast<pANTLR3_UINT8>(const_cast<char*>("cell")))),
+      m_lexer(scribonspecsLexerNew(m_input.get())),
+      m_tokens(antlr3CommonTokenStreamSourceNew(CELL_TOKENS_HINT,
+                                                m_lexer->pLexer->rec->state->tokSource))
+{
+}
+
+pANTLR3_COMMON_TOKEN TextLexer::firstToken()
+{
+    const pANTLR3_VECTOR tokens = m_tokens->getTokens(m_tokens.get());
+    if (tokens == nullptr || tokens->count == 0)
+        return nullptr;
+    return static_cast<pANTLR3_COMMON_TOKEN>(tokens->get(tokens, 0));
+}
+
+void fillFileTokenStream()
+{
+    if (TokenStream != nullptr)
+        fillBufferExt(TokenStream);
+}
+
+int appGrammerTypeToEditorType(const char* value, int vSize, int* tok_type)
+{
+    *tok_type = tokenTypeOf(value, static_cast<size_t>(std::max(vSize, 0)));
+    return editorOfType(static_cast<ANTLR3_UINT32>(*tok_type));
+}
+
+int appGrammerTypeToEditorTypeOrig(pANTLR3_BASE_TREE item)
+{
+    return item == nullptr ? static_cast<int>(TEXT_BLOCK) : editorOfType(item->getType(item));
+}
+
+bool appGrammerRequired(const char* value, size_t vSize)
+{
+    constexpr size_t EMPTY_LENGTH = 10;
+    if (value == nullptr)
+        return false;
+    if (vSize == 0)
+        return isRequiredKeyword(tokenTypeOf(value, strnlen(value, EMPTY_LENGTH)));
+    return isRequiredKeyword(tokenTypeOf(value, vSize));
+}
+
+int appGrammerMinType()
+{
+    return TOKEN_KYWD_DEFAULT;
+}
+
+int appGrammerMaxType()
+{
+    return TOKEN_YESNO_DECL;
+}
+
+// ---- Error recovery
+// ------------------------------------------------------------------------------
+
+void AntlrErrorHandler(pANTLR3_BASE_RECOGNIZER recognizer)
+{
+    recognizer->state->error = ANTLR3_FALSE;
+}
+
+void LAntlrErrorHandler(pANTLR3_BASE_RECOGNIZER /*recognizer*/) {}
+
+void* AntlrErrorNode(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_TOKEN_STREAM /*ctnstream*/,
+                     pANTLR3_COMMON_TOKEN startToken, pANTLR3_COMMON_TOKEN /*endToken*/,
+                     pANTLR3_EXCEPTION e)
+{
+    pANTLR3_COMMON_TOKEN token = startToken;
+    if (e != nullptr && e->token != nullptr)
+        token = static_cast<pANTLR3_COMMON_TOKEN>(e->token);
+    // The token's string belongs to the input's factory and outlives the tree.
+    return adaptor->createTypeText(adaptor, TOKEN_INVALID, token->getText(token)->chars);
+}
+
+void syncToSet(void)
+{
+    const pANTLR3_BASE_RECOGNIZER recognizer = Parser->pParser->rec;
+    if (recognizer->state->following == nullptr)
+        return;
+    const RuntimePtr<pANTLR3_BITSET> follow(recognizer->computeCSRuleFollow(recognizer));
+    syncToSetV(follow.get());
+}
+
+void syncToSetV(pANTLR3_BITSET follow)
+{
+    const pANTLR3_INT_STREAM tokens = TokenStream->tstream->istream;
+    const ANTLR3_MARKER mark = tokens->mark(tokens);
+    for (ANTLR3_UINT32 type = tokens->_LA(tokens, 1); !follow->isMember(follow, type);
+         type = tokens->_LA(tokens, 1)) {
+        if (type == ANTLR3_TOKEN_EOF) {
+            tokens->rewind(tokens, mark);
+            break;
+        }
+        tokens->consume(tokens);
+    }
+    tokens->release(tokens, mark);
+}
+
+bool mismatchIsUnwantedTokenNew(pANTLR3_BASE_RECOGNIZER recognizer)
+{
+    recognizer->state->error = ANTLR3_FALSE;
+    return true;
+}
+
+char* keepTokenText(std::unique_ptr<char[]> text)
+{
+    editedTokenTexts.push_back(std::move(text));
+    return editedTokenTexts.back().get();
+}

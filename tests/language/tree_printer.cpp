@@ -1,0 +1,78 @@
+#include "tree_printer.h"
+
+#include "scribonspecs_tokens.h"
+
+// The generator defines the names without declaring them anywhere.
+extern "C" pANTLR3_UINT8 scribonspecsParserTokenNames[];
+
+namespace {
+
+std::string typeName(pANTLR3_BASE_TREE tree)
+{
+    const ANTLR3_UINT32 type = tree->getType(tree);
+    if (static_cast<int>(type) == -1)
+        return "EOF";
+    if (type == TOKEN_INVALID)
+        return tree->isNilNode(tree) ? "NIL" : "ERROR";
+    return reinterpret_cast<const char*>(scribonspecsParserTokenNames[type]);
+}
+
+std::string escaped(const std::string& text)
+{
+    std::string result;
+    for (const char c : text) {
+        switch (c) {
+            case '\n':
+                result += "\\n";
+                break;
+            case '\r':
+                result += "\\r";
+                break;
+            case '\t':
+                result += "\\t";
+                break;
+            default:
+                result += c;
+        }
+    }
+    return result;
+}
+
+std::string nodeText(pANTLR3_BASE_TREE tree)
+{
+    const pANTLR3_STRING text = tree->toString(tree);
+    return text == nullptr ? std::string() : reinterpret_cast<const char*>(text->chars);
+}
+
+std::string nodeLabel(pANTLR3_BASE_TREE tree)
+{
+    const std::string name = typeName(tree);
+    const std::string text = nodeText(tree);
+    if (name == "EOF" || name == "NIL" || text == name)
+        return name;
+    return name + "(" + escaped(text) + ")";
+}
+
+pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
+{
+    return static_cast<pANTLR3_BASE_TREE>(tree->getChild(tree, index));
+}
+
+}  // namespace
+
+std::string printTree(pANTLR3_BASE_TREE tree)
+{
+    std::string result = nodeLabel(tree);
+    const ANTLR3_UINT32 count = tree->getChildCount(tree);
+    for (ANTLR3_UINT32 i = 0; i < count; ++i)
+        result += (i == 0 ? " [ " : ", ") + printTree(childAt(tree, i));
+    return count == 0 ? result : result + " ]";
+}
+
+std::string printChildren(pANTLR3_BASE_TREE root)
+{
+    std::string result;
+    for (ANTLR3_UINT32 i = 0; i < root->getChildCount(root); ++i)
+        result += printTree(childAt(root, i)) + "\n";
+    return result;
+}
