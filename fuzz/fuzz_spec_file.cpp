@@ -1,0 +1,62 @@
+// Any bytes as a spec file: parsed, loaded into the five models and written back, twice. What has
+// been written once must load again and come out the same from then on.
+
+#include "editor_antlr3.h"
+#include "treemodel.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+namespace {
+
+struct Workspace {
+    int argc = 1;
+    std::array<char, 5> name{"fuzz"};
+    char* argv = name.data();
+    QCoreApplication application{argc, &argv};
+    QTemporaryDir directory{QStringLiteral("/dev/shm/scribon-fuzz-XXXXXX")};
+    QByteArray source = (directory.path() + QStringLiteral("/source")).toLocal8Bit();
+    QByteArray saved = (directory.path() + QStringLiteral("/saved")).toLocal8Bit();
+};
+
+void write(const QByteArray& fileName, const char* bytes, qint64 size)
+{
+    QFile file(QString::fromLocal8Bit(fileName));
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        file.write(bytes, size);
+}
+
+// Loads a file and writes its five tabs to another; false when it is no spec file.
+bool loadAndSave(const QByteArray& from, QByteArray to)
+{
+    if (read_file(from.constData()) != 0)
+        return false;
+    write(to, "", 0);
+    for (int tab = EDIT_TAB1; tab <= EDIT_TAB5; ++tab) {
+        const QStringList headers = {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"),
+                                     QStringLiteral("d")};
+        const int columns = tab == EDIT_TAB2 ? 4 : 3;
+        TreeModel model(headers.mid(0, columns), getTree(), static_cast<ANTLR3_UINT32>(tab));
+        model.dump_to_file(to.data());
+    }
+    return true;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    static Workspace workspace;
+    write(workspace.source, reinterpret_cast<const char*>(data), static_cast<qint64>(size));
+    if (loadAndSave(workspace.source, workspace.saved))
+        loadAndSave(workspace.saved, workspace.source);
+    free_resources();
+    return 0;
+}
