@@ -1,0 +1,63 @@
+# The one face of the project for people; the build itself is CMake's (CMakePresets.json).
+
+SHELL := /bin/bash
+.DEFAULT_GOAL := help
+.NOTPARALLEL:
+
+# The spec file that `make run` opens: a name in .run/specs or a path.
+SPEC ?= engine_mapping
+# How long `make fuzz` stays with each target.
+FUZZ_SECONDS ?= 60
+# A window of the caller's own saves the packages for a virtual one.
+DISPLAY_PACKAGES := $(if $(DISPLAY)$(WAYLAND_DISPLAY),,display)
+
+install = @scripts/install-packages $(1)
+
+.PHONY: help run test bench fuzz asan lint clean
+
+help:
+	@echo 'make run    open an example in the editor, beside a demo platform (SPEC=NAME another)'
+	@echo 'make test   build and run the tests'
+	@echo 'make asan   the same with AddressSanitizer and UndefinedBehaviorSanitizer'
+	@echo 'make bench  measure how the time grows with the document'
+	@echo 'make fuzz   feed each fuzzer for FUZZ_SECONDS=$(FUZZ_SECONDS)'
+	@echo 'make lint   check the format and the habits of the sources'
+	@echo 'make clean  remove what was built'
+	@echo 'What a target needs and the machine lacks is installed first (Debian 12).'
+
+run:
+	$(call install,build $(DISPLAY_PACKAGES))
+	cmake --preset release
+	cmake --build --preset release --target scriboneditor marvane-desk
+	scripts/run-desk build/release '$(SPEC)'
+
+test:
+	$(call install,build display test)
+	cmake --preset release
+	cmake --build --preset release
+	ctest --preset release
+
+asan:
+	$(call install,build display test)
+	cmake --preset asan
+	cmake --build --preset asan
+	. scripts/sanitizer-options && ctest --preset asan
+
+bench:
+	$(call install,build)
+	cmake --preset release
+	cmake --build --preset release
+	scripts/run-benchmarks build/release
+
+fuzz:
+	$(call install,build fuzz)
+	cmake --preset fuzz
+	cmake --build --preset fuzz
+	. scripts/sanitizer-options && scripts/run-fuzzers build/fuzz $(FUZZ_SECONDS)
+
+lint:
+	$(call install,build fuzz lint)
+	scripts/lint
+
+clean:
+	rm -rf build
