@@ -7,35 +7,14 @@ extern "C" pANTLR3_UINT8 scribonspecsParserTokenNames[];
 
 namespace {
 
-std::string typeName(pANTLR3_BASE_TREE tree)
+std::string nodeTypeName(pANTLR3_BASE_TREE tree)
 {
-    const ANTLR3_UINT32 type = tree->getType(tree);
-    if (static_cast<int>(type) == -1)
+    const int type = static_cast<int>(tree->getType(tree));
+    if (type == -1)
         return "EOF";
     if (type == TOKEN_INVALID)
         return tree->isNilNode(tree) ? "NIL" : "ERROR";
-    return reinterpret_cast<const char*>(scribonspecsParserTokenNames[type]);
-}
-
-std::string escaped(const std::string& text)
-{
-    std::string result;
-    for (const char c : text) {
-        switch (c) {
-            case '\n':
-                result += "\\n";
-                break;
-            case '\r':
-                result += "\\r";
-                break;
-            case '\t':
-                result += "\\t";
-                break;
-            default:
-                result += c;
-        }
-    }
-    return result;
+    return typeName(type);
 }
 
 std::string nodeText(pANTLR3_BASE_TREE tree)
@@ -46,11 +25,11 @@ std::string nodeText(pANTLR3_BASE_TREE tree)
 
 std::string nodeLabel(pANTLR3_BASE_TREE tree)
 {
-    const std::string name = typeName(tree);
+    const std::string name = nodeTypeName(tree);
     const std::string text = nodeText(tree);
     if (name == "EOF" || name == "NIL" || text == name)
         return name;
-    return name + "(" + escaped(text) + ")";
+    return name + "(" + escapedText(text) + ")";
 }
 
 pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
@@ -74,5 +53,38 @@ std::string printChildren(pANTLR3_BASE_TREE root)
     std::string result;
     for (ANTLR3_UINT32 i = 0; i < root->getChildCount(root); ++i)
         result += printTree(childAt(root, i)) + "\n";
+    return result;
+}
+
+std::string printWholeTree(pANTLR3_BASE_TREE root)
+{
+    if (root == nullptr)
+        return {};
+    return root->isNilNode(root) ? printChildren(root) : printTree(root) + "\n";
+}
+
+std::string typeName(int type)
+{
+    return reinterpret_cast<const char*>(scribonspecsParserTokenNames[type]);
+}
+
+std::string escapedText(const std::string& text)
+{
+    std::string result;
+    for (const char c : text) {
+        switch (c) {
+            case '\n':
+                result += "\\n";
+                break;
+            case '\r':
+                result += "\\r";
+                break;
+            case '\t':
+                result += "\\t";
+                break;
+            default:
+                result += c;
+        }
+    }
     return result;
 }

@@ -1,0 +1,31 @@
+#include "loaded_text.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "editor_antlr3.h"
+#include "scribonspecs_state.h"
+#include "tree_printer.h"
+
+void resetParseState()
+{
+    ctab = 1;
+    ecm_init = 0;
+    und_mask = 0;
+    num = 0;
+}
+
+int loadText(const QByteArray& text)
+{
+    const QTemporaryDir dir;
+    QFile file(dir.filePath(QStringLiteral("spec")));
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+    file.close();
+    return read_file(QFile::encodeName(file.fileName()).constData());
+}
+
+QString loadedTree()
+{
+    return QString::fromLatin1(printWholeTree(getTree()).c_str());
+}
