@@ -1,0 +1,123 @@
+#include "editorundocommand.h"
+
+#include "treemodel.h"
+
+EditorUndoCommand::EditorUndoCommand(TreeModel* model, const QModelIndex& index,
+                                     const QString& text, const QString& redoText,
+                                     QUndoCommand* parent)
+    : QUndoCommand(parent),
+      m_model(model),
+      m_index(index),
+      m_row(0),
+      m_start_col(0),
+      m_end_col(0),
+      m_cmd(udata),
+      m_text(text),
+      m_redoText(redoText),
+      m_indexRow(index.row()),
+      m_indexColumn(index.column())
+{
+}
+
+EditorUndoCommand::EditorUndoCommand(TreeModel* model, const QModelIndex& index, int row,
+                                     int startCol, int endCol, ur_command cmd, QUndoCommand* parent)
+    : QUndoCommand(parent),
+      m_model(model),
+      m_index(index),
+      m_row(row),
+      m_start_col(startCol),
+      m_end_col(endCol),
+      m_cmd(cmd),
+      m_indexRow(index.row()),
+      m_indexColumn(index.column())
+{
+    if (m_cmd == uremoveRow && m_index.isValid())
+        m_redotext_lst = rowTexts();
+}
+
+void EditorUndoCommand::redo()
+{
+    findCell();
+    if (!m_index.isValid())
+        return;
+    switch (m_cmd) {
+        case udata:
+            if (!m_redoText.isEmpty())
+                m_model->setData(m_index, m_redoText, Qt::EditRole);
+            break;
+        case uaddRow:
+            addRow();
+            break;
+        case uremoveRow:
+            removeRow();
+            break;
+    }
+}
+
+void EditorUndoCommand::undo()
+{
+    if (m_cmd == uremoveRow) {
+        restoreRow();
+        return;
+    }
+    findCell();
+    if (!m_index.isValid())
+        return;
+    if (m_cmd == udata)
+        m_model->setData(m_index, m_text, Qt::EditRole);
+    else
+        takeAddedRow();
+}
+
+void EditorUndoCommand::findCell()
+{
+    if (!m_index.isValid())
+        m_index = m_model->index(m_indexRow, m_indexColumn);
+}
+
+// An unset cell and a column beyond the row give an empty text.
+QStringList EditorUndoCommand::rowTexts() const
+{
+    QStringList texts;
+    for (int column = m_start_col; column <= m_end_col; ++column)
+        texts.append(m_index.sibling(m_row, column).data(Qt::DisplayRole).toString());
+    return texts;
+}
+
+void EditorUndoCommand::setText(int column, const QString& text)
+{
+    m_model->setData(m_model->index(m_row, column, m_index.parent()), text, Qt::EditRole);
+}
+
+// A new cell holds a blank: a cell that never held a value takes no edits.
+void EditorUndoCommand::addRow()
+{
+    m_model->insertRows(m_row, 1, m_index.parent());
+    for (int column = m_start_col; column <= m_end_col; ++column)
+        setText(column, m_redotext_lst.value(column, QStringLiteral(" ")));
+}
+
+// The texts are appended to those of an earlier undo, so a later redo brings the row back as it was
+// at the first undo; the edits behind it have commands of their own.
+void EditorUndoCommand::takeAddedRow()
+{
+    m_redotext_lst += rowTexts();
+    m_model->removeRows(m_row, 1, m_index.parent());
+}
+
+void EditorUndoCommand::removeRow()
+{
+    m_text_lst = rowTexts();
+    s_index = m_index.sibling(m_row - 1, 0);
+    m_model->removeRows(m_row, 1, m_index.parent());
+}
+
+void EditorUndoCommand::restoreRow()
+{
+    if (m_redotext_lst.isEmpty() || !m_model->insertRows(m_row, 1, s_index.parent()))
+        return;
+    m_index = m_model->index(m_row, 0, s_index.parent());
+    const int columns = m_model->columnCount(m_index);
+    for (int column = m_start_col; column < columns; ++column)
+        setText(column, m_redotext_lst.value(column));
+}

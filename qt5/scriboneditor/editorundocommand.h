@@ -1,0 +1,54 @@
+// The one undo command: a cell's edit, a row's insertion or a row's removal. It performs the change
+// itself, through the model's public operations, and keeps texts only.
+#pragma once
+
+#include <QPersistentModelIndex>
+#include <QString>
+#include <QStringList>
+#include <QUndoCommand>
+
+class TreeModel;
+
+enum ur_command { udata = 0, uremoveRow = 1, uaddRow = 2 };
+
+class EditorUndoCommand : public QUndoCommand {
+public:
+    // The edit of a cell from text to redoText. An empty redoText is a step that changes nothing: a
+    // cell cannot be emptied by editing it.
+    EditorUndoCommand(TreeModel* model, const QModelIndex& index, const QString& text,
+                      const QString& redoText, QUndoCommand* parent = nullptr);
+
+    // A row action on row `row` (uaddRow with index in the row before the new one, uremoveRow with
+    // index in the row to remove), which keeps the texts of the columns startCol to endCol.
+    EditorUndoCommand(TreeModel* model, const QModelIndex& index, int row, int startCol, int endCol,
+                      ur_command cmd, QUndoCommand* parent = nullptr);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    void findCell();
+    QStringList rowTexts() const;
+    void setText(int column, const QString& text);
+    void addRow();
+    void takeAddedRow();
+    void removeRow();
+    void restoreRow();
+
+    TreeModel* m_model;  // not owned; outlives the stack's commands
+    QPersistentModelIndex m_index;
+    QPersistentModelIndex s_index;
+    int m_row;
+    int m_start_col;
+    int m_end_col;
+    ur_command m_cmd;
+    QString m_text;
+    QString m_redoText;
+    QStringList m_text_lst;
+    QStringList m_redotext_lst;
+
+    // Where m_index was made. The index dies with its row; the history of a tab is linear, so once
+    // the row is back its cell is found at the same place.
+    int m_indexRow;
+    int m_indexColumn;
+};

@@ -1,0 +1,163 @@
+#include "treeitem.h"
+
+#include <QString>
+#include <QUndoGroup>
+#include <QUndoStack>
+
+#include "editorundocommand.h"
+#include "mainwindow.h"
+
+namespace {
+
+bool contains(const QVector<QVariant>& cells, int column)
+{
+    return column >= 0 && column < cells.size();
+}
+
+}  // namespace
+
+TreeItem::TreeItem(const QVector<QVariant>& data, const QVector<QVariant>& errorCodeData,
+                   TreeItem* parent)
+    : itemData(data), ecData(errorCodeData), parentItem(parent)
+{
+}
+
+TreeItem::~TreeItem()
+{
+    qDeleteAll(childItems);
+}
+
+TreeItem* TreeItem::child(int number)
+{
+    return childItems.value(number);
+}
+
+QVariant TreeItem::data(int column) const
+{
+    return itemData.value(column);
+}
+
+QVariant TreeItem::errorCode(int column) const
+{
+    return ecData.value(column);
+}
+
+TreeItem* TreeItem::parent()
+{
+    return parentItem;
+}
+
+int TreeItem::childCount() const
+{
+    return childItems.size();
+}
+
+int TreeItem::columnCount() const
+{
+    return itemData.size();
+}
+
+int TreeItem::childNumber() const
+{
+    return parentItem == nullptr ? 0 : parentItem->childItems.indexOf(const_cast<TreeItem*>(this));
+}
+
+bool TreeItem::insertChildren(int position, int count, int columns)
+{
+    if (position < 0 || position > childItems.size())
+        return false;
+    const QVector<QVariant> cells(columns);
+    for (int i = 0; i < count; ++i)
+        childItems.insert(position, new TreeItem(cells, cells, this));
+    return true;
+}
+
+bool TreeItem::removeChildren(int position, int count)
+{
+    if (position < 0 || position + count > childItems.size())
+        return false;
+    for (int i = 0; i < count; ++i)
+        delete childItems.takeAt(position);
+    return true;
+}
+
+bool TreeItem::insertColumns(int position, int columns)
+{
+    if (position < 0 || position > itemData.size())
+        return false;
+    itemData.insert(position, columns, QVariant());
+    for (TreeItem* row : qAsConst(childItems))
+        row->insertColumns(position, columns);
+    return true;
+}
+
+bool TreeItem::removeColumns(int position, int columns)
+{
+    if (position < 0 || position + columns > itemData.size())
+        return false;
+    itemData.remove(position, columns);
+    for (TreeItem* row : qAsConst(childItems))
+        row->removeColumns(position, columns);
+    return true;
+}
+
+bool TreeItem::setData(int column, const QVariant& value)
+{
+    if (!contains(itemData, column))
+        return false;
+    itemData[column] = value;
+    return true;
+}
+
+bool TreeItem::setErrorCode(int column, const QVariant& value)
+{
+    if (!contains(ecData, column))
+        return false;
+    ecData[column] = value;
+    return true;
+}
+
+bool TreeItem::setData(TreeModel* /*model*/, const QModelIndex& index, const QVariant& value)
+{
+    const int column = index.column();
+    if (!contains(itemData, column) || !value.canConvert<QString>())
+        return false;
+    if (itemData.at(column).toString() == value.toString())
+        return false;
+    return setData(column, value);
+}
+
+bool TreeItem::undoredo_setData(TreeModel* model, const QModelIndex& index, const QVariant& value)
+{
+    const int column = index.column();
+    if (!contains(itemData, column))
+        return false;
+    if (!value.canConvert<QString>()) {
+        if (value.canConvert<pANTLR3_BASE_TREE>())
+            setData(column, value);
+        return true;
+    }
+    const QString before = itemData.at(column).toString();
+    const QString after = value.toString();
+    // A null string is a cell that no statement of the file has: it takes no edits.
+    if (before.isNull() || before == after)
+        return false;
+    EditorMainWindow->undoGroup->activeStack()->push(
+        new EditorUndoCommand(model, index, before, after));
+    return true;
+}
+
+void TreeItem::setDirty()
+{
+    dirty = true;
+}
+
+bool TreeItem::isDirty() const
+{
+    return dirty;
+}
+
+void TreeItem::clrDirty()
+{
+    dirty = false;
+}

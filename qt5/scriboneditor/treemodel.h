@@ -1,0 +1,128 @@
+// The item model of one tab: its rows, headers and validators, and the flags that tell whether the
+// rows differ from the file and must be validated again.
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QRegExp>
+#include <QRegExpValidator>
+#include <QStringList>
+#include <QUndoStack>
+#include <QVariant>
+#include <array>
+#include <memory>
+
+#include "editor_antlr3.h"
+
+class TreeItem;
+class QTextStream;
+
+// What a cell's text can be held against. A text passes when the validator answers Acceptable.
+enum VaidatorFormat {
+    Event_Name_VF,
+    RegName_VF,
+    FilePath_VF,
+    Descript_VF,
+    Interval_VF,
+    VarName_VF,
+    Integer_VF,
+    Yesno_VF,
+    Comment_VF,
+    Default_VF,
+    Scribonid_VF,
+    StatMem_VF,
+    ChannelName_VF,
+    ParameterName_VF,
+    ECMFilepath_VF,
+    VarName_dblq_VF,
+    VarName_sq_VF,
+    VALIDATOR_COUNT
+};
+
+// Columns of each tab, and five header slots a tab; a null slot is an empty header. Padding blanks
+// and line breaks give the columns their first width.
+constexpr int HEADER_SLOTS = 5;
+extern const std::array<int, TAB_COUNT> NumberOfColumns;
+extern const std::array<const char*, TAB_COUNT * HEADER_SLOTS> TableHeaders;
+
+class TreeModel : public QAbstractItemModel {
+    Q_OBJECT
+
+public:
+    // Loads the rows of tab `tab` (EDIT_TAB1 to EDIT_TAB5) from the tree, which is not needed any
+    // more afterwards; a null tree gives no rows. The model has one column for each header.
+    TreeModel(const QStringList& headers, pANTLR3_BASE_TREE tree, ANTLR3_UINT32 tab,
+              QObject* parent = nullptr);
+    ~TreeModel() override;
+
+    QModelIndex index(int row, int column,
+                      const QModelIndex& parent = QModelIndex()) const override;
+    QModelIndex parent(const QModelIndex& index) const override;
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation,
+                        int role = Qt::DisplayRole) const override;
+    bool setHeaderData(int section, Qt::Orientation orientation, const QVariant& value,
+                       int role = Qt::EditRole) override;
+
+    // Stores a text at once, past the undo stack: for the undo commands.
+    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+
+    // Stores a text through a command on the active undo stack: for edits by the user.
+    bool undoredo_setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole);
+
+    // Inserting rows leaves the document unmodified, removing them does not; the texts that follow
+    // an insertion do the rest.
+    bool insertRows(int position, int rows, const QModelIndex& parent = QModelIndex()) override;
+    bool removeRows(int position, int rows, const QModelIndex& parent = QModelIndex()) override;
+    bool insertColumns(int position, int columns,
+                       const QModelIndex& parent = QModelIndex()) override;
+    bool removeColumns(int position, int columns,
+                       const QModelIndex& parent = QModelIndex()) override;
+
+    // A cell's error code, an invalid variant before the first validation. Setting one sends no
+    // signal and changes no flag.
+    QVariant errorCode(const QModelIndex& index) const;
+    bool setErrorCode(const QModelIndex& index, const QVariant& value) const;
+
+    // Tells the views that the cell looks different now.
+    void m_dataChanged(const QModelIndex& index);
+
+    // Appends the rows as spec file text to the file (local 8-bit encoding). Silent when the file
+    // cannot be opened or written.
+    void dump_to_file(char* filename);
+
+    int getErrorCount() const;
+    void clearErrorCount();
+
+    // The rows differ from the file.
+    bool isModified() const;
+    void setModified();
+    void clrModified();
+
+    // The rows must be validated again.
+    bool isDirty() const;
+    void setDirty();
+
+private:
+    struct StatementItem;
+
+    void setupModelData(pANTLR3_BASE_TREE bTree, TreeItem* parent);
+    void addStatement(pANTLR3_BASE_TREE statement, TreeItem* parent);
+    void addKeywordRow(const QVector<StatementItem>& items, TreeItem* parent);
+    void addListRows(const QVector<StatementItem>& items, TreeItem* parent);
+    TreeItem* appendRow(TreeItem* parent);
+    TreeItem* getItem(const QModelIndex& index) const;
+    void markChanged();
+
+    std::unique_ptr<TreeItem> rootItem;
+    pANTLR3_BASE_TREE rootTree = nullptr;
+    ANTLR3_UINT32 tabIndexNumber;
+    bool modified = false;
+    bool dirty = false;
+    QUndoStack undoStack;
+    std::array<std::unique_ptr<QRegExp>, VALIDATOR_COUNT> regExpVF;
+    std::array<std::unique_ptr<QRegExpValidator>, VALIDATOR_COUNT> de_validator;
+    int errorCount = 0;
+};
