@@ -1,0 +1,654 @@
+#include "mainwindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QItemSelectionModel>
+#include <QMessageBox>
+#include <QStyledItemDelegate>
+#include <QTabWidget>
+#include <QTextStream>
+#include <QTreeView>
+#include <QUndoGroup>
+#include <QUndoStack>
+#include <algorithm>
+
+#include "antlr3_basetreedelegate.h"
+#include "editor_antlr3.h"
+#include "editorundocommand.h"
+#include "keywordhelp.h"
+#include "treemodel.h"
+
+MainWindow* EditorMainWindow = nullptr;
+int LoadingFile = 0;
+
+namespace {
+
+const auto SCRATCH_FILE = QStringLiteral("/tmp/untitled.txt");
+const auto SPEC_DIRECTORY = QStringLiteral("/specs");
+const auto SPEC_PREFIX = QStringLiteral("/specs/");
+const auto SPEC_FILTER = QStringLiteral("scrib*;;*");
+const auto NOTHING_LOADED = QStringLiteral("Empty File");
+
+constexpr int NEWS_MS = 2000;
+constexpr int FITTING_PASSES = 5;
+
+// The first entry is a keyword, and the blank at the end gives an empty last one.
+constexpr auto STATISTICS =
+    "LOG_DIGITAL_DESCP .AV .C0 .C1 .CI .CV .DL .E0 .E1 .EN .FV .I0 .I5 .I9 .IN .IT .IV .MD .ME .MN "
+    ".MX .NM .NR .QF .RA .RC .RM .RN .RS .SD .SE .ST .TN .TX ";
+
+// What New writes: every name in it is there to be replaced, and marked until it is.
+constexpr std::array<const char*, 10> NEW_FILE_BLOCKS{
+    "@SCRIBON\n<new_scribon>\n\n",         "@DESCRIPTION\n'This is a description of my test'\n\n",
+    "@GROUP\nmarvane_str_var\n\n",         "@MODE\nmarvane_str_var\n\n",
+    "@PROGRAM\nmarvane_str_var\n\n",       "@TEST_ID\nmarvane_str_var\n\n",
+    "@TEST_TYPE\nmarvane_str_var\n\n",     "@SCAN_INTERVAL\n1[sec]\n\n",
+    "@META_DATA\ndummy_pam dummy_var\n\n", "@SCAN_LIST\ndummy_var dummy_chan\n\n",
+};
+
+// What differs between the tabs. The columns that Insert Row fills and those whose texts Remove Row
+// keeps are not the same on the Meta Data tab; a column too many does no harm.
+struct TabFacts {
+    const char* text;
+    const char* pageTitle;
+    const char* toolTip;
+    int editTab;
+    const char* section;  // null on the tab that is no list
+    int insertEndColumn;
+    int removeEndColumn;
+};
+
+// clang-format off
+const std::array<TabFacts, TAB_COUNT> TABS{{
+    {QT_TRANSLATE_NOOP("MainWindow", "Keywords"), nullptr,
+     QT_TRANSLATE_NOOP("MainWindow", "Select Keywords "),
+     EDIT_TAB1, nullptr, 2, 2},
+    {QT_TRANSLATE_NOOP("MainWindow", "Scan List"), QT_TRANSLATE_NOOP("MainWindow", "Scanlist"),
+     QT_TRANSLATE_NOOP("MainWindow", "Add MarvaneVariables and Channel Keywords to Scanlist"),
+     EDIT_TAB2, "SCAN_LIST", 3, 3},
+    {QT_TRANSLATE_NOOP("MainWindow", "Meta Data List"), QT_TRANSLATE_NOOP("MainWindow", "Meta_Data"),
+     QT_TRANSLATE_NOOP("MainWindow", "Add PAM Keyword associated to Marvane Variable"),
+     EDIT_TAB3, "META_DATA", 2, 3},
+    {QT_TRANSLATE_NOOP("MainWindow", "Scan List Aux User"), QT_TRANSLATE_NOOP("MainWindow", "Scan List Aux User"),
+     QT_TRANSLATE_NOOP("MainWindow", "Add Auxilary Scan List Parameters"),
+     EDIT_TAB4, "SCAN_LIST_AUX_USER", 2, 2},
+    {QT_TRANSLATE_NOOP("MainWindow", "ECM List"), QT_TRANSLATE_NOOP("MainWindow", "ECM List"),
+     QT_TRANSLATE_NOOP("MainWindow", "Select Lists of Marvane Vaiables from ASAM Spec files"),
+     EDIT_TAB5, "ECM_LIST", 2, 2},
+}};
+// clang-format on
+
+const TabFacts& factsOf(int tab)
+{
+    return TABS[static_cast<size_t>(tab)];
+}
+
+bool isTab(int tab)
+{
+    return tab >= 0 && tab < TAB_COUNT;
+}
+
+QStringList headersOf(int tab)
+{
+    QStringList headers;
+    for (int column = 0; column < NumberOfColumns[static_cast<size_t>(tab)]; ++column) {
+        const char* const header = TableHeaders[static_cast<size_t>(tab * HEADER_SLOTS + column)];
+        headers.append(header == nullptr ? QString() : MainWindow::tr(header));
+    }
+    return headers;
+}
+
+// Opens a file for a look at whether it can be read. A pipe or a device is none to begin with, and
+// opening one could hang.
+bool canBeRead(const QString& fileName, QString* error)
+{
+    const QFileInfo info(fileName);
+    if (info.exists() && !info.isFile()) {
+        *error = MainWindow::tr("Not a regular file");
+        return false;
+    }
+    QFile file(fileName);
+    const bool opened = file.open(QIODevice::ReadOnly | QIODevice::Text);
+    *error = file.errorString();
+    return opened;
+}
+
+void writeNewFile(const QString& fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text | QIODevice::Truncate))
+        return;
+    QTextStream out(&file);
+    for (const char* const block : NEW_FILE_BLOCKS)
+        out << block;
+}
+
+void dropSelectionModel(QItemSelectionModel* selection)
+{
+    if (selection == nullptr)
+        return;
+    selection->disconnect();
+    delete selection;
+}
+
+}  // namespace
+
+// ---- Construction
+// --------------------------------------------------------------------------------
+
+MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
+{
+    setupUi(this);
+    EditorMainWindow = this;
+    undoGroup = new QUndoGroup(this);
+    makeUndoStacks();
+    makeUndoActions(2);
+    statMemList = QString::fromLatin1(STATISTICS).split(QLatin1Char(' '));
+    setupTables(this);
+    setupEditor(SCRATCH_FILE, false);
+    setupActions();
+    updateActions();
+    for (const KeywordHelp& help : KEYWORD_HELP)
+        hash.insert(QString::fromLatin1(help.keyword), QString::fromLatin1(help.text));
+}
+
+MainWindow::MainWindow(const QString& fileName, QWidget* parent) : QMainWindow(parent)
+{
+    undoGroup = new QUndoGroup(this);
+    setupUi(this);
+    makeUndoActions(1);
+    EditorMainWindow = this;
+    setupTables(this);
+    const bool loaded = setupEditor(fileName, false);
+    setupActions();
+    if (!loaded)
+        updateActions();
+}
+
+MainWindow::~MainWindow()
+{
+    free_resources();
+    if (EditorMainWindow == this)
+        EditorMainWindow = nullptr;
+}
+
+void MainWindow::makeUndoStacks()
+{
+    for (size_t tab = 0; tab < TAB_COUNT; ++tab) {
+        undoStacks[tab] = std::make_unique<QUndoStack>();
+        undoGroup->addStack(undoStacks[tab].get());
+    }
+}
+
+void MainWindow::makeUndoActions(int separators)
+{
+    undoAction = undoGroup->createUndoAction(this, tr("&Undo"));
+    undoAction->setShortcuts(QKeySequence::Undo);
+    redoAction = undoGroup->createRedoAction(this, tr("&Redo"));
+    redoAction->setShortcut(QKeySequence::Redo);
+    for (int i = 0; i < separators; ++i)
+        actionsMenu->addSeparator();
+    actionsMenu->addAction(undoAction);
+    actionsMenu->addAction(redoAction);
+}
+
+// The tab widget is wired before it has tabs: adding the first one makes its undo stack the active
+// one.
+void MainWindow::setupTables(QMainWindow* /*window*/)
+{
+    tabWidget = new QTabWidget(centralwidget);
+    tabWidget->setObjectName(QStringLiteral("tabWidget"));
+    connect(tabWidget, &QTabWidget::currentChanged, this, &MainWindow::currentTabChanged);
+    for (int tab = 0; tab < TAB_COUNT; ++tab)
+        setupView(tab);
+    centralwidget->layout()->addWidget(tabWidget);
+    for (int tab = 0; tab < TAB_COUNT; ++tab)
+        connect(view[static_cast<size_t>(tab)], &QWidget::customContextMenuRequested, this,
+                &MainWindow::ShowContextMenu);
+}
+
+void MainWindow::setupView(int tab)
+{
+    auto* const page = new QWidget;
+    page->setObjectName(QStringLiteral("tab%1").arg(tab));
+    auto* const layout = new QHBoxLayout(page);
+    layout->setObjectName(QStringLiteral("horizontalLayout%1").arg(tab));
+    layout->setSpacing(0);
+    layout->setContentsMargins(0, 0, 0, 0);
+
+    auto* const tree = new QTreeView(page);
+    tree->setObjectName(QStringLiteral("view%1").arg(tab));
+    tree->setAlternatingRowColors(true);
+    tree->setSelectionBehavior(QAbstractItemView::SelectItems);
+    tree->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    tree->setSortingEnabled(false);
+    tree->setAnimated(false);
+    tree->setAllColumnsShowFocus(true);
+    tree->setIndentation(5);
+    tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    tree->setContentsMargins(4, 10, 4, 10);
+    layout->addWidget(tree, 0, Qt::Alignment());
+    view[static_cast<size_t>(tab)] = tree;
+
+    const TabFacts& facts = factsOf(tab);
+    tabWidget->addTab(page, tr(facts.text));
+    if (facts.pageTitle != nullptr)
+        page->setWindowTitle(tr(facts.pageTitle));
+    tabWidget->setTabToolTip(tab, tr(facts.toolTip));
+}
+
+void MainWindow::setupActions()
+{
+    connect(exitAction, &QAction::triggered, qApp, &QCoreApplication::quit);
+    connect(actionsMenu, &QMenu::aboutToShow, this, &MainWindow::updateActions);
+    connect(insertRowAction, &QAction::triggered, this, &MainWindow::insertRow);
+    connect(removeRowAction, &QAction::triggered, this, &MainWindow::removeRow);
+    connect(actionSave, &QAction::triggered, this, &MainWindow::save);
+    connect(action_Open, &QAction::triggered, this, &MainWindow::open);
+    connect(actionexit, &QAction::triggered, this, &QWidget::close);
+    connect(action_New, &QAction::triggered, this, &MainWindow::newFile);
+    connect(actionSave_As, &QAction::triggered, this, &MainWindow::saveAs);
+    connect(undoAction, &QAction::triggered, this, &MainWindow::undo);
+    connect(redoAction, &QAction::triggered, this, &MainWindow::redo);
+}
+
+// ---- Loading
+// -------------------------------------------------------------------------------------
+
+void MainWindow::loadFile(const QString& fileName, bool newFile)
+{
+    QString tFileName = fileName;
+    QString error;
+    if (!newFile && !canBeRead(tFileName, &error)) {
+        if (!tFileName.contains(SPEC_PREFIX))
+            tFileName.prepend(SPEC_PREFIX);
+        if (!canBeRead(tFileName, &error)) {
+            QMessageBox::warning(this, tr("Scribon Specification Editor"),
+                                 tr("Cannot read file %1:\n%2.").arg(fileName, error));
+            return;
+        }
+    }
+    setCurrentFile(tFileName);
+    setupEditor(tFileName, newFile);
+    updateActions();
+    if (loadedFile)
+        statusBar()->showMessage(tr("File loaded"), NEWS_MS);
+}
+
+bool MainWindow::setupEditor(const QString& fileName, bool newFile)
+{
+    clearUndoStacks();
+    if (loadedFile)
+        releaseViews();
+    const int readResult = newFile ? 0 : read_file(fileName.toLocal8Bit().constData());
+    if (readResult != 0)
+        return refuseDocument(fileName, readResult);
+    showDocument(fileName);
+    return true;
+}
+
+void MainWindow::clearUndoStacks()
+{
+    for (const auto& stack : undoStacks) {
+        if (stack != nullptr)
+            stack->clear();
+    }
+}
+
+// The delegate goes with the models; the selection model would follow them half.
+void MainWindow::releaseViews()
+{
+    for (size_t tab = 0; tab < TAB_COUNT; ++tab) {
+        delegates[tab].reset();
+        dropSelectionModel(view[tab]->selectionModel());
+    }
+}
+
+void MainWindow::showDocument(const QString& fileName)
+{
+    setCurrentFile(fileName);
+    std::array<std::unique_ptr<TreeModel>, TAB_COUNT> made;
+    for (int tab = 0; tab < TAB_COUNT; ++tab)
+        made[static_cast<size_t>(tab)] = std::make_unique<TreeModel>(
+            headersOf(tab), getTree(), static_cast<ANTLR3_UINT32>(factsOf(tab).editTab), nullptr);
+    for (int tab = 0; tab < TAB_COUNT; ++tab)
+        showModel(tab, std::move(made[static_cast<size_t>(tab)]));
+    for (int tab = 0; tab < TAB_COUNT; ++tab)
+        arrangeView(tab);
+    loadedFile = true;
+    for (int tab = 0; tab < TAB_COUNT; ++tab)
+        modelOf(tab)->setDirty();
+}
+
+// The old model goes last: the view and its selection still speak to it while they change over.
+void MainWindow::showModel(int tab, std::unique_ptr<TreeModel> model)
+{
+    const auto slot = static_cast<size_t>(tab);
+    setDelegate(tab, std::make_unique<Antlr3_BaseTreeDelegate>());
+    view[slot]->setEditTriggers(QAbstractItemView::DoubleClicked |
+                                QAbstractItemView::EditKeyPressed);
+    QItemSelectionModel* const before = view[slot]->selectionModel();
+    view[slot]->setModel(model.get());
+    dropSelectionModel(before);
+    models[slot] = std::move(model);
+}
+
+// Row 0 of a list tab is the section's keyword, which the user neither sees nor edits, and so is
+// column 0.
+void MainWindow::arrangeView(int tab)
+{
+    QTreeView* const tree = view[static_cast<size_t>(tab)];
+    tree->setRootIsDecorated(false);
+    const bool list = factsOf(tab).section != nullptr;
+    if (list)
+        tree->setRowHidden(0, QModelIndex(), true);
+    tree->setColumnHidden(list ? 0 : 3, true);
+    fitColumns(tab);
+    connect(tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &MainWindow::updateActions);
+}
+
+// The title is the only report. Views that showed a document keep its models.
+bool MainWindow::refuseDocument(const QString& fileName, int readResult)
+{
+    const QString title = readResult == -2
+                              ? QStringLiteral("Invalid scribon_specs file: ") + fileName
+                              : NOTHING_LOADED;
+    setCurrentFile(title);
+    if (loadedFile) {
+        for (int tab = 0; tab < TAB_COUNT; ++tab)
+            makeViewHarmless(tab);
+    }
+    loadedFile = false;
+    return false;
+}
+
+// A view without a delegate or a selection model fails when it paints. The toolkit's own delegate
+// would open editors that write past the undo stack, so nothing starts one.
+void MainWindow::makeViewHarmless(int tab)
+{
+    QTreeView* const tree = view[static_cast<size_t>(tab)];
+    tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setDelegate(tab, std::make_unique<QStyledItemDelegate>());
+    tree->setSelectionModel(new QItemSelectionModel(tree->model(), tree));
+}
+
+void MainWindow::setDelegate(int tab, std::unique_ptr<QAbstractItemDelegate> delegate)
+{
+    const auto slot = static_cast<size_t>(tab);
+    view[slot]->setItemDelegate(delegate.get());
+    delegates[slot] = std::move(delegate);
+}
+
+void MainWindow::setCurrentFile(const QString& fileName)
+{
+    const QString title = tr("Scribon Specification Editor:");
+    curFile = fileName;
+    setWindowModified(false);
+    setWindowFilePath(curFile.isEmpty() ? QStringLiteral("untitled.txt") : curFile);
+    setWindowTitle(title + fileName);
+}
+
+void MainWindow::fitColumns(int tab)
+{
+    QTreeView* const tree = view[static_cast<size_t>(tab)];
+    if (tree->model() == nullptr)
+        return;
+    for (int column = 0; column < tree->model()->columnCount(); ++column)
+        tree->resizeColumnToContents(column);
+}
+
+// A column's width depends on rows that the one before made visible: after a few passes all are
+// right.
+void MainWindow::fitColumnsRepeatedly()
+{
+    for (int pass = 0; pass < FITTING_PASSES; ++pass) {
+        for (int tab = 0; tab < TAB_COUNT; ++tab)
+            fitColumns(tab);
+    }
+}
+
+void MainWindow::loadChosenFile(const QString& fileName)
+{
+    LoadingFile = 1;
+    loadFile(fileName, false);
+    LoadingFile = 0;
+}
+
+void MainWindow::newFile()
+{
+    if (!maybeSave())
+        return;
+    const QString fileName =
+        QFileDialog::getSaveFileName(this, tr("New File"), SPEC_DIRECTORY, SPEC_FILTER);
+    if (fileName.isEmpty())
+        return;
+    writeNewFile(fileName);
+    loadChosenFile(fileName);
+    fitColumnsRepeatedly();
+}
+
+void MainWindow::open()
+{
+    if (!maybeSave())
+        return;
+    const QString fileName =
+        QFileDialog::getOpenFileName(this, tr("Open File"), SPEC_DIRECTORY, SPEC_FILTER);
+    if (fileName.isEmpty())
+        return;
+    loadChosenFile(fileName);
+    if (loadedFile)
+        fitColumnsRepeatedly();
+}
+
+// ---- Saving
+// --------------------------------------------------------------------------------------
+
+bool MainWindow::save()
+{
+    if (curFile.isEmpty())
+        return saveAs();
+    return curFile != NOTHING_LOADED && saveFile(curFile);
+}
+
+bool MainWindow::saveAs()
+{
+    if (!loadedFile) {
+        QMessageBox::warning(this, tr("Scribon Specifications Editor"),
+                             tr("Nothing Loaded cannot save empty file."));
+        return false;
+    }
+    QFileDialog dialog(this);
+    dialog.setWindowModality(Qt::WindowModal);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    return saveFile(dialog.selectedFiles().first());
+}
+
+// In place: the file is emptied and each tab appends its rows. A disk that fills up on the way is
+// not noticed; the document stays as it is and can be saved elsewhere.
+bool MainWindow::saveFile(const QString& fileName)
+{
+    const QString title = tr("Scribon Specifications Editor");
+    QFile file(fileName);
+    if (!loadedFile) {
+        QMessageBox::warning(
+            this, title,
+            tr("Nothing Loaded cannot save file %1:\n%2.").arg(fileName, file.errorString()));
+        return false;
+    }
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
+        QMessageBox::warning(this, title,
+                             tr("Cannot write file %1:\n%2.").arg(fileName, file.errorString()));
+        return false;
+    }
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    isModified = false;
+    QByteArray localName = fileName.toLocal8Bit();
+    for (int tab = 0; tab < TAB_COUNT; ++tab)
+        modelOf(tab)->clrModified();
+    for (int tab = 0; tab < TAB_COUNT; ++tab)
+        modelOf(tab)->dump_to_file(localName.data());
+    QApplication::restoreOverrideCursor();
+    setCurrentFile(fileName);
+    statusBar()->showMessage(tr("File saved"), NEWS_MS);
+    return true;
+}
+
+bool MainWindow::hasUnsavedWork() const
+{
+    if (!loadedFile)
+        return isModified;
+    const auto modified = [](const auto& model) { return model != nullptr && model->isModified(); };
+    return isModified || std::any_of(models.begin(), models.end(), modified);
+}
+
+bool MainWindow::maybeSave()
+{
+    if (!hasUnsavedWork())
+        return true;
+    const auto answer =
+        QMessageBox::warning(this, tr("Scribon Specifications Editor"),
+                             tr("The file has been modified.\nDo you want to save your chanages?"),
+                             QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+    if (answer == QMessageBox::Save)
+        return save();
+    return answer != QMessageBox::Cancel;
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (!maybeSave()) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    free_resources();
+}
+
+// ---- Tabs and rows
+// -------------------------------------------------------------------------------
+
+int MainWindow::currentTab() const
+{
+    return tabWidget->currentIndex();
+}
+
+TreeModel* MainWindow::modelOf(int tab) const
+{
+    return models[static_cast<size_t>(tab)].get();
+}
+
+void MainWindow::updateActions()
+{
+    const bool hasCurrent = loadedFile && isTab(currentTab());
+    const bool hasSelection =
+        hasCurrent &&
+        !view[static_cast<size_t>(currentTab())]->selectionModel()->selection().isEmpty();
+    removeRowAction->setEnabled(hasSelection);
+    removeColumnAction->setEnabled(hasSelection);
+    insertRowAction->setEnabled(hasCurrent);
+    insertColumnAction->setEnabled(hasCurrent);
+    if (hasCurrent)
+        view[0]->closePersistentEditor(view[0]->currentIndex());
+}
+
+void MainWindow::currentTabChanged(int tabIndex)
+{
+    const QList<QUndoStack*> stacks = undoGroup->stacks();
+    if (tabIndex >= 0 && tabIndex < stacks.size())
+        undoGroup->setActiveStack(stacks.at(tabIndex));
+}
+
+// The point is one of a view, yet taken as the window's own: the menu opens displaced by the view's
+// place in the window, where users have learned to find it.
+void MainWindow::ShowContextMenu(const QPoint& pos)
+{
+    actionsMenu->exec(mapToGlobal(pos));
+}
+
+void MainWindow::setFirstColumnSpanned(int tabIndex, int row, const QModelIndex& index, bool bVal)
+{
+    if (!isTab(tabIndex))
+        return;
+    QTreeView* const tree = view[static_cast<size_t>(tabIndex)];
+    if (tree->isFirstColumnSpanned(row, index) != bVal)
+        tree->setFirstColumnSpanned(row, index, bVal);
+}
+
+void MainWindow::insertRow()
+{
+    const int tab = currentTab();
+    TreeModel* const model = isTab(tab) ? modelOf(tab) : nullptr;
+    if (model == nullptr || undoGroup->activeStack() == nullptr)
+        return;
+    QTreeView* const tree = view[static_cast<size_t>(tab)];
+    QModelIndex index = tree->currentIndex().siblingAtColumn(0);
+    if (!index.isValid())
+        index = model->index(0, 0);
+    const int newRowNumber = index.row() + 1;
+    undoGroup->activeStack()->push(new EditorUndoCommand(model, index, newRowNumber, 0,
+                                                         factsOf(tab).insertEndColumn, uaddRow));
+    updateActions();
+    const QModelIndex newRow = model->index(newRowNumber, 0);
+    tree->selectionModel()->setCurrentIndex(newRow, QItemSelectionModel::ClearAndSelect);
+    tree->edit(newRow);
+    model->setDirty();
+}
+
+// What may not go: a required keyword, and on a list tab the section's own row, which is also what
+// no current row stands for. The name is told in lower case, without its "@".
+bool MainWindow::refusesRemoval(int tab, const QModelIndex& index, QString* keyword) const
+{
+    if (factsOf(tab).section != nullptr) {
+        *keyword = QString::fromLatin1(factsOf(tab).section).toLower();
+        return index.row() < 1;
+    }
+    QString text = index.siblingAtColumn(0).data(Qt::DisplayRole).toString();
+    const QByteArray bytes = text.toLocal8Bit();
+    if (text.startsWith(QLatin1Char('@')))
+        text.remove(0, 1);
+    *keyword = text.toLower();
+    return appGrammerRequired(bytes.constData(), static_cast<size_t>(bytes.size()));
+}
+
+void MainWindow::removeRow()
+{
+    const int tab = currentTab();
+    TreeModel* const model = isTab(tab) ? modelOf(tab) : nullptr;
+    if (model == nullptr || undoGroup->activeStack() == nullptr)
+        return;
+    const QModelIndex index = view[static_cast<size_t>(tab)]->currentIndex();
+    QString keyword;
+    if (refusesRemoval(tab, index, &keyword)) {
+        statusBar()->showMessage(tr("Unable to remove a required keyword  (%1)").arg(keyword));
+        return;
+    }
+    if (!index.isValid())
+        return;
+    undoGroup->activeStack()->push(new EditorUndoCommand(model, index, index.row(), 0,
+                                                         factsOf(tab).removeEndColumn, uremoveRow));
+    updateActions();
+}
+
+QUndoStack* MainWindow::uStack()
+{
+    return undoGroup->activeStack();
+}
+
+// The actions of the undo group do the work themselves.
+void MainWindow::undo() {}
+
+void MainWindow::redo() {}
+
+void MainWindow::documentWasModified()
+{
+    setWindowModified(false);
+}
+
+void MainWindow::delayedInit() {}

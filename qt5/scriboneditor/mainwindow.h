@@ -1,0 +1,122 @@
+// The one window: the document's life from a file name to five tabs and back, the tabs, and the
+// actions on their rows.
+#pragma once
+
+#include <QHash>
+#include <QMainWindow>
+#include <QModelIndex>
+#include <QPoint>
+#include <QString>
+#include <QStringList>
+#include <array>
+#include <memory>
+
+#include "editor_types.h"
+#include "preference_results.h"
+#include "ui_mainwindow.h"
+
+class QAbstractItemDelegate;
+class QCloseEvent;
+class QTabWidget;
+class QTreeView;
+class QUndoGroup;
+class QUndoStack;
+class TreeModel;
+
+class MainWindow : public QMainWindow, private Ui::MainWindow {
+    Q_OBJECT
+
+public:
+    explicit MainWindow(QWidget* parent = nullptr);
+
+    // A window on one file without the scratch file, the undo stacks and the keyword help; the
+    // program itself uses the other form.
+    MainWindow(const QString& fileName, QWidget* parent);
+    ~MainWindow() override;
+
+    // Opens the document, which replaces the one on screen; newFile leaves the last parse in place.
+    // A name that cannot be opened is tried once more below "/specs/". A file that cannot be read
+    // is told in a box and leaves the document as it was; one that is no spec file is told in the
+    // title, and nothing is loaded then.
+    void loadFile(const QString& fileName, bool newFile);
+
+    // Spans column 0 of a row over all columns, or ends that.
+    void setFirstColumnSpanned(int tabIndex, int row, const QModelIndex& index, bool bVal);
+
+    QFont editorFont() const { return myPrefs.editorFont; }
+    QFont syntaxFont() const { return myPrefs.syntaxFont; }
+    QColor syntaxColor() const { return myPrefs.syntaxColor; }
+    QStringList StatMemList() const { return statMemList; }
+    QHash<QString, QString> keywordHelp() const { return hash; }
+
+    // Reached by models, delegates and dialogs through EditorMainWindow.
+    QUndoGroup* undoGroup = nullptr;
+    preference_results myPrefs;
+    QHash<QString, QString> hash;  // keyword in lower case without its "@" to its help
+    QStringList statMemList;       // what may stand for a statistic, with an empty last entry
+
+public slots:
+    void updateActions();
+    QUndoStack* uStack();
+    void ShowContextMenu(const QPoint& pos);
+    void delayedInit();
+    void insertRow();
+    void removeRow();
+    void newFile();
+    void open();
+    bool save();
+    bool saveAs();
+    void documentWasModified();
+    void undo();
+    void redo();
+    void currentTabChanged(int tabIndex);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void makeUndoStacks();
+    void makeUndoActions(int separators);
+    void setupTables(QMainWindow* window);
+    void setupView(int tab);
+    void setupActions();
+
+    bool setupEditor(const QString& fileName, bool newFile);
+    void clearUndoStacks();
+    void releaseViews();
+    void showDocument(const QString& fileName);
+    void showModel(int tab, std::unique_ptr<TreeModel> model);
+    void arrangeView(int tab);
+    bool refuseDocument(const QString& fileName, int readResult);
+    void makeViewHarmless(int tab);
+    void setDelegate(int tab, std::unique_ptr<QAbstractItemDelegate> delegate);
+    void setCurrentFile(const QString& fileName);
+    void loadChosenFile(const QString& fileName);
+    void fitColumns(int tab);
+    void fitColumnsRepeatedly();
+
+    bool saveFile(const QString& fileName);
+    bool maybeSave();
+    bool hasUnsavedWork() const;
+
+    int currentTab() const;
+    TreeModel* modelOf(int tab) const;
+    bool refusesRemoval(int tab, const QModelIndex& index, QString* keyword) const;
+
+    QAction* undoAction = nullptr;
+    QAction* redoAction = nullptr;
+    QString curFile;          // after a failed load, what the title says
+    bool isModified = false;  // the models' own flags tell of changes
+    bool loadedFile = false;
+    std::array<std::unique_ptr<TreeModel>, TAB_SLOTS> models;
+    std::array<std::unique_ptr<QAbstractItemDelegate>, TAB_SLOTS> delegates;
+    std::array<QTreeView*, TAB_SLOTS> view{};
+    QTabWidget* tabWidget = nullptr;
+    std::array<std::unique_ptr<QUndoStack>, TAB_SLOTS> undoStacks;
+};
+
+// The one main window; null before it is built.
+extern MainWindow* EditorMainWindow;
+
+// Nonzero while New or Open loads a file: no cell is drawn or judged from a half-built model.
+extern int LoadingFile;

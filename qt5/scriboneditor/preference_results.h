@@ -1,0 +1,15 @@
+// The user's choice of fonts and of the colour that marks a wrong cell.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+
+struct preference_results {
+    QColor syntaxColor;
+    QFont editorFont;
+    QFont syntaxFont;
+    bool syntaxBold = false;
+    bool syntaxItalic = false;
+    int syntaxFontSize = 0;
+    int editorFontSize = 0;
+};
