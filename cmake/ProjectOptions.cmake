@@ -42,8 +42,10 @@ if(SCRIBON_WERROR)
   target_compile_options(scribon_warnings INTERFACE -Werror)
 endif()
 
+# The runtime of the recognizers has members with the names of the toolkit's keyword macros.
 # The toolkit's assertions are part of the behaviour, in release builds too; implicit
 # conversions between bytes and text are not, since they hide which encoding is meant.
 add_library(scribon_qt_options INTERFACE)
 target_compile_definitions(scribon_qt_options INTERFACE
-  QT_FORCE_ASSERTS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
+  QT_FORCE_ASSERTS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+  QT_NO_KEYWORDS)

@@ -55,7 +55,7 @@ public:
     QHash<QString, QString> hash;  // keyword in lower case without its "@" to its help
     QStringList statMemList;       // what may stand for a statistic, with an empty last entry
 
-public slots:
+public Q_SLOTS:
     void updateActions();
     QUndoStack* uStack();
     void ShowContextMenu(const QPoint& pos);
