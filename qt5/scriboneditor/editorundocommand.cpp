@@ -109,13 +109,14 @@ void EditorUndoCommand::removeRow()
 {
     m_text_lst = rowTexts();
     s_index = m_index.sibling(m_row - 1, 0);
-    m_model->removeRows(m_row, 1, m_index.parent());
+    m_removed = m_model->removeRows(m_row, 1, m_index.parent());
 }
 
 void EditorUndoCommand::restoreRow()
 {
-    if (m_redotext_lst.isEmpty() || !m_model->insertRows(m_row, 1, s_index.parent()))
+    if (!m_removed)
         return;
+    m_model->insertRows(m_row, 1, s_index.parent());
     m_index = m_model->index(m_row, 0, s_index.parent());
     const int columns = m_model->columnCount(m_index);
     for (int column = m_start_col; column < columns; ++column)

@@ -51,4 +51,6 @@ private:
     // the row is back its cell is found at the same place.
     int m_indexRow;
     int m_indexColumn;
+
+    bool m_removed = false;  // redo found the row to remove, so undo has one to bring back
 };

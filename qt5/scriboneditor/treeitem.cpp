@@ -74,7 +74,7 @@ bool TreeItem::insertChildren(int position, int count, int columns)
 
 bool TreeItem::removeChildren(int position, int count)
 {
-    if (position < 0 || position + count > childItems.size())
+    if (position < 0 || count > childItems.size() - position)
         return false;
     for (int i = 0; i < count; ++i)
         delete childItems.takeAt(position);
@@ -85,7 +85,7 @@ bool TreeItem::insertColumns(int position, int columns)
 {
     if (position < 0 || position > itemData.size())
         return false;
-    itemData.insert(position, columns, QVariant());
+    itemData.insert(position, qMax(columns, 0), QVariant());
     for (TreeItem* row : qAsConst(childItems))
         row->insertColumns(position, columns);
     return true;
@@ -93,9 +93,10 @@ bool TreeItem::insertColumns(int position, int columns)
 
 bool TreeItem::removeColumns(int position, int columns)
 {
-    if (position < 0 || position + columns > itemData.size())
+    if (position < 0 || columns > itemData.size() - position)
         return false;
-    itemData.remove(position, columns);
+    if (columns > 0)
+        itemData.remove(position, columns);
     for (TreeItem* row : qAsConst(childItems))
         row->removeColumns(position, columns);
     return true;
@@ -142,8 +143,10 @@ bool TreeItem::undoredo_setData(TreeModel* model, const QModelIndex& index, cons
     // A null string is a cell that no statement of the file has: it takes no edits.
     if (before.isNull() || before == after)
         return false;
-    EditorMainWindow->undoGroup->activeStack()->push(
-        new EditorUndoCommand(model, index, before, after));
+    QUndoStack* const undoStack = EditorMainWindow->undoGroup->activeStack();
+    if (undoStack == nullptr)
+        return false;
+    undoStack->push(new EditorUndoCommand(model, index, before, after));
     return true;
 }
 

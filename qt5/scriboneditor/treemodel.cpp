@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QTextStream>
 #include <QtGlobal>
+#include <vector>
 
 #include "mainwindow.h"
 #include "treeitem.h"
@@ -32,11 +33,9 @@ const std::array<const char*, TAB_COUNT * HEADER_SLOTS> TableHeaders{
     QT_TRANSLATE_NOOP("MainWindow", "ASAM Specs Path   "), nullptr, nullptr,
 };
 
-namespace {
-
-// By VaidatorFormat. Some are wider than they look, such as the range "_-(" that stands for all
-// characters from the bracket to the underscore: existing files rely on that.
-constexpr std::array<const char*, VALIDATOR_COUNT> PATTERNS{
+// Some are wider than they look, such as the range "_-(" of VarName_VF, which stands for all
+// characters from the bracket to the underscore: files in use rely on that.
+const std::array<const char*, VALIDATOR_COUNT> ValidatorPatterns{
     R"x(^([A-Za-z_0-9][A-Za-z_0-9]?){1,31})x",
     R"x(^[A-Za-z_]([A-Za-z_0-9]*){1,31})x",
     R"x(^\/(([A-Za-z_0-9.])+\/?)+)x",
@@ -57,11 +56,16 @@ constexpr std::array<const char*, VALIDATOR_COUNT> PATTERNS{
 };
 // clang-format on
 
-constexpr auto FILLER = QLatin1String("FILLER_TXT");
+namespace {
 
-pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
+bool isInsertion(int position, int count, int size)
 {
-    return static_cast<pANTLR3_BASE_TREE>(tree->getChild(tree, index));
+    return count > 0 && position >= 0 && position <= size;
+}
+
+bool isRemoval(int position, int count, int size)
+{
+    return count > 0 && position >= 0 && count <= size - position;
 }
 
 }  // namespace
@@ -78,8 +82,8 @@ TreeModel::TreeModel(const QStringList& headers, pANTLR3_BASE_TREE tree, ANTLR3_
         rootData.append(header);
     setObjectName(QStringLiteral("Model%1").arg(tab));
     rootItem = std::make_unique<TreeItem>(rootData, QVector<QVariant>());
-    for (size_t i = 0; i < PATTERNS.size(); ++i) {
-        regExpVF[i] = std::make_unique<QRegExp>(QString::fromLatin1(PATTERNS[i]));
+    for (size_t i = 0; i < ValidatorPatterns.size(); ++i) {
+        regExpVF[i] = std::make_unique<QRegExp>(QString::fromLatin1(ValidatorPatterns[i]));
         de_validator[i] = std::make_unique<QRegExpValidator>(*regExpVF[i]);
     }
     setupModelData(tree, rootItem.get());
@@ -158,7 +162,7 @@ bool TreeModel::setHeaderData(int section, Qt::Orientation orientation, const QV
         return false;
     const bool stored = rootItem->setData(section, value);
     if (stored)
-        emit headerDataChanged(orientation, section, section);
+        Q_EMIT headerDataChanged(orientation, section, section);
     return stored;
 }
 
@@ -194,29 +198,32 @@ bool TreeModel::undoredo_setData(const QModelIndex& index, const QVariant& value
 
 void TreeModel::m_dataChanged(const QModelIndex& index)
 {
-    emit dataChanged(index, index);
+    Q_EMIT dataChanged(index, index);
 }
 
-// The views must not hear of a change that does not fit in, so the ranges are looked at here too.
+// The views hear only of what really changes: a range that does not fit in is refused by the rows,
+// and an empty one changes nothing.
 bool TreeModel::insertRows(int position, int rows, const QModelIndex& parent)
 {
     TreeItem* const parentItem = getItem(parent);
-    if (rows <= 0 || position < 0 || position > parentItem->childCount())
-        return parentItem->insertChildren(position, 0, 0) && rows <= 0;
-    beginInsertRows(parent, position, position + rows - 1);
+    const bool changes = isInsertion(position, rows, parentItem->childCount());
+    if (changes)
+        beginInsertRows(parent, position, position + rows - 1);
     const bool inserted = parentItem->insertChildren(position, rows, rootItem->columnCount());
-    endInsertRows();
+    if (changes)
+        endInsertRows();
     return inserted;
 }
 
 bool TreeModel::removeRows(int position, int rows, const QModelIndex& parent)
 {
     TreeItem* const parentItem = getItem(parent);
-    if (rows <= 0 || position < 0 || position + rows > parentItem->childCount())
-        return false;
-    beginRemoveRows(parent, position, position + rows - 1);
+    const bool changes = isRemoval(position, rows, parentItem->childCount());
+    if (changes)
+        beginRemoveRows(parent, position, position + rows - 1);
     const bool removed = parentItem->removeChildren(position, rows);
-    endRemoveRows();
+    if (changes)
+        endRemoveRows();
     if (removed)
         markChanged();
     return removed;
@@ -224,23 +231,26 @@ bool TreeModel::removeRows(int position, int rows, const QModelIndex& parent)
 
 bool TreeModel::insertColumns(int position, int columns, const QModelIndex& parent)
 {
-    if (columns <= 0 || position < 0 || position > rootItem->columnCount())
-        return false;
-    beginInsertColumns(parent, position, position + columns - 1);
+    const bool changes = isInsertion(position, columns, rootItem->columnCount());
+    if (changes)
+        beginInsertColumns(parent, position, position + columns - 1);
     const bool inserted = rootItem->insertColumns(position, columns);
-    endInsertColumns();
+    if (changes)
+        endInsertColumns();
     if (inserted)
         markChanged();
     return inserted;
 }
 
+// A row without columns is no row, so the last column takes the rows with it.
 bool TreeModel::removeColumns(int position, int columns, const QModelIndex& parent)
 {
-    if (columns <= 0 || position < 0 || position + columns > rootItem->columnCount())
-        return false;
-    beginRemoveColumns(parent, position, position + columns - 1);
+    const bool changes = isRemoval(position, columns, rootItem->columnCount());
+    if (changes)
+        beginRemoveColumns(parent, position, position + columns - 1);
     const bool removed = rootItem->removeColumns(position, columns);
-    endRemoveColumns();
+    if (changes)
+        endRemoveColumns();
     if (rootItem->columnCount() == 0)
         removeRows(0, rowCount());
     return removed;
@@ -294,64 +304,134 @@ void TreeModel::setDirty()
 // ---- Loading
 // -------------------------------------------------------------------------------------
 
-// A node of a statement that becomes a cell: its kind and its text.
-struct TreeModel::StatementItem {
-    int editor;
-    QString text;
-};
-
 namespace {
 
 constexpr int DEEPEST_LEVEL = 4;
 
-// The text of a node, in the encoding that writing uses; a null string for one without text and
-// for a line end, which never becomes a cell.
+// A node of a statement that becomes a cell: what it is and its text.
+struct StatementItem {
+    int editor;
+    QString text;
+};
+using StatementItems = std::vector<StatementItem>;
+
+pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
+{
+    return static_cast<pANTLR3_BASE_TREE>(tree->getChild(tree, index));
+}
+
+// The text of a node, null for a line end, which never becomes a cell. Saving writes in the local
+// encoding, so that is what reading takes. All of the text counts, zero bytes too: cut at one, a
+// quoted text would lose its closing quote and, once saved, swallow the file behind it.
 QString nodeText(pANTLR3_BASE_TREE node)
 {
     const pANTLR3_STRING text = node->toString(node);
     if (text == nullptr || text->chars == nullptr || text->chars[0] == '\n')
         return {};
-    const QString result = QString::fromLocal8Bit(reinterpret_cast<const char*>(text->chars));
-    return result.isNull() ? QString(QLatin1String("")) : result;
+    return QString::fromLocal8Bit(reinterpret_cast<const char*>(text->chars),
+                                  static_cast<int>(text->len));
 }
 
-// Keeps the texts of the nodes below `tree`, left to right, a node before its children. Texts of
-// the deepest level keep their blanks, and what lies below it is nobody's cell.
-template <typename Item>
-void gather(pANTLR3_BASE_TREE tree, int level, QVector<Item>* items)
+// Collects what becomes a cell below `tree`, left to right, a node before its children. The texts
+// of the deepest level keep their blanks, and what lies below it is nobody's cell.
+void gather(pANTLR3_BASE_TREE tree, int level, StatementItems* items)
 {
     const ANTLR3_UINT32 count = tree->getChildCount(tree);
     for (ANTLR3_UINT32 i = 0; i < count; ++i) {
         const pANTLR3_BASE_TREE node = childAt(tree, i);
         const QString text = nodeText(node);
         if (!text.isNull())
-            items->append(Item{appGrammerTypeToEditorTypeOrig(node),
-                               level < DEEPEST_LEVEL ? text.trimmed() : text});
+            items->push_back({appGrammerTypeToEditorTypeOrig(node),
+                              level < DEEPEST_LEVEL ? text.trimmed() : text});
         if (level < DEEPEST_LEVEL)
             gather(node, level + 1, items);
     }
 }
 
-bool isPlain(int editor)
+// A statement tells its tab by its first child.
+bool belongsToTab(pANTLR3_BASE_TREE statement, ANTLR3_UINT32 tab)
 {
-    return editor == TEXT_BLOCK || editor == FILLER_DATA;
+    if (statement->getChildCount(statement) == 0)
+        return false;
+    const pANTLR3_BASE_TREE marker = childAt(statement, 0);
+    return marker->getType(marker) == tab;
 }
 
-// The column that an item of a list entry lands in, by its kind and its slot within the entry; -1
-// for one that only uses up its slot.
-int listColumn(int editor, int position, bool scanList)
+bool isListTab(ANTLR3_UINT32 tab)
 {
-    if (editor == COMMENT_LINE || (isPlain(editor) && position == 0))
+    return tab >= EDIT_TAB2 && tab <= EDIT_TAB5;
+}
+
+// Makes the rows of one tab from its statements.
+class RowBuilder {
+public:
+    // The rows become children of parent.
+    RowBuilder(TreeItem* parent, int columns, ANTLR3_UINT32 tab)
+        : m_parent(parent), m_columns(columns), m_tab(tab)
+    {
+    }
+
+    // The first item is the tab's own marker.
+    void addKeyword(const StatementItems& items);
+    void addList(const StatementItems& items);
+
+private:
+    TreeItem* appendRow();
+    int listColumn(int editor, int position) const;
+
+    TreeItem* m_parent;
+    int m_columns;
+    ANTLR3_UINT32 m_tab;
+};
+
+TreeItem* RowBuilder::appendRow()
+{
+    const int row = m_parent->childCount();
+    m_parent->insertChildren(row, 1, m_columns);
+    return m_parent->child(row);
+}
+
+// One row, which drops what it has no column for.
+void RowBuilder::addKeyword(const StatementItems& items)
+{
+    TreeItem* const row = appendRow();
+    const int count = static_cast<int>(items.size());
+    for (int i = 1; i < count; ++i)
+        row->setData(i - 1, items[static_cast<size_t>(i)].text);
+}
+
+// A row for the section's keyword, filled up by the fillers behind it, then one for each entry. A
+// plain text in the second slot of a Scan List entry is the channel keyword: the entry has no
+// statistical member and is complete.
+void RowBuilder::addList(const StatementItems& items)
+{
+    const int slotCount = m_tab == EDIT_TAB2 ? 3 : 2;
+    TreeItem* row = appendRow();
+    if (items.size() > 1)
+        row->setData(0, items[1].text);
+    int position = 0;
+    for (size_t i = 2; i < items.size(); ++i) {
+        if (position == 0 && i > 2)
+            row = appendRow();
+        row->setData(listColumn(items[i].editor, position), items[i].text);
+        const bool complete = m_tab == EDIT_TAB2 && position == 1 && items[i].editor == TEXT_BLOCK;
+        position = complete ? 0 : (position + 1) % slotCount;
+    }
+}
+
+// The column for an item of a list entry, by its kind and its slot; -1 for one that only uses up
+// its slot. A comment counts wherever it stands, over whatever was there.
+int RowBuilder::listColumn(int editor, int position) const
+{
+    const bool plain = editor == TEXT_BLOCK || editor == FILLER_DATA;
+    if (editor == COMMENT_LINE)
         return 1;
-    if (isPlain(editor) && position == 1 && !scanList)
-        return 2;
-    if (position == 1 && scanList && isPlain(editor))
-        return editor == FILLER_DATA ? 2 : 3;
-    if (isPlain(editor) && position == 2)
-        return 3;
-    if ((editor == LOG_DIG_DESCRIPTION || editor == STAT_MEM_EDITOR) && position == 1)
-        return 2;
-    return -1;
+    if (plain && position == 1)
+        return m_tab == EDIT_TAB2 && editor == TEXT_BLOCK ? 3 : 2;
+    if (plain)
+        return position + 1;
+    const bool member = editor == LOG_DIG_DESCRIPTION || editor == STAT_MEM_EDITOR;
+    return member && position == 1 ? 2 : -1;
 }
 
 }  // namespace
@@ -361,62 +441,18 @@ void TreeModel::setupModelData(pANTLR3_BASE_TREE bTree, TreeItem* parent)
     rootTree = bTree;
     if (bTree == nullptr || bTree->children == nullptr)
         return;
+    RowBuilder rows(parent, rootItem->columnCount(), tabIndexNumber);
     const ANTLR3_UINT32 count = bTree->getChildCount(bTree);
     for (ANTLR3_UINT32 i = 0; i < count; ++i) {
         const pANTLR3_BASE_TREE statement = childAt(bTree, i);
-        if (statement->children == nullptr || statement->getChildCount(statement) == 0)
+        if (!belongsToTab(statement, tabIndexNumber))
             continue;
-        const pANTLR3_BASE_TREE tab = childAt(statement, 0);
-        if (tab->getType(tab) == tabIndexNumber)
-            addStatement(statement, parent);
-    }
-}
-
-void TreeModel::addStatement(pANTLR3_BASE_TREE statement, TreeItem* parent)
-{
-    QVector<StatementItem> items;
-    gather(statement, 1, &items);
-    if (tabIndexNumber == EDIT_TAB1)
-        addKeywordRow(items, parent);
-    else
-        addListRows(items, parent);
-}
-
-TreeItem* TreeModel::appendRow(TreeItem* parent)
-{
-    const int row = parent->childCount();
-    parent->insertChildren(row, 1, rootItem->columnCount());
-    return parent->child(row);
-}
-
-// The first item is the tab's marker.
-void TreeModel::addKeywordRow(const QVector<StatementItem>& items, TreeItem* parent)
-{
-    TreeItem* const row = appendRow(parent);
-    for (int i = 1; i < items.size(); ++i)
-        row->setData(i - 1, items.at(i).text);
-}
-
-// The section's keyword makes a row of its own with the fillers behind it; then a row for each
-// entry. A text in the second slot of a scan list entry is its channel keyword: the entry has no
-// statistical member, and its slot is skipped.
-void TreeModel::addListRows(const QVector<StatementItem>& items, TreeItem* parent)
-{
-    const bool scanList = tabIndexNumber == EDIT_TAB2;
-    const int slots = scanList ? 3 : 2;
-    TreeItem* row = appendRow(parent);
-    if (items.size() > 1)
-        row->setData(0, items.at(1).text);
-    int position = 0;
-    for (int i = 2; i < items.size(); ++i) {
-        const StatementItem& item = items.at(i);
-        const int column = listColumn(item.editor, position, scanList);
-        row->setData(column, item.text);
-        if (scanList && position == 1 && item.editor == TEXT_BLOCK)
-            ++position;
-        position = (position + 1) % slots;
-        if (position == 0 && i + 1 < items.size())
-            row = appendRow(parent);
+        StatementItems items;
+        gather(statement, 1, &items);
+        if (isListTab(tabIndexNumber))
+            rows.addList(items);
+        else
+            rows.addKeyword(items);
     }
 }
 
@@ -425,13 +461,15 @@ void TreeModel::addListRows(const QVector<StatementItem>& items, TreeItem* paren
 
 namespace {
 
+constexpr auto FILLER = QLatin1String("FILLER_TXT");
+
 // Writes rows as spec file text. How many values a line holds is told by the last keyword that was
 // written, so the limit lives as long as the writer.
 class RowWriter {
 public:
     explicit RowWriter(QTextStream* out) : m_out(out) {}
 
-    void write(const TreeItem& row, int rowNumber, int columns);
+    void write(const TreeItem& row, int rowNumber);
 
 private:
     // Writes one cell; false when the rest of the row is not written.
@@ -451,11 +489,11 @@ bool isSectionKeyword(const QString& text)
            text == QLatin1String("@META_DATA") || text == QLatin1String("@ECM_LIST");
 }
 
-void RowWriter::write(const TreeItem& row, int rowNumber, int columns)
+void RowWriter::write(const TreeItem& row, int rowNumber)
 {
     m_fieldCount = 0;
     m_skipEol = false;
-    for (int column = 0; column < columns; ++column) {
+    for (int column = 0; column < row.columnCount(); ++column) {
         if (!writeCell(row.data(column).toString().trimmed(), rowNumber, column))
             break;
     }
@@ -521,8 +559,6 @@ void TreeModel::dump_to_file(char* filename)
         return;
     QTextStream out(&file);
     RowWriter writer(&out);
-    for (int i = 0; i < rootItem->childCount(); ++i) {
-        const TreeItem& row = *rootItem->child(i);
-        writer.write(row, i, row.columnCount());
-    }
+    for (int i = 0; i < rootItem->childCount(); ++i)
+        writer.write(*rootItem->child(i), i);
 }

@@ -14,7 +14,6 @@
 #include "editor_antlr3.h"
 
 class TreeItem;
-class QTextStream;
 
 // What a cell's text can be held against. A text passes when the validator answers Acceptable.
 enum VaidatorFormat {
@@ -37,6 +36,9 @@ enum VaidatorFormat {
     VarName_sq_VF,
     VALIDATOR_COUNT
 };
+
+// The formats as patterns of the toolkit's default syntax, case-sensitive.
+extern const std::array<const char*, VALIDATOR_COUNT> ValidatorPatterns;
 
 // Columns of each tab, and five header slots a tab; a null slot is an empty header. Padding blanks
 // and line breaks give the columns their first width.
@@ -72,8 +74,8 @@ public:
     // Stores a text through a command on the active undo stack: for edits by the user.
     bool undoredo_setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole);
 
-    // Inserting rows leaves the document unmodified, removing them does not; the texts that follow
-    // an insertion do the rest.
+    // A range that does not fit in changes nothing and sends no signal. Inserting rows leaves the
+    // document unmodified, removing them does not: the texts that follow an insertion do the rest.
     bool insertRows(int position, int rows, const QModelIndex& parent = QModelIndex()) override;
     bool removeRows(int position, int rows, const QModelIndex& parent = QModelIndex()) override;
     bool insertColumns(int position, int columns,
@@ -106,13 +108,7 @@ public:
     void setDirty();
 
 private:
-    struct StatementItem;
-
     void setupModelData(pANTLR3_BASE_TREE bTree, TreeItem* parent);
-    void addStatement(pANTLR3_BASE_TREE statement, TreeItem* parent);
-    void addKeywordRow(const QVector<StatementItem>& items, TreeItem* parent);
-    void addListRows(const QVector<StatementItem>& items, TreeItem* parent);
-    TreeItem* appendRow(TreeItem* parent);
     TreeItem* getItem(const QModelIndex& index) const;
     void markChanged();
 
