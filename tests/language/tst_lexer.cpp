@@ -139,7 +139,7 @@ std::string alone(int byte)
 class tst_Lexer : public QObject {
     Q_OBJECT
 
-private slots:
+private Q_SLOTS:
     void everyTypeHasItsNumberAndName_data();
     void everyTypeHasItsNumberAndName();
     void theNameTableEndsWithTheHighestType();

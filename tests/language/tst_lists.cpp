@@ -10,7 +10,7 @@
 class tst_Lists : public QObject {
     Q_OBJECT
 
-private slots:
+private Q_SLOTS:
     void cleanupTestCase() { free_resources(); }
 
     void scanList_data() { addSampleRows(QStringLiteral("lists_scan_list.txt")); }

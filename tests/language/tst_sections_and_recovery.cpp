@@ -37,7 +37,7 @@ QStringList treeLines()
 class tst_SectionsAndRecovery : public QObject {
     Q_OBJECT
 
-private slots:
+private Q_SLOTS:
     void init() { resetParseState(); }
     void cleanupTestCase() { free_resources(); }
 

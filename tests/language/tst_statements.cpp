@@ -10,7 +10,7 @@
 class tst_Statements : public QObject {
     Q_OBJECT
 
-private slots:
+private Q_SLOTS:
     void cleanupTestCase() { free_resources(); }
 
     void string_data() { addSampleRows(QStringLiteral("statements_string.txt")); }
