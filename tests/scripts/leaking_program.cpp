@@ -1,0 +1,10 @@
+// Loses 77 bytes, for the leak checker to find.
+
+#include <cstdlib>
+
+int main()
+{
+    char* volatile lost = static_cast<char*>(std::malloc(77));
+    lost = nullptr;
+    return lost == nullptr ? EXIT_SUCCESS : EXIT_FAILURE;
+}
