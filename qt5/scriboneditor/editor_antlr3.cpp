@@ -125,10 +125,8 @@ int tokenTypeOf(const char* value, size_t size)
 
 bool isRequiredKeyword(int tokenType)
 {
-    return std::any_of(SCRIBON_KEYWORDS.begin(), SCRIBON_KEYWORDS.end(),
-                       [tokenType](const ScribonKeyword& keyword) {
-                           return keyword.token == tokenType && keyword.required;
-                       });
+    const ScribonKeyword* const keyword = scribonKeyword(tokenType);
+    return keyword != nullptr && keyword->is(REQUIRED);
 }
 
 }  // namespace

@@ -19,7 +19,7 @@
 #include "antlr3_basetreedelegate.h"
 #include "editor_antlr3.h"
 #include "editorundocommand.h"
-#include "keywordhelp.h"
+#include "scribon_keywords.h"
 #include "treemodel.h"
 
 MainWindow* EditorMainWindow = nullptr;
@@ -152,8 +152,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     setupEditor(SCRATCH_FILE, false);
     setupActions();
     updateActions();
-    for (const KeywordHelp& help : KEYWORD_HELP)
-        hash.insert(QString::fromLatin1(help.keyword), QString::fromLatin1(help.text));
+    fillKeywordHelp();
 }
 
 MainWindow::MainWindow(const QString& fileName, QWidget* parent) : QMainWindow(parent)
@@ -174,6 +173,15 @@ MainWindow::~MainWindow()
     free_resources();
     if (EditorMainWindow == this)
         EditorMainWindow = nullptr;
+}
+
+void MainWindow::fillKeywordHelp()
+{
+    for (const ScribonKeyword& keyword : SCRIBON_KEYWORDS) {
+        if (keyword.help != nullptr)
+            hash.insert(QString::fromLatin1(keyword.spelling + 1).toLower(),
+                        QString::fromLatin1(keyword.help));
+    }
 }
 
 void MainWindow::makeUndoStacks()

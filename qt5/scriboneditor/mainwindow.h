@@ -75,6 +75,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void fillKeywordHelp();
     void makeUndoStacks();
     void makeUndoActions(int separators);
     void setupTables(QMainWindow* window);
