@@ -3,7 +3,6 @@
 #include <QFile>
 #include <QTextStream>
 #include <QtGlobal>
-#include <vector>
 
 #include "mainwindow.h"
 #include "treeitem.h"
@@ -308,16 +307,38 @@ namespace {
 
 constexpr int DEEPEST_LEVEL = 4;
 
-// A node of a statement that becomes a cell: what it is and its text.
-struct StatementItem {
-    int editor;
-    QString text;
-};
-using StatementItems = std::vector<StatementItem>;
-
 pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
 {
     return static_cast<pANTLR3_BASE_TREE>(tree->getChild(tree, index));
+}
+
+// The bytes of a text in the runtime's hands.
+struct Bytes {
+    const char* data;
+    int size;
+};
+
+// A token that came out of the file and not out of a rewrite.
+bool isSourceToken(pANTLR3_COMMON_TOKEN token)
+{
+    return token != nullptr && token->textState == ANTLR3_TEXT_NONE && token->input != nullptr &&
+           token->type != ANTLR3_TOKEN_EOF;
+}
+
+// A node's text. The runtime would make a string of its own for each token of the file that is
+// asked for and keep it until the next load, so those are read where they stand in the file.
+Bytes bytesOf(pANTLR3_BASE_TREE node)
+{
+    const pANTLR3_COMMON_TOKEN token = node->getToken(node);
+    if (isSourceToken(token)) {
+        const ANTLR3_MARKER start = token->getStartIndex(token);
+        const ANTLR3_MARKER stop = token->getStopIndex(token);
+        return {reinterpret_cast<const char*>(start), static_cast<int>(stop - start + 1)};
+    }
+    const pANTLR3_STRING text = node->toString(node);
+    if (text == nullptr || text->chars == nullptr)
+        return {nullptr, 0};
+    return {reinterpret_cast<const char*>(text->chars), static_cast<int>(text->len)};
 }
 
 // The text of a node, null for a line end, which never becomes a cell. Saving writes in the local
@@ -325,27 +346,10 @@ pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
 // quoted text would lose its closing quote and, once saved, swallow the file behind it.
 QString nodeText(pANTLR3_BASE_TREE node)
 {
-    const pANTLR3_STRING text = node->toString(node);
-    if (text == nullptr || text->chars == nullptr || text->chars[0] == '\n')
+    const Bytes bytes = bytesOf(node);
+    if (bytes.data == nullptr || (bytes.size > 0 && bytes.data[0] == '\n'))
         return {};
-    return QString::fromLocal8Bit(reinterpret_cast<const char*>(text->chars),
-                                  static_cast<int>(text->len));
-}
-
-// Collects what becomes a cell below `tree`, left to right, a node before its children. The texts
-// of the deepest level keep their blanks, and what lies below it is nobody's cell.
-void gather(pANTLR3_BASE_TREE tree, int level, StatementItems* items)
-{
-    const ANTLR3_UINT32 count = tree->getChildCount(tree);
-    for (ANTLR3_UINT32 i = 0; i < count; ++i) {
-        const pANTLR3_BASE_TREE node = childAt(tree, i);
-        const QString text = nodeText(node);
-        if (!text.isNull())
-            items->push_back({appGrammerTypeToEditorTypeOrig(node),
-                              level < DEEPEST_LEVEL ? text.trimmed() : text});
-        if (level < DEEPEST_LEVEL)
-            gather(node, level + 1, items);
-    }
+    return QString::fromLocal8Bit(bytes.data, bytes.size);
 }
 
 // A statement tells its tab by its first child.
@@ -357,81 +361,99 @@ bool belongsToTab(pANTLR3_BASE_TREE statement, ANTLR3_UINT32 tab)
     return marker->getType(marker) == tab;
 }
 
-bool isListTab(ANTLR3_UINT32 tab)
-{
-    return tab >= EDIT_TAB2 && tab <= EDIT_TAB5;
-}
-
-// Makes the rows of one tab from its statements.
-class RowBuilder {
+// Makes the rows of one statement. Its items come in file order, the tab's marker first, which
+// makes no cell, then the keyword.
+class StatementRows {
 public:
     // The rows become children of parent.
-    RowBuilder(TreeItem* parent, int columns, ANTLR3_UINT32 tab)
-        : m_parent(parent), m_columns(columns), m_tab(tab)
-    {
-    }
+    StatementRows(TreeItem* parent, int columns, ANTLR3_UINT32 tab);
 
-    // The first item is the tab's own marker.
-    void addKeyword(const StatementItems& items);
-    void addList(const StatementItems& items);
+    // What becomes a cell below `tree`, left to right, a node before its children.
+    void addItemsBelow(pANTLR3_BASE_TREE tree, int level = 1);
 
 private:
-    TreeItem* appendRow();
-    int listColumn(int editor, int position) const;
+    void addItem(int editor, const QString& text);
+    void addListItem(int editor, const QString& text);
+    int listColumn(int editor) const;
+    void appendRow();
 
     TreeItem* m_parent;
     int m_columns;
-    ANTLR3_UINT32 m_tab;
+    bool m_list;      // one row for the keyword and one for each entry behind it
+    bool m_scanList;  // whose entries have a statistical member in their middle
+    TreeItem* m_row = nullptr;
+    int m_itemCount = 0;
+    int m_position = 0;  // slot within the list entry in progress
 };
 
-TreeItem* RowBuilder::appendRow()
+StatementRows::StatementRows(TreeItem* parent, int columns, ANTLR3_UINT32 tab)
+    : m_parent(parent),
+      m_columns(columns),
+      m_list(tab >= EDIT_TAB2 && tab <= EDIT_TAB5),
+      m_scanList(tab == EDIT_TAB2)
 {
-    const int row = m_parent->childCount();
-    m_parent->insertChildren(row, 1, m_columns);
-    return m_parent->child(row);
+    appendRow();
 }
 
-// One row, which drops what it has no column for.
-void RowBuilder::addKeyword(const StatementItems& items)
+// The texts of the deepest level keep their blanks, and what lies below it is nobody's cell.
+void StatementRows::addItemsBelow(pANTLR3_BASE_TREE tree, int level)
 {
-    TreeItem* const row = appendRow();
-    const int count = static_cast<int>(items.size());
-    for (int i = 1; i < count; ++i)
-        row->setData(i - 1, items[static_cast<size_t>(i)].text);
-}
-
-// A row for the section's keyword, filled up by the fillers behind it, then one for each entry. A
-// plain text in the second slot of a Scan List entry is the channel keyword: the entry has no
-// statistical member and is complete.
-void RowBuilder::addList(const StatementItems& items)
-{
-    const int slotCount = m_tab == EDIT_TAB2 ? 3 : 2;
-    TreeItem* row = appendRow();
-    if (items.size() > 1)
-        row->setData(0, items[1].text);
-    int position = 0;
-    for (size_t i = 2; i < items.size(); ++i) {
-        if (position == 0 && i > 2)
-            row = appendRow();
-        row->setData(listColumn(items[i].editor, position), items[i].text);
-        const bool complete = m_tab == EDIT_TAB2 && position == 1 && items[i].editor == TEXT_BLOCK;
-        position = complete ? 0 : (position + 1) % slotCount;
+    const ANTLR3_UINT32 count = tree->getChildCount(tree);
+    for (ANTLR3_UINT32 i = 0; i < count; ++i) {
+        const pANTLR3_BASE_TREE node = childAt(tree, i);
+        const QString text = nodeText(node);
+        if (!text.isNull())
+            addItem(appGrammerTypeToEditorTypeOrig(node),
+                    level < DEEPEST_LEVEL ? text.trimmed() : text);
+        if (level < DEEPEST_LEVEL)
+            addItemsBelow(node, level + 1);
     }
 }
 
-// The column for an item of a list entry, by its kind and its slot; -1 for one that only uses up
+// A keyword's row drops what it has no column for.
+void StatementRows::addItem(int editor, const QString& text)
+{
+    const int number = m_itemCount++;
+    if (number == 1 || (number > 1 && !m_list))
+        m_row->setData(number - 1, text);
+    else if (number > 1)
+        addListItem(editor, text);
+}
+
+// The fillers behind the section's keyword fill its row as if they were an entry. A plain text in
+// the second slot of a Scan List entry is the channel keyword: the entry has no statistical member
+// and is complete.
+void StatementRows::addListItem(int editor, const QString& text)
+{
+    constexpr int FIRST_ENTRY_ITEM = 3;
+    if (m_position == 0 && m_itemCount > FIRST_ENTRY_ITEM)
+        appendRow();
+    m_row->setData(listColumn(editor), text);
+    const bool complete = m_scanList && m_position == 1 && editor == TEXT_BLOCK;
+    const int slotCount = m_scanList ? 3 : 2;
+    m_position = complete ? 0 : (m_position + 1) % slotCount;
+}
+
+// The column for an item, by its kind and its slot; -1, which no row has, for one that only uses up
 // its slot. A comment counts wherever it stands, over whatever was there.
-int RowBuilder::listColumn(int editor, int position) const
+int StatementRows::listColumn(int editor) const
 {
     const bool plain = editor == TEXT_BLOCK || editor == FILLER_DATA;
     if (editor == COMMENT_LINE)
         return 1;
-    if (plain && position == 1)
-        return m_tab == EDIT_TAB2 && editor == TEXT_BLOCK ? 3 : 2;
+    if (plain && m_position == 1)
+        return m_scanList && editor == TEXT_BLOCK ? 3 : 2;
     if (plain)
-        return position + 1;
+        return m_position + 1;
     const bool member = editor == LOG_DIG_DESCRIPTION || editor == STAT_MEM_EDITOR;
-    return member && position == 1 ? 2 : -1;
+    return member && m_position == 1 ? 2 : -1;
+}
+
+void StatementRows::appendRow()
+{
+    const int row = m_parent->childCount();
+    m_parent->insertChildren(row, 1, m_columns);
+    m_row = m_parent->child(row);
 }
 
 }  // namespace
@@ -441,18 +463,11 @@ void TreeModel::setupModelData(pANTLR3_BASE_TREE bTree, TreeItem* parent)
     rootTree = bTree;
     if (bTree == nullptr || bTree->children == nullptr)
         return;
-    RowBuilder rows(parent, rootItem->columnCount(), tabIndexNumber);
     const ANTLR3_UINT32 count = bTree->getChildCount(bTree);
     for (ANTLR3_UINT32 i = 0; i < count; ++i) {
         const pANTLR3_BASE_TREE statement = childAt(bTree, i);
-        if (!belongsToTab(statement, tabIndexNumber))
-            continue;
-        StatementItems items;
-        gather(statement, 1, &items);
-        if (isListTab(tabIndexNumber))
-            rows.addList(items);
-        else
-            rows.addKeyword(items);
+        if (belongsToTab(statement, tabIndexNumber))
+            StatementRows(parent, rootItem->columnCount(), tabIndexNumber).addItemsBelow(statement);
     }
 }
 
