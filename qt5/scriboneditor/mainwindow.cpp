@@ -102,25 +102,32 @@ QStringList headersOf(int tab)
     return headers;
 }
 
-// Opens a file for a look at whether it can be read. A pipe or a device is none to begin with, and
-// opening one could hang.
-bool canBeRead(const QString& fileName, QString* error)
+// Opens the file unless something else than a file has its name: opening a pipe could hang, and a
+// device answers anything.
+bool openRegular(QFile* file, QIODevice::OpenMode mode, QString* error)
 {
-    const QFileInfo info(fileName);
+    const QFileInfo info(*file);
     if (info.exists() && !info.isFile()) {
         *error = MainWindow::tr("Not a regular file");
         return false;
     }
-    QFile file(fileName);
-    const bool opened = file.open(QIODevice::ReadOnly | QIODevice::Text);
-    *error = file.errorString();
+    const bool opened = file->open(mode | QIODevice::Text);
+    *error = file->errorString();
     return opened;
 }
 
+bool canBeRead(const QString& fileName, QString* error)
+{
+    QFile file(fileName);
+    return openRegular(&file, QIODevice::ReadOnly, error);
+}
+
+// Silent when the file cannot be written: reading it back tells.
 void writeNewFile(const QString& fileName)
 {
     QFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text | QIODevice::Truncate))
+    QString error;
+    if (!openRegular(&file, QIODevice::WriteOnly | QIODevice::Truncate, &error))
         return;
     QTextStream out(&file);
     for (const char* const block : NEW_FILE_BLOCKS)
@@ -137,8 +144,7 @@ void dropSelectionModel(QItemSelectionModel* selection)
 
 }  // namespace
 
-// ---- Construction
-// --------------------------------------------------------------------------------
+// ---- Construction ------------------------------------------------------------------------------
 
 MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
 {
@@ -264,8 +270,7 @@ void MainWindow::setupActions()
     connect(redoAction, &QAction::triggered, this, &MainWindow::redo);
 }
 
-// ---- Loading
-// -------------------------------------------------------------------------------------
+// ---- Loading -----------------------------------------------------------------------------------
 
 void MainWindow::loadFile(const QString& fileName, bool newFile)
 {
@@ -453,8 +458,7 @@ void MainWindow::open()
         fitColumnsRepeatedly();
 }
 
-// ---- Saving
-// --------------------------------------------------------------------------------------
+// ---- Saving ------------------------------------------------------------------------------------
 
 bool MainWindow::save()
 {
@@ -490,22 +494,27 @@ bool MainWindow::saveFile(const QString& fileName)
             tr("Nothing Loaded cannot save file %1:\n%2.").arg(fileName, file.errorString()));
         return false;
     }
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
-        QMessageBox::warning(this, title,
-                             tr("Cannot write file %1:\n%2.").arg(fileName, file.errorString()));
+    QString error;
+    if (!openRegular(&file, QIODevice::WriteOnly, &error)) {
+        QMessageBox::warning(this, title, tr("Cannot write file %1:\n%2.").arg(fileName, error));
         return false;
     }
+    writeTabs(fileName.toLocal8Bit());
+    setCurrentFile(fileName);
+    statusBar()->showMessage(tr("File saved"), NEWS_MS);
+    return true;
+}
+
+// The five flags go first: what is written is what the rows are now.
+void MainWindow::writeTabs(QByteArray localName)
+{
     QApplication::setOverrideCursor(Qt::WaitCursor);
     isModified = false;
-    QByteArray localName = fileName.toLocal8Bit();
     for (int tab = 0; tab < TAB_COUNT; ++tab)
         modelOf(tab)->clrModified();
     for (int tab = 0; tab < TAB_COUNT; ++tab)
         modelOf(tab)->dump_to_file(localName.data());
     QApplication::restoreOverrideCursor();
-    setCurrentFile(fileName);
-    statusBar()->showMessage(tr("File saved"), NEWS_MS);
-    return true;
 }
 
 bool MainWindow::hasUnsavedWork() const
@@ -539,8 +548,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     free_resources();
 }
 
-// ---- Tabs and rows
-// -------------------------------------------------------------------------------
+// ---- Tabs and rows -----------------------------------------------------------------------------
 
 int MainWindow::currentTab() const
 {

@@ -2,6 +2,7 @@
 // actions on their rows.
 #pragma once
 
+#include <QByteArray>
 #include <QHash>
 #include <QMainWindow>
 #include <QModelIndex>
@@ -49,12 +50,6 @@ public:
     QStringList StatMemList() const { return statMemList; }
     QHash<QString, QString> keywordHelp() const { return hash; }
 
-    // Reached by models, delegates and dialogs through EditorMainWindow.
-    QUndoGroup* undoGroup = nullptr;
-    preference_results myPrefs;
-    QHash<QString, QString> hash;  // keyword in lower case without its "@" to its help
-    QStringList statMemList;       // what may stand for a statistic, with an empty last entry
-
 public Q_SLOTS:
     void updateActions();
     QUndoStack* uStack();
@@ -97,6 +92,7 @@ private:
     void fitColumnsRepeatedly();
 
     bool saveFile(const QString& fileName);
+    void writeTabs(QByteArray localName);
     bool maybeSave();
     bool hasUnsavedWork() const;
 
@@ -113,7 +109,18 @@ private:
     std::array<std::unique_ptr<QAbstractItemDelegate>, TAB_SLOTS> delegates;
     std::array<QTreeView*, TAB_SLOTS> view{};
     QTabWidget* tabWidget = nullptr;
+
+    // The public ones are reached by models, delegates and dialogs through EditorMainWindow.
+public:
+    QUndoGroup* undoGroup = nullptr;
+
+private:
     std::array<std::unique_ptr<QUndoStack>, TAB_SLOTS> undoStacks;
+
+public:
+    preference_results myPrefs;
+    QHash<QString, QString> hash;  // keyword in lower case without its "@" to its help
+    QStringList statMemList;       // what may stand for a statistic, with an empty last entry
 };
 
 // The one main window; null before it is built.
