@@ -8,8 +8,8 @@ SHELL := /bin/bash
 SPEC ?= engine_mapping
 # How long `make fuzz` stays with each target.
 FUZZ_SECONDS ?= 60
-# A window of the caller's own saves the packages for a virtual one.
-DISPLAY_PACKAGES := $(if $(DISPLAY)$(WAYLAND_DISPLAY),,display)
+# What it takes to show the window: nothing more where there is an X display.
+DISPLAY_PACKAGES := $(if $(DISPLAY),,$(if $(WAYLAND_DISPLAY),wayland,display))
 
 install = @scripts/install-packages $(1)
 
