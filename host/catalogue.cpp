@@ -1,0 +1,512 @@
+#include "catalogue.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <initializer_list>
+#include <memory>
+#include <string_view>
+#include <system_error>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+#include "json_document.h"
+
+namespace marvane {
+
+namespace {
+
+constexpr size_t LONGEST_LABEL = MARVANE_LABEL_SIZE - 1;
+constexpr size_t LONGEST_UNITS = sizeof(UNITS_NAME) - 1;
+constexpr size_t LONGEST_KEYWORD = sizeof(PAM_KEYWORD::keyword) - 1;
+constexpr size_t MOST_UNITS = INT16_MAX;
+
+struct KeywordKind {
+    std::string_view name;
+    char kind;
+};
+
+constexpr std::array<KeywordKind, 3> KEYWORD_KINDS{{
+    {"channel", CHANNEL_KEYWORD},
+    {"parameter", PARAMETER_KEYWORD},
+    {"channel_or_parameter", CHANNEL_OR_PARAMETER_KEYWORD},
+}};
+
+// The C locale's view, whatever the process has: labels are plain ASCII.
+bool isLetter(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+bool isWordCharacter(char c)
+{
+    return isLetter(c) || (c >= '0' && c <= '9') || c == '_';
+}
+
+bool isVariableName(std::string_view name)
+{
+    return !name.empty() && isLetter(name.front()) &&
+           std::all_of(name.begin(), name.end(), isWordCharacter);
+}
+
+bool isPrintableWord(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(), [](char c) { return c > ' ' && c <= '~'; });
+}
+
+std::string inUpperCase(std::string text)
+{
+    for (char& c : text)
+        c = static_cast<char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
+    return text;
+}
+
+std::string inQuotes(const std::string& text)
+{
+    return '"' + text + '"';
+}
+
+std::string_view withoutFullStop(std::string_view label)
+{
+    if (!label.empty() && label.back() == '.')
+        label.remove_suffix(1);
+    return label;
+}
+
+// A value of the document and the way to it.
+struct Node {
+    const Json& value;
+    JsonPointer at;
+
+    Node operator[](const std::string& key) const { return {value.at(key), at / key}; }
+    Node operator[](size_t index) const { return {value.at(index), at / index}; }
+};
+
+// Reads the document's parts one after the other. Every member function answers false when it has
+// met a fault, which is then described in fault().
+class CatalogueReader {
+public:
+    explicit CatalogueReader(const Json& document) : document_(document) {}
+
+    bool read()
+    {
+        const Node top{document_, JsonPointer()};
+        return isObjectOf(top, {"$schema", "units", "counts", "areas", "keywords"}) &&
+               readUnits(top) && readCounts(top) && readAreas(top) && readKeywords(top);
+    }
+
+    Catalogue takeCatalogue() { return std::move(catalogue_); }
+    const JsonFault& fault() const { return fault_; }
+
+private:
+    bool fail(const JsonPointer& at, const std::string& reason)
+    {
+        fault_ = {at.empty() ? "top level" : at.to_string(), reason};
+        return false;
+    }
+
+    bool isObject(const Node& node)
+    {
+        return node.value.is_object() || fail(node.at, "must be an object");
+    }
+
+    bool isArray(const Node& node)
+    {
+        return node.value.is_array() || fail(node.at, "must be an array");
+    }
+
+    bool isObjectOf(const Node& node, std::initializer_list<std::string_view> keys)
+    {
+        if (!isObject(node))
+            return false;
+        for (const auto& [key, value] : node.value.items()) {
+            if (std::find(keys.begin(), keys.end(), key) == keys.end())
+                return fail(node.at / key, "there is no such key");
+        }
+        return true;
+    }
+
+    bool hasKey(const Node& node, const char* key)
+    {
+        return node.value.contains(key) ||
+               fail(node.at, std::string("the key ") + inQuotes(key) + " is missing");
+    }
+
+    // A text of 1 to longest bytes.
+    bool readText(const Node& node, size_t longest, std::string& text)
+    {
+        if (!node.value.is_string())
+            return fail(node.at, "must be a text");
+        text = node.value.get<std::string>();
+        if (text.empty())
+            return fail(node.at, "must not be empty");
+        if (text.size() > longest)
+            return fail(node.at, "is longer than " + std::to_string(longest) + " bytes");
+        return true;
+    }
+
+    bool readNumber(const Node& node, size_t largest, uint16_t& number)
+    {
+        if (!node.value.is_number_unsigned() || node.value.get<uint64_t>() > largest)
+            return fail(node.at, "must be a whole number from 0 to " + std::to_string(largest));
+        number = node.value.get<uint16_t>();
+        return true;
+    }
+
+    bool readUnits(const Node& top)
+    {
+        if (!top.value.contains("units"))
+            return true;
+        const Node dimensions = top["units"];
+        if (!isObject(dimensions))
+            return false;
+        int32_t dimension = 0;
+        for (const auto& [key, value] : dimensions.value.items()) {
+            if (!readDimension({value, dimensions.at / key}, dimension++))
+                return false;
+        }
+        return true;
+    }
+
+    bool readDimension(const Node& names, int32_t dimension)
+    {
+        if (!isArray(names))
+            return false;
+        if (names.value.empty())
+            return fail(names.at, "must name at least one units");
+        for (size_t i = 0; i < names.value.size(); ++i) {
+            if (!readUnitsName(names[i], dimension))
+                return false;
+        }
+        return true;
+    }
+
+    bool readUnitsName(const Node& node, int32_t dimension)
+    {
+        std::string name;
+        if (!readText(node, LONGEST_UNITS, name))
+            return false;
+        if (!isPrintableWord(name) || name.find_first_of("[]") != std::string::npos)
+            return fail(node.at, "must be one printable ASCII word without brackets");
+        if (catalogue_.units.size() == MOST_UNITS)
+            return fail(node.at, "there are more than " + std::to_string(MOST_UNITS) + " units");
+        const auto code = static_cast<int32_t>(catalogue_.units.size()) + 1;
+        if (!unitsCodes_.emplace(inUpperCase(name), code).second)
+            return fail(node.at, "the units " + inQuotes(name) + " are there already");
+        catalogue_.units.push_back({name, dimension});
+        return true;
+    }
+
+    bool readCounts(const Node& top)
+    {
+        if (!top.value.contains("counts"))
+            return true;
+        const Node counts = top["counts"];
+        if (!isObject(counts))
+            return false;
+        for (const auto& [key, value] : counts.value.items()) {
+            if (!readCount({value, counts.at / key}, key))
+                return false;
+        }
+        return true;
+    }
+
+    bool readCount(const Node& node, const std::string& name)
+    {
+        const auto* layout =
+            std::find_if(COUNT_LAYOUTS.begin(), COUNT_LAYOUTS.end(),
+                         [&name](const CountLayout& row) { return row.name == name; });
+        if (layout == COUNT_LAYOUTS.end())
+            return fail(node.at, "there is no count of this name");
+        const auto index = static_cast<size_t>(layout - COUNT_LAYOUTS.begin());
+        countIsGiven_[index] = true;
+        return readNumber(node, UINT16_MAX, catalogue_.counts[index]);
+    }
+
+    bool readAreas(const Node& top)
+    {
+        catalogue_.areas.insert(SYS_ATTR_MEM);
+        if (!hasKey(top, "areas"))
+            return false;
+        const Node areas = top["areas"];
+        if (!isObject(areas))
+            return false;
+        for (const auto& [key, value] : areas.value.items()) {
+            if (!readArea({value, areas.at / key}, key))
+                return false;
+        }
+        return true;
+    }
+
+    bool readArea(const Node& tables, const std::string& name)
+    {
+        const auto* area =
+            std::find_if(TABLE_LAYOUTS.begin(), TABLE_LAYOUTS.end(),
+                         [&name](const TableLayout& row) { return areaName(row.area) == name; });
+        if (area == TABLE_LAYOUTS.end())
+            return fail(tables.at, "there is no area of variables of this name");
+        if (!isObject(tables))
+            return false;
+        catalogue_.areas.insert(area->area);
+        for (const auto& [key, value] : tables.value.items()) {
+            if (!readTable({value, tables.at / key}, area->area, key))
+                return false;
+        }
+        return true;
+    }
+
+    bool readTable(const Node& variables, SM_AREA_ID area, const std::string& name)
+    {
+        const auto* layout = std::find_if(
+            TABLE_LAYOUTS.begin(), TABLE_LAYOUTS.end(), [area, &name](const TableLayout& row) {
+                return row.area == area && recordLayout(row).name == name;
+            });
+        if (layout == TABLE_LAYOUTS.end())
+            return fail(variables.at, "the area has no table of this name");
+        if (!isArray(variables))
+            return false;
+        auto& table = catalogue_.tables[static_cast<size_t>(layout - TABLE_LAYOUTS.begin())];
+        std::unordered_set<size_t> taken;
+        for (size_t i = 0; i < variables.value.size(); ++i) {
+            CatalogueVariable variable;
+            const size_t next = table.empty() ? 0 : table.back().index + size_t{1};
+            if (!readVariable(variables[i], *layout, variable) ||
+                !readIndex(variables[i], next, tableLimit(*layout), taken, variable.index))
+                return false;
+            makeRoom(*layout, variable.index);
+            table.push_back(std::move(variable));
+        }
+        return true;
+    }
+
+    // How many records the table can have, by the count that was given for it if there is one.
+    size_t tableLimit(const TableLayout& layout) const
+    {
+        const bool isGiven = isCounted(layout) && countIsGiven_[layout.count];
+        return isGiven ? catalogue_.counts[layout.count] : maxLength(layout);
+    }
+
+    // A count that was not given is that of the records that are.
+    void makeRoom(const TableLayout& layout, uint16_t index)
+    {
+        if (!isCounted(layout))
+            return;
+        uint16_t& count = catalogue_.counts[layout.count];
+        count = std::max(count, static_cast<uint16_t>(index + 1));
+    }
+
+    // The index of a record, which is the next one unless it is given.
+    bool readIndex(const Node& record, size_t next, size_t limit, std::unordered_set<size_t>& taken,
+                   uint16_t& index)
+    {
+        const bool isGiven = record.value.contains("index");
+        if (isGiven && !readNumber(record["index"], UINT16_MAX, index))
+            return false;
+        const size_t wanted = isGiven ? index : next;
+        const JsonPointer at = isGiven ? record.at / "index" : record.at;
+        if (wanted >= limit)
+            return fail(at, "index " + std::to_string(wanted) + " is beyond the table's " +
+                                std::to_string(limit) + " records");
+        if (!taken.insert(wanted).second)
+            return fail(at, "index " + std::to_string(wanted) + " is taken already");
+        index = static_cast<uint16_t>(wanted);
+        return true;
+    }
+
+    bool readVariable(const Node& node, const TableLayout& layout, CatalogueVariable& variable)
+    {
+        return isObjectOf(node, {"index", "label", "active", "units", "alias"}) &&
+               readLabel(node, recordLayout(layout).isStructured, variable.label) &&
+               readActive(node, variable.isActive) && readUnitsOf(node, variable.units) &&
+               readAlias(node, recordLayout(layout).isStructured, variable.alias);
+    }
+
+    bool readLabel(const Node& node, bool isStructured, std::string& label)
+    {
+        if (!hasKey(node, "label") || !readText(node["label"], LONGEST_LABEL, label))
+            return false;
+        if (isStructured != (label.back() == '.'))
+            return fail(node.at / "label", isStructured
+                                               ? "a structured variable's label ends in a full stop"
+                                               : "the label must not end in a full stop");
+        return isFreeName(node["label"], withoutFullStop(label));
+    }
+
+    bool readAlias(const Node& node, bool isStructured, std::string& alias)
+    {
+        if (!node.value.contains("alias"))
+            return true;
+        if (isStructured)
+            return fail(node.at / "alias", "a structured variable has no alias");
+        return readText(node["alias"], LONGEST_LABEL, alias) && isFreeName(node["alias"], alias);
+    }
+
+    bool isFreeName(const Node& node, std::string_view name)
+    {
+        if (!isVariableName(name))
+            return fail(node.at, "must be a letter, then letters, digits and underscores");
+        const auto [owner, isNew] = names_.emplace(name, node.at.to_string());
+        return isNew || fail(node.at, "the name " + inQuotes(std::string(name)) +
+                                          " is there already, at " + owner->second);
+    }
+
+    bool readActive(const Node& node, bool& isActive)
+    {
+        if (!node.value.contains("active"))
+            return true;
+        if (!node["active"].value.is_boolean())
+            return fail(node.at / "active", "must be true or false");
+        isActive = node["active"].value.get<bool>();
+        return true;
+    }
+
+    // The code of the units that the node names, if it names any, is stored too.
+    bool readUnitsOf(const Node& node, std::string& units, int32_t* code = nullptr)
+    {
+        if (!node.value.contains("units"))
+            return true;
+        std::string name;
+        if (!readText(node["units"], LONGEST_UNITS, name))
+            return false;
+        const auto known = unitsCodes_.find(inUpperCase(name));
+        if (known == unitsCodes_.end())
+            return fail(node.at / "units", "unknown units " + inQuotes(name));
+        units = catalogue_.units[static_cast<size_t>(known->second) - 1].name;
+        if (code != nullptr)
+            *code = known->second;
+        return true;
+    }
+
+    bool readKeywords(const Node& top)
+    {
+        if (!top.value.contains("keywords"))
+            return true;
+        const Node keywords = top["keywords"];
+        if (!isArray(keywords))
+            return false;
+        catalogue_.areas.insert(KEYWORD_MEM);
+        std::unordered_set<size_t> taken;
+        for (size_t i = 0; i < keywords.value.size(); ++i) {
+            CatalogueKeyword keyword;
+            auto& table = catalogue_.keywords;
+            const size_t next = table.empty() ? 0 : table.back().index + size_t{1};
+            if (!readKeyword(keywords[i], keyword) ||
+                !readIndex(keywords[i], next, MAX_PAM_KEYWORDS, taken, keyword.index))
+                return false;
+            table.push_back(std::move(keyword));
+        }
+        return true;
+    }
+
+    bool readKeyword(const Node& node, CatalogueKeyword& keyword)
+    {
+        std::string units;
+        return isObjectOf(node, {"index", "name", "kind", "units"}) &&
+               readKeywordName(node, keyword.name) && readKind(node, keyword.kind) &&
+               readUnitsOf(node, units, &keyword.unitsCode);
+    }
+
+    bool readKeywordName(const Node& node, std::string& name)
+    {
+        if (!hasKey(node, "name") || !readText(node["name"], LONGEST_KEYWORD, name))
+            return false;
+        if (!isPrintableWord(name))
+            return fail(node.at / "name", "must be one printable ASCII word");
+        return keywordNames_.insert(name).second ||
+               fail(node.at / "name", "the keyword " + inQuotes(name) + " is there already");
+    }
+
+    bool readKind(const Node& node, char& kind)
+    {
+        std::string name;
+        if (!hasKey(node, "kind") || !readText(node["kind"], SIZE_MAX, name))
+            return false;
+        const auto* row = std::find_if(KEYWORD_KINDS.begin(), KEYWORD_KINDS.end(),
+                                       [&name](const KeywordKind& k) { return k.name == name; });
+        if (row == KEYWORD_KINDS.end())
+            return fail(node.at / "kind", "there is no kind " + inQuotes(name));
+        kind = row->kind;
+        return true;
+    }
+
+    const Json& document_;
+    Catalogue catalogue_;
+    JsonFault fault_;
+    std::array<bool, COUNT_LAYOUTS.size()> countIsGiven_{};
+    std::unordered_map<std::string, int32_t> unitsCodes_;  // by their names in upper case
+    std::unordered_map<std::string, std::string> names_;   // of variables, with their places
+    std::unordered_set<std::string> keywordNames_;
+};
+
+// Complaints quote what they find in the file, and have to stay one line that can be read.
+std::string asOneLine(const std::string& text)
+{
+    constexpr size_t LONGEST = 300;
+    std::string line = text.size() > LONGEST ? text.substr(0, LONGEST) + "..." : text;
+    for (char& c : line) {
+        if (std::iscntrl(static_cast<unsigned char>(c)) != 0)
+            c = '?';
+    }
+    return line;
+}
+
+// Only a regular file has an end for sure.
+bool readFile(const std::string& fileName, std::string& text, std::string& reason)
+{
+    constexpr size_t CHUNK = 1 << 16;
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(fileName, error)) {
+        reason = error ? error.message() : "is no regular file";
+        return false;
+    }
+    const std::unique_ptr<FILE, int (*)(FILE*)> file(std::fopen(fileName.c_str(), "rb"), fclose);
+    if (!file) {
+        reason = std::strerror(errno);
+        return false;
+    }
+    size_t length = 0;
+    for (size_t got = 1; got != 0; length += got) {
+        text.resize(length + CHUNK);
+        got = std::fread(text.data() + length, 1, CHUNK, file.get());
+    }
+    text.resize(length);
+    reason = "cannot be read";
+    return std::ferror(file.get()) == 0;
+}
+
+}  // namespace
+
+std::optional<Catalogue> readCatalogue(const std::string& fileName, std::string* complaint)
+{
+    std::string text;
+    std::string reason;
+    if (!readFile(fileName, text, reason)) {
+        *complaint = asOneLine(fileName + ": " + reason);
+        return std::nullopt;
+    }
+    JsonFault fault;
+    const auto document = parseJson(text, &fault);
+    if (!document) {
+        const char* separator = fault.place.front() == '/' ? ": " : ":";
+        *complaint = asOneLine(fileName + separator + fault.place + ": " + fault.reason);
+        return std::nullopt;
+    }
+    CatalogueReader reader(*document);
+    if (!reader.read()) {
+        *complaint =
+            asOneLine(fileName + ": " + reader.fault().place + ": " + reader.fault().reason);
+        return std::nullopt;
+    }
+    return reader.takeCatalogue();
+}
+
+size_t tableLength(const Catalogue& catalogue, const TableLayout& table)
+{
+    return isCounted(table) ? catalogue.counts[table.count] : table.fixedLength;
+}
+
+}  // namespace marvane

@@ -1,0 +1,145 @@
+#include "json_document.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace marvane {
+
+namespace {
+
+// "LINE:COLUMN" of the character that ends the first bytes of the text.
+std::string placeInText(const std::string& text, size_t bytes)
+{
+    const size_t position = std::min(bytes > 0 ? bytes - 1 : 0, text.size());
+    const auto before = text.begin() + static_cast<std::string::difference_type>(position);
+    const auto line = 1 + std::count(text.begin(), before, '\n');
+    const size_t lineEnd = position > 0 ? text.rfind('\n', position - 1) : std::string::npos;
+    const size_t column = lineEnd == std::string::npos ? position + 1 : position - lineEnd;
+    return std::to_string(line) + ":" + std::to_string(column);
+}
+
+// The library's message without its own account of class and place.
+std::string reasonIn(std::string_view message)
+{
+    for (const std::string_view introduction : {"column ", "] "}) {
+        const size_t begin = message.find(introduction);
+        if (begin != std::string_view::npos)
+            message.remove_prefix(begin + introduction.size());
+    }
+    const size_t place = message.find_first_not_of("0123456789");
+    if (place != std::string_view::npos && place > 0 && message.substr(place, 2) == ": ")
+        message.remove_prefix(place + 2);
+    return std::string(message);
+}
+
+// Builds the document, since the library's own way keeps the last of two equal keys and tells no
+// place for a number out of range.
+class DocumentBuilder : public nlohmann::json_sax<Json> {
+public:
+    DocumentBuilder(const std::string& text, JsonFault* fault) : text_(text), fault_(fault) {}
+
+    Json takeDocument() { return std::move(document_); }
+
+    bool null() override { return addScalar(nullptr); }
+    bool boolean(bool value) override { return addScalar(value); }
+    bool number_integer(number_integer_t value) override { return addScalar(value); }
+    bool number_unsigned(number_unsigned_t value) override { return addScalar(value); }
+    bool number_float(number_float_t value, const string_t& /*text*/) override
+    {
+        return addScalar(value);
+    }
+    bool string(string_t& value) override { return addScalar(std::move(value)); }
+    bool binary(binary_t& value) override { return addScalar(std::move(value)); }
+
+    bool start_object(std::size_t /*elements*/) override { return open(Json::object()); }
+    bool end_object() override { return close(); }
+    bool start_array(std::size_t /*elements*/) override { return open(Json::array()); }
+    bool end_array() override { return close(); }
+
+    bool key(string_t& name) override
+    {
+        open_.back().key = name;
+        if (!open_.back().value->contains(name))
+            return true;
+        *fault_ = {pointerToCurrent().to_string(), "the key occurs twice"};
+        return false;
+    }
+
+    bool parse_error(std::size_t bytes, const std::string& /*token*/,
+                     const nlohmann::detail::exception& error) override
+    {
+        *fault_ = {placeInText(text_, bytes), reasonIn(error.what())};
+        return false;
+    }
+
+private:
+    // An object or array that has not ended yet, and the key of the current value in an object.
+    struct Open {
+        Json* value;
+        std::string key;
+    };
+
+    template <typename Value>
+    bool addScalar(Value&& value)
+    {
+        add(Json(std::forward<Value>(value)));
+        return true;
+    }
+
+    bool open(Json&& value)
+    {
+        open_.push_back({add(std::move(value)), {}});
+        return true;
+    }
+
+    bool close()
+    {
+        open_.pop_back();
+        return true;
+    }
+
+    Json* add(Json&& value)
+    {
+        if (open_.empty()) {
+            document_ = std::move(value);
+            return &document_;
+        }
+        Json& parent = *open_.back().value;
+        if (parent.is_array()) {
+            parent.push_back(std::move(value));
+            return &parent.back();
+        }
+        return &(parent[open_.back().key] = std::move(value));
+    }
+
+    JsonPointer pointerToCurrent() const
+    {
+        JsonPointer pointer;
+        for (const Open& level : open_) {
+            if (level.value->is_array())
+                pointer /= level.value->size() - 1;
+            else
+                pointer /= level.key;
+        }
+        return pointer;
+    }
+
+    const std::string& text_;
+    JsonFault* fault_;
+    Json document_;
+    std::vector<Open> open_;
+};
+
+}  // namespace
+
+std::optional<Json> parseJson(const std::string& text, JsonFault* fault)
+{
+    DocumentBuilder builder(text, fault);
+    if (!Json::sax_parse(text, &builder))
+        return std::nullopt;
+    return builder.takeDocument();
+}
+
+}  // namespace marvane
