@@ -12,33 +12,10 @@
 #include <memory>
 
 #include "editor_antlr3.h"
+#include "textjudge.h"
+#include "validatorformat.h"
 
 class TreeItem;
-
-// What a cell's text can be held against. A text passes when the validator answers Acceptable.
-enum VaidatorFormat {
-    Event_Name_VF,
-    RegName_VF,
-    FilePath_VF,
-    Descript_VF,
-    Interval_VF,
-    VarName_VF,
-    Integer_VF,
-    Yesno_VF,
-    Comment_VF,
-    Default_VF,
-    Scribonid_VF,
-    StatMem_VF,
-    ChannelName_VF,
-    ParameterName_VF,
-    ECMFilepath_VF,
-    VarName_dblq_VF,
-    VarName_sq_VF,
-    VALIDATOR_COUNT
-};
-
-// The formats as patterns of the toolkit's default syntax, case-sensitive.
-extern const std::array<const char*, VALIDATOR_COUNT> ValidatorPatterns;
 
 // Columns of each tab, and five header slots a tab; a null slot is an empty header. Padding blanks
 // and line breaks give the columns their first width.
@@ -119,6 +96,7 @@ private:
     bool dirty = false;
     QUndoStack undoStack;
     std::array<std::unique_ptr<QRegExp>, VALIDATOR_COUNT> regExpVF;
-    std::array<std::unique_ptr<QRegExpValidator>, VALIDATOR_COUNT> de_validator;
+    FormatValidators de_validator;
+    TextJudge judge{de_validator};
     int errorCount = 0;
 };
