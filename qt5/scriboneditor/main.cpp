@@ -62,6 +62,7 @@ int main(int argc, char* argv[])
     auto* const mainWindow = new MainWindow(nullptr);
     if (QCoreApplication::arguments().size() > 1)
         mainWindow->loadFile(QString::fromLocal8Bit(argv[1]), false);
+    mainWindow->readSettings();
     QCoreApplication::setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles, true);
     mainWindow->ensurePolished();
     mainWindow->show();

@@ -11,6 +11,7 @@
 #include <QStyledItemDelegate>
 #include <QTabWidget>
 #include <QTextStream>
+#include <QTimer>
 #include <QTreeView>
 #include <QUndoGroup>
 #include <QUndoStack>
@@ -20,6 +21,7 @@
 #include "editor_antlr3.h"
 #include "editorundocommand.h"
 #include "scribon_keywords.h"
+#include "statusbarform.h"
 #include "treemodel.h"
 
 MainWindow* EditorMainWindow = nullptr;
@@ -56,6 +58,7 @@ struct TabFacts {
     const char* text;
     const char* pageTitle;
     const char* toolTip;
+    const char* errorLabel;
     int editTab;
     const char* section;  // null on the tab that is no list
     int insertEndColumn;
@@ -66,18 +69,23 @@ struct TabFacts {
 const std::array<TabFacts, TAB_COUNT> TABS{{
     {QT_TRANSLATE_NOOP("MainWindow", "Keywords"), nullptr,
      QT_TRANSLATE_NOOP("MainWindow", "Select Keywords "),
+     QT_TRANSLATE_NOOP("MainWindow", "Keyword Errors:"),
      EDIT_TAB1, nullptr, 2, 2},
     {QT_TRANSLATE_NOOP("MainWindow", "Scan List"), QT_TRANSLATE_NOOP("MainWindow", "Scanlist"),
      QT_TRANSLATE_NOOP("MainWindow", "Add MarvaneVariables and Channel Keywords to Scanlist"),
+     QT_TRANSLATE_NOOP("MainWindow", "Scan List Errors:"),
      EDIT_TAB2, "SCAN_LIST", 3, 3},
     {QT_TRANSLATE_NOOP("MainWindow", "Meta Data List"), QT_TRANSLATE_NOOP("MainWindow", "Meta_Data"),
      QT_TRANSLATE_NOOP("MainWindow", "Add PAM Keyword associated to Marvane Variable"),
+     QT_TRANSLATE_NOOP("MainWindow", "Meta Data List Errors:"),
      EDIT_TAB3, "META_DATA", 2, 3},
     {QT_TRANSLATE_NOOP("MainWindow", "Scan List Aux User"), QT_TRANSLATE_NOOP("MainWindow", "Scan List Aux User"),
      QT_TRANSLATE_NOOP("MainWindow", "Add Auxilary Scan List Parameters"),
+     QT_TRANSLATE_NOOP("MainWindow", "Scan List Aux User Errors:"),
      EDIT_TAB4, "SCAN_LIST_AUX_USER", 2, 2},
     {QT_TRANSLATE_NOOP("MainWindow", "ECM List"), QT_TRANSLATE_NOOP("MainWindow", "ECM List"),
      QT_TRANSLATE_NOOP("MainWindow", "Select Lists of Marvane Vaiables from ASAM Spec files"),
+     QT_TRANSLATE_NOOP("MainWindow", "ECM List Errors:"),
      EDIT_TAB5, "ECM_LIST", 2, 2},
 }};
 // clang-format on
@@ -159,6 +167,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     setupActions();
     updateActions();
     fillKeywordHelp();
+    startCounting();
 }
 
 MainWindow::MainWindow(const QString& fileName, QWidget* parent) : QMainWindow(parent)
@@ -335,6 +344,7 @@ void MainWindow::showDocument(const QString& fileName)
     loadedFile = true;
     for (int tab = 0; tab < TAB_COUNT; ++tab)
         modelOf(tab)->setDirty();
+    updateErrorCount();
 }
 
 // The old model goes last: the view and its selection still speak to it while they change over.
@@ -344,6 +354,8 @@ void MainWindow::showModel(int tab, std::unique_ptr<TreeModel> model)
     setDelegate(tab, std::make_unique<Antlr3_BaseTreeDelegate>());
     view[slot]->setEditTriggers(QAbstractItemView::DoubleClicked |
                                 QAbstractItemView::EditKeyPressed);
+    connect(model.get(), &TreeModel::codesChanged, view[slot]->viewport(),
+            qOverload<>(&QWidget::update));
     QItemSelectionModel* const before = view[slot]->selectionModel();
     view[slot]->setModel(model.get());
     dropSelectionModel(before);
@@ -544,8 +556,66 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
+    writeSettings();
     event->accept();
     free_resources();
+}
+
+// ---- Errors
+// --------------------------------------------------------------------------------------
+
+void MainWindow::startCounting()
+{
+    constexpr int TICK_MS = 500;
+    statusBarform = new StatusBarForm;
+    statusBar()->addPermanentWidget(statusBarform, 0);
+    timer = new QTimer(this);
+    connect(timer, &QTimer::timeout, this, &MainWindow::checkErrorCount);
+    timer->start(TICK_MS);
+}
+
+void MainWindow::checkErrorCount()
+{
+    if (loadedFile)
+        updateErrorCount();
+}
+
+// The current tab, as long as it has errors, is judged again each time; the others when they have
+// changed.
+void MainWindow::updateErrorCount()
+{
+    totalErrorCount = 0;
+    if (!loadedFile)
+        return;
+    const int tab_index = currentTab();
+    for (int tab = 0; tab < TAB_COUNT; ++tab) {
+        TreeModel* const model = modelOf(tab);
+        if (tab == tab_index && model->getErrorCount() > 0)
+            model->setDirty();
+        model->validate_model();
+        if (tab == tab_index)
+            tabErrorCount = model->getErrorCount();
+        totalErrorCount += model->getErrorCount();
+    }
+    if (statusBarform != nullptr)
+        showErrorCounts(tab_index);
+}
+
+// Writes what has changed and nothing else: an idle document repaints no status bar.
+void MainWindow::showErrorCounts(int tab)
+{
+    if (tabErrorCount != lastTabErrorCount) {
+        lastTabErrorCount = tabErrorCount;
+        statusBarform->setTabErrCount(tabErrorCount);
+    }
+    if (tab != statusBarform->getTabIndex()) {
+        statusBarform->setTabErrLabel(tr(factsOf(tab).errorLabel));
+        statusBarform->setTabIndex(tab);
+    }
+    if (totalErrorCount != lastTotalErrorCount) {
+        lastTotalErrorCount = totalErrorCount;
+        statusBarform->setErrorCount(totalErrorCount);
+    }
 }
 
 // ---- Tabs and rows -----------------------------------------------------------------------------
@@ -577,8 +647,10 @@ void MainWindow::updateActions()
 void MainWindow::currentTabChanged(int tabIndex)
 {
     const QList<QUndoStack*> stacks = undoGroup->stacks();
-    if (tabIndex >= 0 && tabIndex < stacks.size())
+    if (tabIndex >= 0 && tabIndex < stacks.size()) {
         undoGroup->setActiveStack(stacks.at(tabIndex));
+        updateErrorCount();
+    }
 }
 
 // The point is one of a view, yet taken as the window's own: the menu opens displaced by the view's
@@ -615,6 +687,7 @@ void MainWindow::insertRow()
     tree->selectionModel()->setCurrentIndex(newRow, QItemSelectionModel::ClearAndSelect);
     tree->edit(newRow);
     model->setDirty();
+    model->validate_model();
 }
 
 // What may not go: a required keyword, and on a list tab the section's own row, which is also what

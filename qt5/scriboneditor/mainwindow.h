@@ -19,9 +19,11 @@
 class QAbstractItemDelegate;
 class QCloseEvent;
 class QTabWidget;
+class QTimer;
 class QTreeView;
 class QUndoGroup;
 class QUndoStack;
+class StatusBarForm;
 class TreeModel;
 
 class MainWindow : public QMainWindow, private Ui::MainWindow {
@@ -41,6 +43,10 @@ public:
     // title, and nothing is loaded then.
     void loadFile(const QString& fileName, bool newFile);
 
+    // Takes over the stored place, size, fonts and colour, or their defaults. For a window that is
+    // about to be shown.
+    void readSettings();
+
     // Spans column 0 of a row over all columns, or ends that.
     void setFirstColumnSpanned(int tabIndex, int row, const QModelIndex& index, bool bVal);
 
@@ -54,6 +60,7 @@ public Q_SLOTS:
     void updateActions();
     QUndoStack* uStack();
     void ShowContextMenu(const QPoint& pos);
+    void checkErrorCount();
     void delayedInit();
     void insertRow();
     void removeRow();
@@ -76,6 +83,10 @@ private:
     void setupTables(QMainWindow* window);
     void setupView(int tab);
     void setupActions();
+    void startCounting();
+    void updateErrorCount();
+    void showErrorCounts(int tab);
+    void writeSettings();
 
     bool setupEditor(const QString& fileName, bool newFile);
     void clearUndoStacks();
@@ -116,6 +127,12 @@ public:
 
 private:
     std::array<std::unique_ptr<QUndoStack>, TAB_SLOTS> undoStacks;
+    int totalErrorCount = 0;
+    int lastTotalErrorCount = -1;  // what the status bar shows
+    int lastTabErrorCount = -1;
+    int tabErrorCount = 0;
+    QTimer* timer = nullptr;
+    StatusBarForm* statusBarform = nullptr;
 
 public:
     preference_results myPrefs;

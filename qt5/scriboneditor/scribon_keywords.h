@@ -205,3 +205,11 @@ constexpr const ScribonKeyword* scribonKeyword(int token)
     }
     return nullptr;
 }
+
+constexpr std::array<const ScribonKeyword*, DISPLAY_ORDER.size()> keywordsInDisplayOrder()
+{
+    std::array<const ScribonKeyword*, DISPLAY_ORDER.size()> keywords{};
+    for (size_t i = 0; i < DISPLAY_ORDER.size(); ++i)
+        keywords[i] = scribonKeyword(DISPLAY_ORDER[i]);
+    return keywords;
+}

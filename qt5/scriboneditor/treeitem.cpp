@@ -107,6 +107,7 @@ bool TreeItem::setData(int column, const QVariant& value)
     if (!contains(itemData, column))
         return false;
     itemData[column] = value;
+    dirty = true;
     return true;
 }
 

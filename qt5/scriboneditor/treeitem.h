@@ -56,6 +56,7 @@ public:
     // the text is the same, and for a cell that never held a value: such a cell is not editable.
     bool undoredo_setData(TreeModel* model, const QModelIndex& index, const QVariant& value);
 
+    // Whether a text of the row is new since its cells were last judged. Storing one sets it.
     void setDirty();
     bool isDirty() const;
     void clrDirty();

@@ -121,6 +121,12 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const
             return getItem(index)->data(index.column());
         case Qt::UserRole:
             return errorCode(index);
+        case Qt::ForegroundRole:
+            return colour(index);
+        case Qt::DecorationRole:
+            return decoration(index);
+        case Qt::ToolTipRole:
+            return toolTip(index);
         default:
             return {};
     }
@@ -148,6 +154,7 @@ void TreeModel::markChanged()
 {
     modified = true;
     dirty = true;
+    touched = true;
 }
 
 bool TreeModel::setData(const QModelIndex& index, const QVariant& value, int role)
@@ -190,6 +197,7 @@ bool TreeModel::insertRows(int position, int rows, const QModelIndex& parent)
     const bool inserted = parentItem->insertChildren(position, rows, rootItem->columnCount());
     if (changes)
         endInsertRows();
+    touched = true;
     return inserted;
 }
 
@@ -241,7 +249,10 @@ QVariant TreeModel::errorCode(const QModelIndex& index) const
 
 bool TreeModel::setErrorCode(const QModelIndex& index, const QVariant& value) const
 {
-    return getItem(index)->setErrorCode(index.column(), value);
+    TreeItem* const row = getItem(index);
+    row->setDirty();
+    touched = true;
+    return row->setErrorCode(index.column(), value);
 }
 
 int TreeModel::getErrorCount() const
@@ -251,6 +262,7 @@ int TreeModel::getErrorCount() const
 
 void TreeModel::clearErrorCount()
 {
+    touched = true;
     errorCount = 0;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractItemModel>
+#include <QIcon>
 #include <QRegExp>
 #include <QRegExpValidator>
 #include <QStringList>
@@ -84,18 +85,42 @@ public:
     bool isDirty() const;
     void setDirty();
 
+    // Judges the tab's cells, if it is dirty: gives them their error codes and counts the faults.
+    // Nothing is refused. Row texts alone count, so it works while a file is loading.
+    void validate_model();
+
+Q_SIGNALS:
+    // A pass changed codes, and with them how cells look.
+    void codesChanged();
+
 private:
     void setupModelData(pANTLR3_BASE_TREE bTree, TreeItem* parent);
     TreeItem* getItem(const QModelIndex& index) const;
     void markChanged();
+    QVariant colour(const QModelIndex& index) const;
+    bool hasArrow(const QModelIndex& index) const;
+    QVariant decoration(const QModelIndex& index) const;
+    QVariant keywordToolTip(const QModelIndex& index) const;
+    QVariant toolTip(const QModelIndex& index) const;
+
+    bool startPass();
+    bool startListPass(int keywordEditor);
+    void endPass(int errors, bool changedCodes);
+    void validate_tab1();
+    void validate_tab2();
+    void validate_tab3();
+    void validate_tab4();
+    void validate_tab5();
 
     std::unique_ptr<TreeItem> rootItem;
     pANTLR3_BASE_TREE rootTree = nullptr;
     ANTLR3_UINT32 tabIndexNumber;
     bool modified = false;
     bool dirty = false;
+    mutable bool touched = true;  // since the last pass, by whoever changes rows or codes
     QUndoStack undoStack;
     std::array<std::unique_ptr<QRegExp>, VALIDATOR_COUNT> regExpVF;
+    mutable QIcon arrowIcon;  // made when it is first asked for
     FormatValidators de_validator;
     TextJudge judge{de_validator};
     int errorCount = 0;

@@ -1,0 +1,85 @@
+// What the window remembers from one run to the next.
+
+#include <QApplication>
+#include <QPoint>
+#include <QSettings>
+#include <QSize>
+
+#include "mainwindow.h"
+
+namespace {
+
+const auto SETTINGS_DIRECTORY = QStringLiteral("/specs/qt");
+
+// The settings of all users of the cell, in a folder beside their spec files.
+class CellSettings {
+public:
+    CellSettings()
+    {
+        usePath();
+        m_settings =
+            std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::SystemScope,
+                                        QStringLiteral("ScribonUI"), QStringLiteral("preferences"));
+        usePath();
+    }
+
+    QSettings* operator->() { return m_settings.get(); }
+
+private:
+    static void usePath()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::SystemScope, SETTINGS_DIRECTORY);
+    }
+
+    std::unique_ptr<QSettings> m_settings;
+};
+
+constexpr int BOLD_FROM = 58;
+
+QFont defaultFont()
+{
+    constexpr int SIZE = 12;
+    constexpr int WEIGHT = 57;
+    return {QStringLiteral("Spectral"), SIZE, WEIGHT, false};
+}
+
+}  // namespace
+
+void MainWindow::readSettings()
+{
+    constexpr int DEFAULT_FONT_SIZE = 12;
+    CellSettings settings;
+    const QPoint place = settings->value(QStringLiteral("pos"), QPoint(200, 200)).toPoint();
+    const QSize extent = settings->value(QStringLiteral("size"), QSize(400, 400)).toSize();
+    myPrefs.syntaxColor =
+        settings->value(QStringLiteral("syntaxfgcolor"), QStringLiteral("red")).value<QColor>();
+    myPrefs.syntaxFont =
+        settings->value(QStringLiteral("syntaxFont"), defaultFont()).value<QFont>();
+    myPrefs.editorFont =
+        settings->value(QStringLiteral("editorFont"), defaultFont()).value<QFont>();
+    myPrefs.syntaxBold = settings->value(QStringLiteral("syntaxBold"), false).toBool();
+    myPrefs.syntaxItalic = settings->value(QStringLiteral("syntaxItalic"), false).toBool();
+    myPrefs.syntaxFontSize =
+        settings->value(QStringLiteral("syntaxFontSize"), DEFAULT_FONT_SIZE).toInt();
+    myPrefs.editorFontSize =
+        settings->value(QStringLiteral("editorFontSize"), DEFAULT_FONT_SIZE).toInt();
+    myPrefs.editorFont.setPointSize(myPrefs.editorFontSize);
+    QApplication::setFont(myPrefs.editorFont);
+    resize(extent);
+    move(place);
+}
+
+void MainWindow::writeSettings()
+{
+    CellSettings settings;
+    const QFont& syntax = myPrefs.syntaxFont;
+    settings->setValue(QStringLiteral("pos"), pos());
+    settings->setValue(QStringLiteral("size"), size());
+    settings->setValue(QStringLiteral("syntaxfgcolor"), myPrefs.syntaxColor);
+    settings->setValue(QStringLiteral("syntaxFont"), syntax.family());
+    settings->setValue(QStringLiteral("editorFont"), myPrefs.editorFont.family());
+    settings->setValue(QStringLiteral("syntaxBold"), syntax.weight() >= BOLD_FROM);
+    settings->setValue(QStringLiteral("syntaxItalic"), syntax.style() != QFont::StyleNormal);
+    settings->setValue(QStringLiteral("syntaxFontSize"), syntax.pointSize());
+    settings->setValue(QStringLiteral("editorFontSize"), myPrefs.editorFont.pointSize());
+}

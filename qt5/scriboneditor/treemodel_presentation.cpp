@@ -1,0 +1,167 @@
+// How cells look: their colour, the arrow that says that a list can be opened there, and their tool
+// tips.
+
+#include <QColor>
+#include <array>
+
+#include "mainwindow.h"
+#include "treeitem.h"
+#include "treemodel.h"
+
+namespace {
+
+constexpr int ANY_COLUMN = -1;
+
+// What a good cell's tool tip says, and what is added to it for a wrong or repeated one.
+struct CellTip {
+    int kind;  // of the keyword on the Keywords tab, of the tab on the others
+    int column;
+    const char* tip;
+    const char* syntaxMsg;
+    const char* duplicateMsg;
+};
+
+// clang-format off
+constexpr std::array<CellTip, 18> CELL_TIPS{{
+    {DESCRIPTION_EDITOR, ANY_COLUMN, "Enter a computed expression",
+     "\n Computed expression must begin and end with double-quotes or single-quotes >>\n\n"
+     "Examples:\n '/data/testfile.dat' \n \"'Brenno_sim_test' + '.'+ @year_month_day() + '.csv'\" ", ""},
+    {DIR_PATH_EDITOR, ANY_COLUMN, "Enter the directory path",
+     "<<Invalid chars in directory path>>", ""},
+    {EVENT_EDITOR, ANY_COLUMN, "Enter a event name",
+     "<< Invalid chars in event name\nValid chars: A-Z,a-z,_,0-9: Max Length 32>>", ""},
+    {SCAN_INTERVAL_EDITOR, ANY_COLUMN, "Scan Interval",
+     "\nInvalid Scan Interval or Integer variable>>", ""},
+    {MARVANE_VAR_EDITOR, ANY_COLUMN, "Select a variable name",
+     "\nInvalid chars in variable name>>", ""},
+    {LOGICAL_VAR_EDITOR, ANY_COLUMN, "Select a logical name",
+     "\nInvalid chars in variable name>>", ""},
+    {STRING_VAR_EDITOR, ANY_COLUMN, "Select a string variable",
+     "\nInvalid chars in variable name>>", ""},
+    {INTEGER_TIME_INT_EDITOR, 1, "Enter a time interval with units\n Example: 10[msec]",
+     "\nInvalid chars in variable name >>", ""},
+    {INTEGER_TIME_INT_EDITOR, 2, "Enter a event name",
+     "\nInvalid chars in event name>>", ""},
+
+    {EDIT_TAB2, 1, "Click to select a Marvane Variable",
+     "\nInvalid chars in variable name>>", ""},
+    {EDIT_TAB2, 2, "Click to select a statistical member",
+     "\nInvalid statistical member>>", ""},
+    {EDIT_TAB2, 3, "Click to select a Channel Keyword",
+     "\n Invalid chars in keyword>>", " Duplicate Channel >>"},
+    {EDIT_TAB3, 1, "Click to select a PAM keyword",
+     "\n Invalid chars in PAM keyword>>", " Duplicate keyword found!  >>"},
+    {EDIT_TAB3, 2, "Click to select a Marvane variable",
+     "\nInvalid chars in variable name>>", ""},
+    {EDIT_TAB4, 1, "Click to select a Marvane variable",
+     "\nInvalid chars in variable name >>", ""},
+    {EDIT_TAB4, 2, "Click to enter or modify a alternate name",
+     "\nInvalid chars in variable name>>", " Duplicate alternate name>>"},
+    {EDIT_TAB5, 1, "Click to enter ECM instance",
+     "\nInvalid chars in ECM instance >>", "\nDuplicate ECM instance >>"},
+    {EDIT_TAB5, 2, "Click to Select ASAM3_specs path",
+     "\nInvalid chars in path>>", "\nDuplicate path >>"},
+}};
+// clang-format on
+
+constexpr CellTip NO_TIP{0, ANY_COLUMN, "", "", ""};
+
+const CellTip& cellTip(int kind, int column)
+{
+    for (const CellTip& row : CELL_TIPS) {
+        if (row.kind == kind && (row.column == ANY_COLUMN || row.column == column))
+            return row;
+    }
+    return NO_TIP;
+}
+
+QString textAt(const QModelIndex& index, int column)
+{
+    return index.siblingAtColumn(column).data(Qt::DisplayRole).toString();
+}
+
+// The Keywords tab opens choosers for its keywords and for values of these kinds.
+bool opensChooser(int keywordKind)
+{
+    return keywordKind == LOGICAL_VAR_EDITOR || keywordKind == STRING_VAR_EDITOR ||
+           keywordKind == YESNO_EDITOR || keywordKind == DIR_PATH_EDITOR;
+}
+
+}  // namespace
+
+QVariant TreeModel::colour(const QModelIndex& index) const
+{
+    if (errorCode(index).toInt() != DE_NOERROR && EditorMainWindow != nullptr)
+        return EditorMainWindow->myPrefs.syntaxColor;
+    return QColor(QStringLiteral("black"));
+}
+
+// A cell that can open a chooser has an arrow, unless it is in error; on the Scan List the
+// variable's code speaks for the whole row.
+bool TreeModel::hasArrow(const QModelIndex& index) const
+{
+    const int column = index.column();
+    if (tabIndexNumber == EDIT_TAB1) {
+        const int keywordKind = judge.editorType(textAt(index, 0));
+        return keywordKind != COMMENT_LINE && errorCode(index).toInt() == DE_NOERROR &&
+               (column == 0 || (column == 1 && opensChooser(keywordKind)));
+    }
+    const bool scanList = tabIndexNumber == EDIT_TAB2;
+    const QModelIndex judged = scanList ? index.siblingAtColumn(1) : index;
+    if (!index.data(Qt::DisplayRole).isValid() || errorCode(judged).toInt() != DE_NOERROR ||
+        judge.editorType(textAt(index, 1)) == COMMENT_LINE)
+        return false;
+    if (tabIndexNumber == EDIT_TAB5)
+        return column == 2;
+    const int ownKind = judge.editorType(textAt(index, column));
+    if (ownKind == COMMENT_LINE)
+        return false;
+    if (scanList)
+        return column == 1 || column == 3 || (column == 2 && ownKind == STAT_MEM_EDITOR);
+    return column == 1 || (column == 2 && tabIndexNumber == EDIT_TAB3);
+}
+
+// Without an arrow the cell's text is the answer, which views ignore as a decoration but for one
+// thing: they keep room for an icon of the delegate's.
+QVariant TreeModel::decoration(const QModelIndex& index) const
+{
+    if (!hasArrow(index))
+        return getItem(index)->data(index.column());
+    if (arrowIcon.isNull())
+        arrowIcon =
+            QIcon(tabIndexNumber == EDIT_TAB1 ? QStringLiteral(":/resources/arrow-down.png")
+                                              : QStringLiteral(":resources/arrow-down.png"));
+    return arrowIcon;
+}
+
+// Help on the keyword. The look-up is by subscript, so the window's table grows as the mouse
+// wanders over texts that it does not know.
+QVariant TreeModel::keywordToolTip(const QModelIndex& index) const
+{
+    const QString text = textAt(index, 0);
+    const QString key = text.startsWith(QLatin1Char('@')) ? text.mid(1).toLower().trimmed() : text;
+    QString help = EditorMainWindow == nullptr ? QString() : EditorMainWindow->hash[key];
+    const int code = errorCode(index).toInt();
+    if (code == DE_DUPLICATE_ERR)
+        help += QStringLiteral("\n<< Duplicate entry found! >>");
+    if (code == DE_SYNTAX_ERR)
+        help += QStringLiteral("\nInvalid keyword found! >>");
+    return help;
+}
+
+QVariant TreeModel::toolTip(const QModelIndex& index) const
+{
+    const int column = index.column();
+    if (column == 0 && index.data(Qt::DisplayRole).canConvert<QString>())
+        return keywordToolTip(index);
+    const int kind = tabIndexNumber == EDIT_TAB1 ? judge.editorType(textAt(index, 0))
+                                                 : static_cast<int>(tabIndexNumber);
+    const CellTip& row = column == 0 ? NO_TIP : cellTip(kind, column);
+    QString tip = QString::fromLatin1(row.tip);
+    const int code = errorCode(index).toInt();
+    if (code == DE_SYNTAX_ERR)
+        tip += QStringLiteral("\n<< Syntax Error! ") + QString::fromLatin1(row.syntaxMsg);
+    if (code == DE_DUPLICATE_ERR)
+        tip += QStringLiteral("\n<< ") + QString::fromLatin1(row.duplicateMsg);
+    return tip.isEmpty() ? QVariant() : tip;
+}
