@@ -82,12 +82,6 @@ bool DeskDirectory::holds(const DirectoryArray& array) const
            array.count <= (size_ - array.offset) / sizeof(Element);
 }
 
-template <typename Element>
-const Element* DeskDirectory::array(const DirectoryArray& array) const
-{
-    return reinterpret_cast<const Element*>(static_cast<const char*>(address_) + array.offset);
-}
-
 std::optional<DeskDirectory::NameMatch> DeskDirectory::findName(std::string_view name) const
 {
     const bool mustBeStructured = !name.empty() && name.back() == '.';

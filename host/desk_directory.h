@@ -51,7 +51,10 @@ private:
 
     const DirectoryHeader& header() const { return *static_cast<const DirectoryHeader*>(address_); }
     template <typename Element>
-    const Element* array(const DirectoryArray& array) const;
+    const Element* array(const DirectoryArray& array) const
+    {
+        return reinterpret_cast<const Element*>(static_cast<const char*>(address_) + array.offset);
+    }
     std::optional<NameMatch> matchInBucket(uint32_t bucket, std::string_view name) const;
 
     FileDescriptor object_;  // whose lock tells whether the platform runs
