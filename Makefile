@@ -5,7 +5,7 @@ SHELL := /bin/bash
 .NOTPARALLEL:
 
 # The spec file that `make run` opens: a name in .run/specs or a path.
-SPEC ?= engine_mapping
+SPEC ?= scrib_engine_mapping
 # How long `make fuzz` stays with each target.
 FUZZ_SECONDS ?= 60
 # What it takes to show the window: nothing more where there is an X display.
