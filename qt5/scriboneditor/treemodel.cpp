@@ -36,6 +36,19 @@ const std::array<const char*, TAB_COUNT * HEADER_SLOTS> TableHeaders{
 
 namespace {
 
+// All models share the compiled patterns, which also outlive them: compiling them takes longer than
+// loading a small file.
+const std::array<QRegExp, VALIDATOR_COUNT>& compiledPatterns()
+{
+    static const auto patterns = [] {
+        std::array<QRegExp, VALIDATOR_COUNT> compiled;
+        for (size_t i = 0; i < compiled.size(); ++i)
+            compiled[i].setPattern(QString::fromLatin1(ValidatorPatterns[i]));
+        return compiled;
+    }();
+    return patterns;
+}
+
 bool isInsertion(int position, int count, int size)
 {
     return count > 0 && position >= 0 && position <= size;
@@ -61,7 +74,7 @@ TreeModel::TreeModel(const QStringList& headers, pANTLR3_BASE_TREE tree, ANTLR3_
     setObjectName(QStringLiteral("Model%1").arg(tab));
     rootItem = std::make_unique<TreeItem>(rootData, QVector<QVariant>());
     for (size_t i = 0; i < ValidatorPatterns.size(); ++i) {
-        regExpVF[i] = std::make_unique<QRegExp>(QString::fromLatin1(ValidatorPatterns[i]));
+        regExpVF[i] = std::make_unique<QRegExp>(compiledPatterns()[i]);
         de_validator[i] = std::make_unique<QRegExpValidator>(*regExpVF[i]);
     }
     setupModelData(tree, rootItem.get());
