@@ -96,7 +96,8 @@ public:
     {
         const Node top{document_, JsonPointer()};
         return isObjectOf(top, {"$schema", "units", "counts", "areas", "keywords"}) &&
-               readUnits(top) && readCounts(top) && readAreas(top) && readKeywords(top);
+               readSchemaName(top) && readUnits(top) && readCounts(top) && readAreas(top) &&
+               readKeywords(top);
     }
 
     Catalogue takeCatalogue() { return std::move(catalogue_); }
@@ -155,6 +156,13 @@ private:
             return fail(node.at, "must be a whole number from 0 to " + std::to_string(largest));
         number = node.value.get<uint16_t>();
         return true;
+    }
+
+    // For the editors of catalogue files only.
+    bool readSchemaName(const Node& top)
+    {
+        std::string name;
+        return !top.value.contains("$schema") || readText(top["$schema"], SIZE_MAX, name);
     }
 
     bool readUnits(const Node& top)

@@ -136,6 +136,12 @@ private:
 
 std::optional<Json> parseJson(const std::string& text, JsonFault* fault)
 {
+    // The library takes a zero byte for the end of the text.
+    const size_t zero = text.find('\0');
+    if (zero != std::string::npos) {
+        *fault = {placeInText(text, zero + 1), "a zero byte"};
+        return std::nullopt;
+    }
     DocumentBuilder builder(text, fault);
     if (!Json::sax_parse(text, &builder))
         return std::nullopt;
