@@ -87,6 +87,7 @@ private:
     void updateErrorCount();
     void showErrorCounts(int tab);
     void writeSettings();
+    void showEditorFont();
 
     bool setupEditor(const QString& fileName, bool newFile);
     void clearUndoStacks();

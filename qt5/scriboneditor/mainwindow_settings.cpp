@@ -1,9 +1,11 @@
 // What the window remembers from one run to the next.
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QPoint>
 #include <QSettings>
 #include <QSize>
+#include <QTreeView>
 
 #include "mainwindow.h"
 
@@ -65,8 +67,21 @@ void MainWindow::readSettings()
         settings->value(QStringLiteral("editorFontSize"), DEFAULT_FONT_SIZE).toInt();
     myPrefs.editorFont.setPointSize(myPrefs.editorFontSize);
     QApplication::setFont(myPrefs.editorFont);
+    showEditorFont();
     resize(extent);
     move(place);
+}
+
+// Cells are painted in the editor font; the views must measure them in it too, or texts would be
+// cut off. Headers keep the font of the window's content.
+void MainWindow::showEditorFont()
+{
+    for (int tab = 0; tab < TAB_COUNT; ++tab) {
+        QTreeView* const tree = view[static_cast<size_t>(tab)];
+        tree->setFont(myPrefs.editorFont);
+        tree->header()->setFont(centralwidget->font());
+        fitColumns(tab);
+    }
 }
 
 void MainWindow::writeSettings()

@@ -1,0 +1,24 @@
+// Spec files of any size for the benchmarks, made once each and removed at the end.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class TreeModel;
+
+// The name of a spec file with this many scan list rows, every fifth with a statistical member.
+const std::string& specFileOfRows(int rows);
+
+// The five models of the last read_file, in tab order.
+std::vector<std::unique_ptr<TreeModel>> makeModels();
+
+// Runs a program's benchmarks. The memory of one round is kept for the next: what the kernel takes
+// to hand out fresh pages says nothing about how our work grows with the document.
+int runBenchmarks(int argc, char** argv);
+
+// The sizes that everything is measured at, and the rows as the unit of what is done.
+void atAllSizes(benchmark::internal::Benchmark* measured);
+void countRows(benchmark::State* state);
