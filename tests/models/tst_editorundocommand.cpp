@@ -1,0 +1,489 @@
+// The undo command: edits of cells, rows inserted and removed, back and forth.
+
+#include <QTest>
+#include <random>
+
+#include "editing_window.h"
+#include "editorundocommand.h"
+#include "model_text.h"
+
+namespace {
+
+QStringList lines(std::initializer_list<const char*> items)
+{
+    QStringList result;
+    for (const char* item : items)
+        result.append(QString::fromLatin1(item));
+    return result;
+}
+
+const QStringList ROWS =
+    lines({"@SCRIBON | x | FILLER_TXT", "@MODE | m | <unset>", "@GROUP | g | FILLER_TXT"});
+
+// A document, the window that its edits go through, and the stack that keeps them.
+class Editing {
+public:
+    explicit Editing(const QStringList& rows = ROWS, int tab = EDIT_TAB1)
+        : m_model(modelOfRows(tab, rows))
+    {
+    }
+
+    TreeModel* model() { return m_model.get(); }
+    QUndoStack* stack() { return m_window.stack(); }
+    QStringList rows() const { return rowLines(*m_model); }
+    QString cell(int row, int column) const
+    {
+        return m_model->index(row, column).data().toString();
+    }
+
+    bool edit(int row, int column, const QString& text)
+    {
+        return m_model->undoredo_setData(m_model->index(row, column), text);
+    }
+
+    // The way the window does it: a row below this one.
+    void insertBelow(int row)
+    {
+        const QModelIndex index = m_model->index(row, 0);
+        stack()->push(
+            new EditorUndoCommand(model(), index, index.row() + 1, 0, lastColumn(), uaddRow));
+    }
+
+    void remove(int row)
+    {
+        stack()->push(new EditorUndoCommand(model(), m_model->index(row, 1), row, 0, lastColumn(),
+                                            uremoveRow));
+    }
+
+    void undo(int steps = 1)
+    {
+        for (int i = 0; i < steps; ++i)
+            stack()->undo();
+    }
+    void redo(int steps = 1)
+    {
+        for (int i = 0; i < steps; ++i)
+            stack()->redo();
+    }
+
+private:
+    int lastColumn() const { return m_model->columnCount() - 1; }
+
+    EditingWindow m_window;
+    std::unique_ptr<TreeModel> m_model;
+};
+
+int pick(std::mt19937* random, int count)
+{
+    return static_cast<int>((*random)() % static_cast<unsigned>(count));
+}
+
+// The way a user might.
+void changeSomething(Editing* document, std::mt19937* random)
+{
+    const int rowCount = document->model()->rowCount();
+    const int row = pick(random, rowCount);
+    switch (pick(random, 5)) {
+        case 0:
+            document->insertBelow(row);
+            break;
+        case 1:
+            if (rowCount > 1)
+                document->remove(row);
+            break;
+        case 2:
+            document->edit(row, pick(random, 3), QStringLiteral(""));
+            break;
+        default:
+            document->edit(row, pick(random, 3), QString::number(pick(random, 50)));
+    }
+}
+
+}  // namespace
+
+class tst_EditorUndoCommand : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void editOfACell();
+    void everyEditIsAStep();
+    void editToAnEmptyText();
+    void editFromAnEmptyText();
+    void editFollowsItsRow();
+
+    void insertedRow();
+    void insertedRowGoes();
+    void insertedRowComesBack();
+    void insertIntoNoRows();
+    void insertWithAnIndexAndARowThatDoesNotExist();
+    void textsOfTheFirstUndoComeBack();
+    void typedValueComesBack();
+    void typedValuesOfSeveralRowsComeBack();
+
+    void removedRow();
+    void removedRowComesBack_data();
+    void removedRowComesBack();
+    void errorCodesDoNotComeBack();
+    void columnsBeyondTheLastDoNoHarm();
+    void editOfARemovedRowComesBack();
+    void removalOfTheOnlyRow();
+    void removalOfARowThatDoesNotExist();
+    void removalWithoutACell();
+
+    void modifiedStays();
+    void actsOnItsOwnModel();
+    void commandsHaveNoText();
+    void stackOutlivesTheHistory();
+    void longHistories_data();
+    void longHistories();
+};
+
+void tst_EditorUndoCommand::editOfACell()
+{
+    Editing document;
+    QVERIFY(document.edit(1, 1, QStringLiteral("n")));
+    QCOMPARE(document.cell(1, 1), QStringLiteral("n"));
+    QCOMPARE(document.stack()->count(), 1);
+    document.undo();
+    QCOMPARE(document.rows(), ROWS);
+    document.redo();
+    QCOMPARE(document.cell(1, 1), QStringLiteral("n"));
+}
+
+void tst_EditorUndoCommand::everyEditIsAStep()
+{
+    Editing document;
+    document.edit(1, 1, QStringLiteral("n"));
+    document.edit(1, 1, QStringLiteral("o"));
+    QCOMPARE(document.stack()->count(), 2);
+    document.undo();
+    QCOMPARE(document.cell(1, 1), QStringLiteral("n"));
+    document.undo();
+    QCOMPARE(document.cell(1, 1), QStringLiteral("m"));
+    document.redo(2);
+    QCOMPARE(document.cell(1, 1), QStringLiteral("o"));
+}
+
+void tst_EditorUndoCommand::editToAnEmptyText()
+{
+    Editing document;
+    document.model()->clrModified();
+    QVERIFY(document.edit(1, 1, QStringLiteral("")));
+    QCOMPARE(document.stack()->count(), 1);
+    QCOMPARE(document.rows(), ROWS);
+    document.undo();
+    QCOMPARE(document.rows(), ROWS);
+    document.redo();
+    QCOMPARE(document.rows(), ROWS);
+}
+
+void tst_EditorUndoCommand::editFromAnEmptyText()
+{
+    const QStringList rows = lines({"@ECM_LIST | <empty> | <empty>"});
+    Editing document(rows, EDIT_TAB5);
+    QVERIFY(document.edit(0, 1, QStringLiteral("1")));
+    QCOMPARE(document.cell(0, 1), QStringLiteral("1"));
+    document.undo();
+    QCOMPARE(document.rows(), rows);
+}
+
+void tst_EditorUndoCommand::editFollowsItsRow()
+{
+    Editing document;
+    document.edit(2, 1, QStringLiteral("h"));
+    document.model()->insertRows(0, 2);
+    document.undo();
+    QCOMPARE(document.cell(4, 1), QStringLiteral("g"));
+}
+
+void tst_EditorUndoCommand::insertedRow()
+{
+    Editing document;
+    document.insertBelow(0);
+    QStringList rows = ROWS;
+    rows.insert(1, QStringLiteral("\\s | \\s | \\s"));
+    QCOMPARE(document.rows(), rows);
+    QVERIFY2(document.edit(1, 1, QStringLiteral("v")), "a blank cell takes edits");
+}
+
+void tst_EditorUndoCommand::insertedRowGoes()
+{
+    Editing document;
+    document.insertBelow(2);
+    QCOMPARE(document.model()->rowCount(), 4);
+    document.undo();
+    QCOMPARE(document.rows(), ROWS);
+}
+
+void tst_EditorUndoCommand::insertedRowComesBack()
+{
+    Editing document;
+    document.insertBelow(1);
+    const QStringList rows = document.rows();
+    for (int i = 0; i < 3; ++i) {
+        document.undo();
+        QCOMPARE(document.rows(), ROWS);
+        document.redo();
+        QCOMPARE(document.rows(), rows);
+    }
+}
+
+void tst_EditorUndoCommand::insertIntoNoRows()
+{
+    Editing document(QStringList{});
+    document.insertBelow(0);
+    QCOMPARE(document.stack()->count(), 1);
+    QCOMPARE(document.model()->rowCount(), 0);
+    document.undo();
+    QCOMPARE(document.model()->rowCount(), 0);
+    document.redo();
+    QCOMPARE(document.model()->rowCount(), 0);
+}
+
+void tst_EditorUndoCommand::insertWithAnIndexAndARowThatDoesNotExist()
+{
+    Editing document;
+    document.stack()->push(
+        new EditorUndoCommand(document.model(), document.model()->index(0, 0), 9, 0, 2, uaddRow));
+    QCOMPARE(document.rows(), ROWS);
+    document.undo();
+    QCOMPARE(document.rows(), ROWS);
+    document.redo();
+    QCOMPARE(document.rows(), ROWS);
+}
+
+// What an undo saves is put behind what an earlier one saved, and a redo reads from the front.
+void tst_EditorUndoCommand::textsOfTheFirstUndoComeBack()
+{
+    Editing document;
+    document.insertBelow(0);
+    document.model()->setData(document.model()->index(1, 1), QStringLiteral("first"));
+    document.undo();
+    document.redo();
+    QCOMPARE(document.cell(1, 1), QStringLiteral("first"));
+    document.model()->setData(document.model()->index(1, 1), QStringLiteral("second"));
+    document.undo();
+    document.redo();
+    QCOMPARE(document.cell(1, 1), QStringLiteral("first"));
+}
+
+void tst_EditorUndoCommand::typedValueComesBack()
+{
+    Editing document;
+    document.insertBelow(0);
+    document.edit(1, 1, QStringLiteral("typed"));
+    const QStringList rows = document.rows();
+    document.undo(2);
+    QCOMPARE(document.rows(), ROWS);
+    document.redo(2);
+    QCOMPARE(document.rows(), rows);
+    document.undo(2);
+    QCOMPARE(document.rows(), ROWS);
+    document.redo(2);
+    QCOMPARE(document.rows(), rows);
+}
+
+// Rows below rows that come and go themselves.
+void tst_EditorUndoCommand::typedValuesOfSeveralRowsComeBack()
+{
+    Editing document;
+    document.insertBelow(0);
+    document.edit(1, 0, QStringLiteral("@ENABLE"));
+    document.insertBelow(1);
+    document.edit(2, 0, QStringLiteral("@TEST_ID"));
+    document.insertBelow(1);
+    document.edit(2, 1, QStringLiteral("between"));
+    document.edit(3, 1, QStringLiteral("below"));
+    const QStringList rows = document.rows();
+    document.undo(7);
+    QCOMPARE(document.rows(), ROWS);
+    document.redo(7);
+    QCOMPARE(document.rows(), rows);
+}
+
+void tst_EditorUndoCommand::removedRow()
+{
+    Editing document;
+    document.remove(1);
+    QCOMPARE(document.rows(), lines({"@SCRIBON | x | FILLER_TXT", "@GROUP | g | FILLER_TXT"}));
+    QVERIFY(document.model()->isModified());
+}
+
+void tst_EditorUndoCommand::removedRowComesBack_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::newRow("the first") << 0;
+    QTest::newRow("one with an unset cell") << 1;
+    QTest::newRow("the last") << 2;
+}
+
+void tst_EditorUndoCommand::removedRowComesBack()
+{
+    QFETCH(int, row);
+    Editing document;
+    QStringList rest = ROWS;
+    rest.removeAt(row);
+    document.remove(row);
+    for (int i = 0; i < 3; ++i) {
+        QCOMPARE(document.rows(), rest);
+        document.undo();
+        QCOMPARE(document.rows(), ROWS);
+        document.redo();
+    }
+}
+
+void tst_EditorUndoCommand::errorCodesDoNotComeBack()
+{
+    Editing document;
+    document.model()->setErrorCode(document.model()->index(1, 1), DE_SYNTAX_ERR);
+    document.remove(1);
+    document.undo();
+    QVERIFY(!document.model()->errorCode(document.model()->index(1, 1)).isValid());
+    QVERIFY2(document.model()->isDirty(), "the next validation gives it one");
+}
+
+void tst_EditorUndoCommand::columnsBeyondTheLastDoNoHarm()
+{
+    const QStringList rows = lines({"@META_DATA | FILLER_TXT | FILLER_TXT", "<unset> | k | v"});
+    Editing document(rows, EDIT_TAB3);
+    document.stack()->push(new EditorUndoCommand(document.model(), document.model()->index(1, 1), 1,
+                                                 0, 3, uremoveRow));
+    QCOMPARE(document.model()->rowCount(), 1);
+    document.undo();
+    QCOMPARE(document.rows(), rows);
+    document.redo();
+    document.undo();
+    QCOMPARE(document.rows(), rows);
+}
+
+void tst_EditorUndoCommand::editOfARemovedRowComesBack()
+{
+    Editing document;
+    document.edit(2, 1, QStringLiteral("h"));
+    document.remove(2);
+    document.undo(2);
+    QCOMPARE(document.rows(), ROWS);
+    document.redo();
+    QCOMPARE(document.cell(2, 1), QStringLiteral("h"));
+    document.redo();
+    QCOMPARE(document.model()->rowCount(), 2);
+    document.undo(2);
+    QCOMPARE(document.rows(), ROWS);
+}
+
+void tst_EditorUndoCommand::removalOfTheOnlyRow()
+{
+    const QStringList rows = lines({"@SCRIBON | x | FILLER_TXT"});
+    Editing document(rows);
+    document.remove(0);
+    QCOMPARE(document.model()->rowCount(), 0);
+    document.undo();
+    QCOMPARE(document.rows(), rows);
+    document.redo();
+    QCOMPARE(document.model()->rowCount(), 0);
+}
+
+void tst_EditorUndoCommand::removalOfARowThatDoesNotExist()
+{
+    Editing document;
+    for (const int row : {3, 9, -1}) {
+        document.stack()->push(new EditorUndoCommand(
+            document.model(), document.model()->index(0, 0), row, 0, 2, uremoveRow));
+        QCOMPARE(document.rows(), ROWS);
+        document.undo();
+        QCOMPARE(document.rows(), ROWS);
+    }
+}
+
+void tst_EditorUndoCommand::removalWithoutACell()
+{
+    Editing document;
+    document.stack()->push(
+        new EditorUndoCommand(document.model(), QModelIndex(), 1, 0, 2, uremoveRow));
+    QCOMPARE(document.rows(), ROWS);
+    document.undo();
+    QCOMPARE(document.rows(), ROWS);
+}
+
+void tst_EditorUndoCommand::modifiedStays()
+{
+    Editing document;
+    document.model()->clrModified();
+    document.edit(1, 1, QStringLiteral("n"));
+    document.undo();
+    QVERIFY(document.model()->isModified());
+    QVERIFY(document.model()->isDirty());
+}
+
+void tst_EditorUndoCommand::actsOnItsOwnModel()
+{
+    Editing document;
+    const auto other = modelOfRows(EDIT_TAB1, ROWS);
+    other->undoredo_setData(other->index(1, 1), QStringLiteral("n"));
+    document.edit(1, 1, QStringLiteral("o"));
+    document.undo(2);
+    QCOMPARE(document.rows(), ROWS);
+    QCOMPARE(rowLines(*other), ROWS);
+    document.redo();
+    QCOMPARE(other->index(1, 1).data().toString(), QStringLiteral("n"));
+    QCOMPARE(document.rows(), ROWS);
+    document.stack()->clear();
+}
+
+void tst_EditorUndoCommand::commandsHaveNoText()
+{
+    Editing document;
+    document.edit(1, 1, QStringLiteral("n"));
+    document.insertBelow(1);
+    document.remove(1);
+    for (int i = 0; i < document.stack()->count(); ++i) {
+        QVERIFY(document.stack()->text(i).isEmpty());
+        QCOMPARE(document.stack()->command(i)->id(), -1);
+    }
+}
+
+void tst_EditorUndoCommand::stackOutlivesTheHistory()
+{
+    Editing document;
+    document.insertBelow(1);
+    document.edit(2, 1, QStringLiteral("n"));
+    document.undo();
+    document.stack()->clear();
+    QCOMPARE(document.model()->rowCount(), 4);
+    QVERIFY(document.edit(2, 1, QStringLiteral("o")));
+}
+
+void tst_EditorUndoCommand::longHistories_data()
+{
+    QTest::addColumn<unsigned>("seed");
+    for (unsigned seed = 1; seed <= 5; ++seed)
+        QTest::newRow(qPrintable(QStringLiteral("seed %1").arg(seed))) << seed;
+}
+
+// Thousands of edits, insertions, removals, undos and redos against a plain list of all states that
+// the history went through.
+void tst_EditorUndoCommand::longHistories()
+{
+    QFETCH(unsigned, seed);
+    std::mt19937 random(seed);
+    Editing document;
+    QVector<QStringList> states{document.rows()};
+    for (int step = 0; step < 2000; ++step) {
+        const int before = document.stack()->index();
+        if (pick(&random, 3) > 0) {
+            changeSomething(&document, &random);
+            if (document.stack()->index() > before) {
+                states.resize(before + 1);
+                states.append(document.rows());
+            }
+        } else if (pick(&random, 2) == 0) {
+            document.undo(pick(&random, 8));
+        } else {
+            document.redo(pick(&random, 8));
+        }
+        QCOMPARE(document.rows(), states.at(document.stack()->index()));
+    }
+}
+
+QTEST_MAIN(tst_EditorUndoCommand)
+#include "tst_editorundocommand.moc"
