@@ -337,10 +337,10 @@ private:
     {
         if (!hasKey(node, "label") || !readText(node["label"], LONGEST_LABEL, label))
             return false;
-        if (isStructured != (label.back() == '.'))
-            return fail(node.at / "label", isStructured
-                                               ? "a structured variable's label ends in a full stop"
-                                               : "the label must not end in a full stop");
+        if (isStructured && label.back() != '.')
+            return fail(node.at / "label", "a structured variable's label ends in a full stop");
+        if (!isStructured && label.back() == '.')
+            return fail(node.at / "label", "the label must not end in a full stop");
         return isFreeName(node["label"], withoutFullStop(label));
     }
 

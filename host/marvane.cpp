@@ -14,7 +14,6 @@ using marvane::NameKind;
 using marvane::Platform;
 using marvane::RecordKind;
 using marvane::textIn;
-using marvane::UnitsRow;
 using marvane::VariableRow;
 
 const char* MARVANE_VER = "$Version: D-" MARVANE_DESK_VERSION "   $";

@@ -297,11 +297,12 @@ int16_t parse_line(const char* line, int16_t max_tokens, int16_t token_size, int
 
 /* ---- The layout, pinned --------------------------------------------------------------------- */
 
-#define MARVANE_CHECK_RECORD(type, size, active_at, label_at)                  \
-    static_assert(sizeof(type) == (size), "the size of " #type);               \
-    static_assert(offsetof(type, active) == (active_at), "active in " #type);  \
-    static_assert(offsetof(type, label) == (label_at), "the label in " #type); \
-    static_assert(sizeof(((type*)0)->label) == 80, "the width of a label in " #type)
+#define MARVANE_CHECK_RECORD(type, size, active_at, label_at)                 \
+    static_assert(sizeof(type) == (size), "the size of " #type);              \
+    static_assert(offsetof(type, active) == (active_at), "active in " #type); \
+    static_assert(offsetof(type, label) == (label_at), "the label in " #type)
+
+static_assert(MARVANE_LABEL_SIZE == 80, "the width of a label");
 
 MARVANE_CHECK_RECORD(_real_variable, 390, 50, 64);
 MARVANE_CHECK_RECORD(integer_variable, 330, 2, 80);
@@ -344,7 +345,7 @@ MARVANE_CHECK_OFFSET(PAM_KEYWORD, type, 84);
 MARVANE_CHECK_OFFSET(PAM_KEYWORD, filler, 85);
 static_assert(sizeof(PAM_KEYWORD) == 88, "the size of PAM_KEYWORD");
 MARVANE_CHECK_OFFSET(KEYWORD_MEMORY, search_table, 704000);
-static_assert(sizeof(((KEYWORD_MEMORY*)0)->search_table) == 58, "the width of the search table");
+static_assert(sizeof(KEYWORD_MEMORY) == 704060, "the size of KEYWORD_MEMORY");
 
 MARVANE_CHECK_OFFSET(SHARED_MEMORY, code, 0);
 MARVANE_CHECK_OFFSET(SHARED_MEMORY, index, 2);

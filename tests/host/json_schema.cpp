@@ -55,7 +55,7 @@ bool matches(const QJsonValue& value, const QString& pattern)
 QString JsonSchema::fault(const QJsonValue& value, const QJsonObject& schema) const
 {
     for (const QString& keyword : schema.keys()) {
-        const QString found = keywordFault(value, keyword, schema);
+        QString found = keywordFault(value, keyword, schema);
         if (!found.isEmpty())
             return found;
     }
@@ -98,7 +98,7 @@ QString JsonSchema::memberFault(const QJsonObject& object, const QJsonObject& sc
         if (!properties.contains(key) && others.isBool() && !others.toBool())
             return QStringLiteral("no key ") + key;
         const QJsonValue rules = properties.contains(key) ? properties[key] : others;
-        const QString found = fault(object[key], rules.toObject());
+        QString found = fault(object[key], rules.toObject());
         if (!found.isEmpty())
             return key + QLatin1Char('/') + found;
     }
@@ -107,8 +107,8 @@ QString JsonSchema::memberFault(const QJsonObject& object, const QJsonObject& sc
 
 QString JsonSchema::itemFault(const QJsonArray& array, const QJsonObject& items) const
 {
-    for (const QJsonValue& item : array) {
-        const QString found = fault(item, items);
+    for (const QJsonValue item : array) {
+        QString found = fault(item, items);
         if (!found.isEmpty())
             return found;
     }

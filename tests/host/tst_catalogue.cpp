@@ -237,7 +237,7 @@ class TestCatalogue : public QObject {
 private:
     QString write(const QByteArray& catalogue)
     {
-        const QString name = directory_.filePath(QStringLiteral("catalogue.json"));
+        QString name = directory_.filePath(QStringLiteral("catalogue.json"));
         QFile file(name);
         if (!file.open(QIODevice::WriteOnly) || file.write(catalogue) != catalogue.size())
             return {};

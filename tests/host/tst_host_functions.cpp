@@ -50,7 +50,7 @@ QString text(const char* bytes)
 
 QStringList unitsLike(const char* name, int16_t capacity = 30)
 {
-    std::array<UNITS_NAME, 30> names;
+    std::array<UNITS_NAME, 30> names{};
     int16_t count = capacity;
     LV_get_units2(name, &count, names.data());
     QStringList list;

@@ -50,7 +50,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, content);
         const File file = fileOf(content);
-        std::array<char, MARVANE_LINE_SIZE> line;
+        std::array<char, MARVANE_LINE_SIZE> line{};
         QStringList lines;
         while (get_next_line(file.get(), line.data()) != -1)
             lines << QString::fromLatin1(line.data());

@@ -220,7 +220,7 @@ public:
         });
         QStringList lines;
         for (int i = 0; i < names.size(); ++i) {
-            for (const QJsonValue& name : dimensions[names[i]].toArray())
+            for (const QJsonValue name : dimensions[names[i]].toArray())
                 lines << QStringLiteral("%1 %2").arg(i).arg(name.toString());
         }
         return lines;
@@ -231,7 +231,7 @@ public:
     {
         QStringList lines;
         for (const Table& table : TABLES) {
-            for (const QJsonValue& entry : entries(table)) {
+            for (const QJsonValue entry : entries(table)) {
                 if (entry[QLatin1String("active")].toBool(true))
                     lines << variable(table, entry);
             }
@@ -247,7 +247,7 @@ private:
     {
         QJsonArray complete;
         int next = 0;
-        for (const QJsonValue& value : entries) {
+        for (const QJsonValue value : entries) {
             QJsonObject entry = value.toObject();
             const int index = entry[QLatin1String("index")].toInt(next);
             entry[QLatin1String("index")] = index;
@@ -288,7 +288,7 @@ private:
         for (const Table& table : TABLES) {
             if (table.countAt != countAt)
                 continue;
-            for (const QJsonValue& entry : entries(table))
+            for (const QJsonValue entry : entries(table))
                 count = qMax(count, entry[QLatin1String("index")].toInt() + 1);
         }
         return count;
@@ -312,7 +312,7 @@ private:
     QByteArray keywords() const
     {
         QByteArray bytes(KEYWORD_AREA_SIZE, '\0');
-        for (const QJsonValue& entry : withIndices(member("keywords").toArray())) {
+        for (const QJsonValue entry : withIndices(member("keywords").toArray())) {
             const int at = entry[QLatin1String("index")].toInt() * KEYWORD_SIZE;
             put(bytes, at, entry[QLatin1String("name")].toString());
             put(bytes, at + 80, unitsCode(entry[QLatin1String("units")].toString()));
@@ -358,7 +358,7 @@ private:
 
     void putRecords(const Table& table, QByteArray& bytes) const
     {
-        for (const QJsonValue& entry : entries(table)) {
+        for (const QJsonValue entry : entries(table)) {
             const int index = entry[QLatin1String("index")].toInt();
             const int at = table.offset + index * record(table).size;
             const int16_t active = entry[QLatin1String("active")].toBool(true) ? 1 : 0;
