@@ -12,6 +12,10 @@
 
 class TreeModel;
 
+// The text of a cell whose field is absent in the file. It keeps columns in place; it is neither
+// shown nor written.
+constexpr QLatin1String FILLER_TEXT("FILLER_TXT", 10);
+
 // Lets a node of the syntax tree travel in a QVariant.
 Q_DECLARE_METATYPE(pANTLR3_BASE_TREE)
 

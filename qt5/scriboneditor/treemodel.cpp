@@ -480,8 +480,6 @@ void TreeModel::setupModelData(pANTLR3_BASE_TREE bTree, TreeItem* parent)
 
 namespace {
 
-constexpr auto FILLER = QLatin1String("FILLER_TXT");
-
 // Writes rows as spec file text. How many values a line holds is told by the last keyword that was
 // written, so the limit lives as long as the writer.
 class RowWriter {
@@ -522,7 +520,7 @@ void RowWriter::write(const TreeItem& row, int rowNumber)
 
 bool RowWriter::writeCell(const QString& text, int rowNumber, int column)
 {
-    if (text == FILLER) {
+    if (text == FILLER_TEXT) {
         ++m_fieldCount;
         return true;
     }

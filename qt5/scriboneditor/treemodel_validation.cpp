@@ -9,8 +9,6 @@
 
 namespace {
 
-const auto FILLER = QStringLiteral("FILLER_TXT");
-
 // The cells of one row under judgement, and what the pass has found so far.
 class RowJudgement {
 public:
@@ -160,7 +158,7 @@ void judgeStatement(RowJudgement* row, int kind, const QString& keyword, QSet<QS
 void judgeSecondValue(RowJudgement* row, int kind)
 {
     const QString value = row->text(2);
-    if (kind == INTEGER_TIME_INT_EDITOR && value != FILLER)
+    if (kind == INTEGER_TIME_INT_EDITOR && value != FILLER_TEXT)
         row->faultOrClean(2, row->matches(2, Event_Name_VF, value));
     else
         row->noField(2);
@@ -193,7 +191,7 @@ void judgeChannel(RowJudgement* row, QSet<QString>* channels)
         return;
     const auto format = kind == TEXT_BLOCK ? ChannelName_VF : Comment_VF;
     const bool good =
-        row->passes(3, [&] { return row->accepts(format, channel) && channel != FILLER; });
+        row->passes(3, [&] { return row->accepts(format, channel) && channel != FILLER_TEXT; });
     if (good && kind == TEXT_BLOCK)
         row->unique(3, channel, channels);
     else
@@ -211,7 +209,7 @@ void judgeScanListRow(RowJudgement* row, QSet<QString>* channels)
         return;
     }
     row->faultOrClean(1, row->passes(1, [&] {
-        return row->accepts(VarName_VF, variable) && variable != FILLER;
+        return row->accepts(VarName_VF, variable) && variable != FILLER_TEXT;
     }));
     const QString member = row->text(2).trimmed();
     row->faultOrClean(2, member.isEmpty() || row->matches(2, StatMem_VF, member));
@@ -249,11 +247,11 @@ void judgeAuxUserRow(RowJudgement* row, QSet<QString>* names)
         return;
     const bool entry = kind == TEXT_BLOCK;
     row->faultOrClean(1, row->passes(1, [&] {
-        return row->accepts(entry ? VarName_VF : Comment_VF, variable) && variable != FILLER;
+        return row->accepts(entry ? VarName_VF : Comment_VF, variable) && variable != FILLER_TEXT;
     }));
     const QString name = row->text(2);
     const bool good = row->passes(
-        2, [&] { return row->accepts(VarName_VF, name) && !(entry && name == FILLER); });
+        2, [&] { return row->accepts(VarName_VF, name) && !(entry && name == FILLER_TEXT); });
     if (good && entry)
         row->unique(2, name, names);
     else
@@ -264,7 +262,7 @@ void judgeAuxUserRow(RowJudgement* row, QSet<QString>* names)
 void judgeEcmPath(RowJudgement* row, bool entry, QSet<QString>* paths)
 {
     const QString path = row->text(2);
-    if (!entry && path == FILLER)
+    if (!entry && path == FILLER_TEXT)
         return;
     const bool good = row->matches(2, ECMFilepath_VF, path);
     if (good && entry)
