@@ -1,0 +1,53 @@
+// Answers the modal dialogs in which the code under test waits, and remembers what they said. One
+// that nobody expected is cancelled, so that a test fails on what it has seen and does not hang.
+#pragma once
+
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPointer>
+#include <QQueue>
+#include <QVector>
+#include <functional>
+
+struct SeenBox {
+    QString title;
+    QString text;
+    QMessageBox::Icon icon;
+    QMessageBox::StandardButtons buttons;
+    QWidget* parent;
+};
+
+struct SeenFileDialog {
+    QString title;
+    QString directory;
+    QStringList filters;
+    QFileDialog::AcceptMode acceptMode;
+    Qt::WindowModality modality;
+    QString defaultSuffix;
+    QWidget* parent;
+};
+
+class ModalDialogs : public QObject {
+    Q_OBJECT
+
+public:
+    ModalDialogs();
+
+    // The answers are given in the order of these calls.
+    void answerBox(QMessageBox::StandardButton button);
+    void chooseFile(const QString& path);
+    void cancel();
+
+    QVector<SeenBox> boxes;
+    QVector<SeenFileDialog> fileDialogs;
+
+private:
+    using Answer = std::function<void(QDialog*)>;
+
+    void lookAgain();
+    void look();
+    void remember(QDialog* dialog);
+
+    QQueue<Answer> m_answers;
+    QPointer<QWidget> m_lastAnswered;
+};

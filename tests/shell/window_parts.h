@@ -1,0 +1,25 @@
+// Finds the parts of the window by their object names, as the user sees them.
+#pragma once
+
+#include <QAction>
+#include <QStringList>
+#include <QTabWidget>
+#include <QTreeView>
+
+#include "mainwindow.h"
+#include "treemodel.h"
+
+QTreeView* viewOf(const QWidget& window, int tab);
+TreeModel* modelOf(const QWidget& window, int tab);
+QTabWidget* tabsOf(const QWidget& window);
+QAction* actionOf(const QWidget& window, const char* name);
+
+// What stands in the title behind the program's name and the colon.
+QString titleOf(const QWidget& window);
+QString newsOf(const MainWindow& window);
+
+QStringList rowTexts(const QAbstractItemModel& model, int row);
+QStringList columnTexts(const QAbstractItemModel& model, int column);
+
+// Makes the cell the current and the selected one.
+void goTo(QTreeView* view, int row, int column);

@@ -1,0 +1,32 @@
+// What the tests of the window share: empty places, and a fresh window with nobody else's document
+// for each test function.
+#pragma once
+
+#include <QTest>
+#include <memory>
+
+#include "modal_dialogs.h"
+#include "places.h"
+#include "window_parts.h"
+
+class WindowTest : public QObject {
+    Q_OBJECT
+
+protected:
+    // Writes the text as /specs/good and loads it.
+    void loadGoodFile(const QByteArray& text = goodSpec());
+
+    // Leaves a window over a loaded document, after a load that failed.
+    void failOverLoadedDocument();
+
+    // An edit as a delegate makes it.
+    void edit(int tab, int row, int column, const QString& text);
+
+    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<ModalDialogs> m_dialogs;
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+};
