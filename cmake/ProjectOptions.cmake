@@ -34,6 +34,11 @@ if(SCRIBON_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(scribon_options INTERFACE -fsanitize=address,undefined)
 endif()
+# The fuzzers steer by what their inputs reach in our code, generated code included.
+if(SCRIBON_BUILD_FUZZERS)
+  target_compile_options(scribon_options INTERFACE -fsanitize=fuzzer-no-link)
+  target_link_options(scribon_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 add_library(scribon_warnings INTERFACE)
 target_compile_options(scribon_warnings INTERFACE
