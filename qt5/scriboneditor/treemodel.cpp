@@ -10,7 +10,7 @@
 // clang-format off
 const std::array<int, TAB_COUNT> NumberOfColumns{3, 4, 3, 3, 3};
 
-const std::array<const char*, TAB_COUNT * HEADER_SLOTS> TableHeaders{
+const std::array<const char*, HEADER_COUNT> TableHeaders{
     QT_TRANSLATE_NOOP("MainWindow", "Keyword                                    "),
     QT_TRANSLATE_NOOP("MainWindow", "Value"), nullptr, nullptr, nullptr,
 
@@ -337,6 +337,8 @@ Bytes bytesOf(pANTLR3_BASE_TREE node)
     if (isSourceToken(token)) {
         const ANTLR3_MARKER start = token->getStartIndex(token);
         const ANTLR3_MARKER stop = token->getStopIndex(token);
+        // The runtime keeps the place in the file as a number.
+        // NOLINTNEXTLINE(performance-no-int-to-ptr)
         return {reinterpret_cast<const char*>(start), static_cast<int>(stop - start + 1)};
     }
     const pANTLR3_STRING text = node->toString(node);

@@ -21,8 +21,9 @@ class TreeItem;
 // Columns of each tab, and five header slots a tab; a null slot is an empty header. Padding blanks
 // and line breaks give the columns their first width.
 constexpr int HEADER_SLOTS = 5;
+constexpr int HEADER_COUNT = TAB_COUNT * HEADER_SLOTS;
 extern const std::array<int, TAB_COUNT> NumberOfColumns;
-extern const std::array<const char*, TAB_COUNT * HEADER_SLOTS> TableHeaders;
+extern const std::array<const char*, HEADER_COUNT> TableHeaders;
 
 class TreeModel : public QAbstractItemModel {
     Q_OBJECT

@@ -74,6 +74,14 @@ private:
 
 }  // namespace
 
+QStringList lines(std::initializer_list<const char*> texts)
+{
+    QStringList result;
+    for (const char* text : texts)
+        result.append(QString::fromLatin1(text));
+    return result;
+}
+
 QStringList headersOf(int tab)
 {
     const auto tabIndex = static_cast<size_t>(tab - EDIT_TAB1);

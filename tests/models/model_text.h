@@ -6,10 +6,14 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <initializer_list>
 #include <memory>
 
 #include "editor_antlr3.h"
 #include "treemodel.h"
+
+// Texts of a source file as strings.
+QStringList lines(std::initializer_list<const char*> texts);
 
 // The tabs' headers, untranslated.
 QStringList headersOf(int tab);

@@ -9,14 +9,6 @@
 
 namespace {
 
-QStringList lines(std::initializer_list<const char*> items)
-{
-    QStringList result;
-    for (const char* item : items)
-        result.append(QString::fromLatin1(item));
-    return result;
-}
-
 const QStringList ROWS =
     lines({"@SCRIBON | x | FILLER_TXT", "@MODE | m | <unset>", "@GROUP | g | FILLER_TXT"});
 

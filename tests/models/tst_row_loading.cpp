@@ -62,14 +62,6 @@ const Item KEYWORD{TOKEN_KYWD_MODE, "@MODE"};
 const Item LINE_END{TOKEN_EOL, "\n"};
 const Item BROKEN{TOKEN_INVALID, "broken"};
 
-QStringList lines(std::initializer_list<const char*> items)
-{
-    QStringList result;
-    for (const char* item : items)
-        result.append(QString::fromLatin1(item));
-    return result;
-}
-
 }  // namespace
 
 Q_DECLARE_METATYPE(Items)

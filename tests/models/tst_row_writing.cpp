@@ -9,14 +9,6 @@
 
 namespace {
 
-QStringList lines(std::initializer_list<const char*> items)
-{
-    QStringList result;
-    for (const char* item : items)
-        result.append(QString::fromLatin1(item));
-    return result;
-}
-
 QByteArray contentOf(const QString& fileName)
 {
     QFile file(fileName);
@@ -38,6 +30,8 @@ class tst_RowWriting : public QObject {
 private Q_SLOTS:
     void keywordsTab_data();
     void keywordsTab() { checkText(EDIT_TAB1); }
+    void valuesInOddPlaces_data();
+    void valuesInOddPlaces() { checkText(EDIT_TAB1); }
     void scanList_data();
     void scanList() { checkText(EDIT_TAB2); }
     void otherLists_data();
@@ -107,6 +101,13 @@ void tst_RowWriting::keywordsTab_data()
         << lines({"\\s | \\s | \\s"}) << QByteArray("\n");
     QTest::newRow("an unset row is an empty line")
         << lines({"<unset> | <unset> | <unset>"}) << QByteArray("\n");
+}
+
+void tst_RowWriting::valuesInOddPlaces_data()
+{
+    QTest::addColumn<QStringList>("rows");
+    QTest::addColumn<QByteArray>("text");
+
     QTest::newRow("unknown text") << lines({"FILLER_TXT | stray | FILLER_TXT"})
                                   << QByteArray("stray\n");
     QTest::newRow("a value beside an inserted keyword cell has no tabs")

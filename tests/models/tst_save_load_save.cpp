@@ -93,6 +93,18 @@ QByteArray joined(const Pieces& pieces)
     return text;
 }
 
+Pieces randomPieces(unsigned seed)
+{
+    std::mt19937 random(seed);
+    const auto pick = [&random](int count) {
+        return static_cast<int>(random() % static_cast<unsigned>(count));
+    };
+    Pieces pieces;
+    for (int length = 3 + pick(6); length > 0; --length)
+        pieces.append(ALL_PIECES.at(pick(ALL_PIECES.size())));
+    return pieces;
+}
+
 bool containsAny(const Pieces& pieces, const Pieces& searched)
 {
     return std::any_of(searched.begin(), searched.end(),
@@ -196,14 +208,8 @@ void tst_SaveLoadSave::allPairsOfPieces()
 
 void tst_SaveLoadSave::longRowsOfPieces()
 {
-    std::mt19937 random(1);
-    const auto pick = [&random](int count) {
-        return static_cast<int>(random() % static_cast<unsigned>(count));
-    };
-    for (int i = 0; i < 3000; ++i) {
-        Pieces pieces;
-        for (int length = 3 + pick(6); length > 0; --length)
-            pieces.append(ALL_PIECES.at(pick(ALL_PIECES.size())));
+    for (unsigned seed = 0; seed < 3000; ++seed) {
+        const Pieces pieces = randomPieces(seed);
         if (!mayHaveNamedSlip(pieces))
             QVERIFY2(isStable(joined(pieces)), joined(pieces).constData());
     }

@@ -2,7 +2,6 @@
 
 #include <QPoint>
 #include <QTest>
-#include <initializer_list>
 
 #include "editing_window.h"
 #include "model_text.h"
@@ -15,14 +14,6 @@ QVector<QVariant> cells(const QStringList& texts)
     QVector<QVariant> result;
     for (const QString& text : texts)
         result.append(text);
-    return result;
-}
-
-QStringList list(std::initializer_list<const char*> items)
-{
-    QStringList result;
-    for (const char* item : items)
-        result.append(QString::fromLatin1(item));
     return result;
 }
 
@@ -39,7 +30,7 @@ QStringList texts(const TreeItem& item)
     return result;
 }
 
-const auto A_B_C = list({"a", "b", "c"});
+const auto A_B_C = lines({"a", "b", "c"});
 
 }  // namespace
 
@@ -205,9 +196,9 @@ void tst_TreeItem::insertColumns_data()
     QTest::addColumn<bool>("result");
     QTest::addColumn<QStringList>("cells");
 
-    QTest::newRow("at the front") << 0 << 1 << true << list({"", "a", "b", "c"});
-    QTest::newRow("in the middle") << 1 << 2 << true << list({"a", "", "", "b", "c"});
-    QTest::newRow("at the end") << 3 << 1 << true << list({"a", "b", "c", ""});
+    QTest::newRow("at the front") << 0 << 1 << true << lines({"", "a", "b", "c"});
+    QTest::newRow("in the middle") << 1 << 2 << true << lines({"a", "", "", "b", "c"});
+    QTest::newRow("at the end") << 3 << 1 << true << lines({"a", "b", "c", ""});
     QTest::newRow("behind the end") << 4 << 1 << false << A_B_C;
     QTest::newRow("before the front") << -1 << 1 << false << A_B_C;
     QTest::newRow("none") << 1 << 0 << true << A_B_C;
@@ -240,8 +231,8 @@ void tst_TreeItem::removeColumns_data()
     QTest::addColumn<bool>("result");
     QTest::addColumn<QStringList>("cells");
 
-    QTest::newRow("the first") << 0 << 1 << true << list({"b", "c"});
-    QTest::newRow("the last two") << 1 << 2 << true << list({"a"});
+    QTest::newRow("the first") << 0 << 1 << true << lines({"b", "c"});
+    QTest::newRow("the last two") << 1 << 2 << true << lines({"a"});
     QTest::newRow("all") << 0 << 3 << true << QStringList();
     QTest::newRow("one too many") << 1 << 3 << false << A_B_C;
     QTest::newRow("as many as a number can hold") << 1 << INT_MAX << false << A_B_C;

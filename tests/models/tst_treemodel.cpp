@@ -8,23 +8,15 @@
 
 namespace {
 
-QStringList list(std::initializer_list<const char*> items)
-{
-    QStringList result;
-    for (const char* item : items)
-        result.append(QString::fromLatin1(item));
-    return result;
-}
-
 // Two rows of the Keywords tab.
 std::unique_ptr<TreeModel> sampleModel()
 {
-    return modelOfRows(EDIT_TAB1, list({"@SCRIBON | x | FILLER_TXT", "@MODE | m | \\s"}));
+    return modelOfRows(EDIT_TAB1, lines({"@SCRIBON | x | FILLER_TXT", "@MODE | m | \\s"}));
 }
 
 QStringList sampleLines()
 {
-    return list({"@SCRIBON | x | FILLER_TXT", "@MODE | m | \\s"});
+    return lines({"@SCRIBON | x | FILLER_TXT", "@MODE | m | \\s"});
 }
 
 // Two unset rows that no model tester looks at. No document has rows below rows, and where one had,
@@ -126,20 +118,21 @@ void tst_TreeModel::tabs_data()
     QTest::addColumn<QStringList>("headers");
 
     QTest::newRow("Keywords") << 13 << "Model13"
-                              << list({"Keyword                                    ", "Value", ""});
+                              << lines(
+                                     {"Keyword                                    ", "Value", ""});
     QTest::newRow("Scan List") << 14 << "Model14"
-                               << list({"Keyword          ", "Marvane Variable                  ",
-                                        "Statistical\nMember        ", "Channel\nKeyword"});
-    QTest::newRow("Meta Data List")
-        << 15 << "Model15"
-        << list({"Keyword          ", "PAM Keyword        ", "Marvane Variable                  "});
+                               << lines({"Keyword          ", "Marvane Variable                  ",
+                                         "Statistical\nMember        ", "Channel\nKeyword"});
+    QTest::newRow("Meta Data List") << 15 << "Model15"
+                                    << lines({"Keyword          ", "PAM Keyword        ",
+                                              "Marvane Variable                  "});
     QTest::newRow("Scan List Aux User")
         << 16 << "Model16"
-        << list({"Keyword     ", "Marvane Variable                  ",
-                 "Alternate Name                   "});
+        << lines({"Keyword     ", "Marvane Variable                  ",
+                  "Alternate Name                   "});
     QTest::newRow("ECM List") << 17 << "Model17"
-                              << list({"Keyword     ", "Ext. Number         ",
-                                       "ASAM Specs Path   "});
+                              << lines({"Keyword     ", "Ext. Number         ",
+                                        "ASAM Specs Path   "});
 }
 
 void tst_TreeModel::tabs()
@@ -475,12 +468,12 @@ void tst_TreeModel::insertRows_data()
     const char* const first = "@SCRIBON | x | FILLER_TXT";
     const char* const second = "@MODE | m | \\s";
     const char* const unset = "<unset> | <unset> | <unset>";
-    QTest::newRow("at the front") << 0 << 1 << true << list({unset, first, second});
-    QTest::newRow("between") << 1 << 2 << true << list({first, unset, unset, second});
-    QTest::newRow("at the end") << 2 << 1 << true << list({first, second, unset});
-    QTest::newRow("behind the end") << 3 << 1 << false << list({first, second});
-    QTest::newRow("before the front") << -1 << 1 << false << list({first, second});
-    QTest::newRow("none") << 1 << 0 << true << list({first, second});
+    QTest::newRow("at the front") << 0 << 1 << true << lines({unset, first, second});
+    QTest::newRow("between") << 1 << 2 << true << lines({first, unset, unset, second});
+    QTest::newRow("at the end") << 2 << 1 << true << lines({first, second, unset});
+    QTest::newRow("behind the end") << 3 << 1 << false << lines({first, second});
+    QTest::newRow("before the front") << -1 << 1 << false << lines({first, second});
+    QTest::newRow("none") << 1 << 0 << true << lines({first, second});
 }
 
 void tst_TreeModel::insertRows()
@@ -526,12 +519,12 @@ void tst_TreeModel::removeRows_data()
 
     const char* const first = "@SCRIBON | x | FILLER_TXT";
     const char* const second = "@MODE | m | \\s";
-    QTest::newRow("the first") << 0 << 1 << true << list({second});
-    QTest::newRow("the last") << 1 << 1 << true << list({first});
+    QTest::newRow("the first") << 0 << 1 << true << lines({second});
+    QTest::newRow("the last") << 1 << 1 << true << lines({first});
     QTest::newRow("all") << 0 << 2 << true << QStringList();
-    QTest::newRow("one too many") << 1 << 2 << false << list({first, second});
-    QTest::newRow("before the front") << -1 << 1 << false << list({first, second});
-    QTest::newRow("none") << 1 << 0 << true << list({first, second});
+    QTest::newRow("one too many") << 1 << 2 << false << lines({first, second});
+    QTest::newRow("before the front") << -1 << 1 << false << lines({first, second});
+    QTest::newRow("none") << 1 << 0 << true << lines({first, second});
 }
 
 void tst_TreeModel::removeRows()

@@ -16,7 +16,7 @@ struct Judgement {
 // A text that stands for n letters.
 QString letters(int n)
 {
-    return QString(n, QLatin1Char('a'));
+    return {n, QLatin1Char('a')};
 }
 
 // clang-format off
