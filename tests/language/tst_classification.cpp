@@ -319,6 +319,7 @@ void tst_Classification::requiredWithoutALength()
 {
     QVERIFY(appGrammerRequired("@MODE", 0));
     QVERIFY(appGrammerRequired("@SCAN_LIST", 0));
+    QVERIFY(appGrammerRequired("@SCAN_LIST_AUX_USER", 0));
     QVERIFY(!appGrammerRequired("@SCAN_INTERVAL", 0));
     QVERIFY(!appGrammerRequired("", 0));
 }
