@@ -88,6 +88,7 @@ private Q_SLOTS:
     void statementWithoutChildren();
     void statementWithAnEmptyChildVector();
     void statementOfNoTab();
+    void statementOfAnotherTab();
     void markerAlone_data();
     void markerAlone();
     void keywordRowHasThreeCells();
@@ -168,6 +169,16 @@ void tst_RowLoading::statementOfNoTab()
     tree.add(tree.add(TOKEN_STRING_DECL), TOKEN_KYWD_MODE, "@MODE");
     for (int tab = EDIT_TAB1; tab <= EDIT_TAB5; ++tab)
         QCOMPARE(modelOfTree(tree.root(), tab)->rowCount(), 0);
+}
+
+void tst_RowLoading::statementOfAnotherTab()
+{
+    HandMadeTree tree;
+    const pANTLR3_BASE_TREE statement = tree.add(TOKEN_STRING_DECL);
+    tree.add(statement, TOKEN_EDITOR_TAB1);
+    tree.add(statement, TOKEN_KYWD_MODE, "@MODE");
+    QCOMPARE(modelOfTree(tree.root(), EDIT_TAB1)->rowCount(), 1);
+    QCOMPARE(modelOfTree(tree.root(), EDIT_TAB3)->rowCount(), 0);
 }
 
 void tst_RowLoading::markerAlone_data()
