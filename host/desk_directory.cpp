@@ -131,8 +131,6 @@ const VariableRow* DeskDirectory::variableOf(const SHARED_MEMORY& handle) const
 
 std::optional<uint32_t> DeskDirectory::findUnits(std::string_view name) const
 {
-    if (name.empty())
-        return std::nullopt;
     for (uint32_t i = 0; i < unitsCount(); ++i) {
         if (equalsInAnyCase(textIn(units(i).name), name))
             return i;

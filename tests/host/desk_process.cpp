@@ -1,5 +1,7 @@
 #include "desk_process.h"
 
+#include <signal.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -85,14 +87,21 @@ bool DeskProcess::startWith(const QByteArray& catalogue)
            start(catalogue_.fileName());
 }
 
+bool DeskProcess::end(int signal)
+{
+    ::kill(static_cast<pid_t>(process_.processId()), signal);
+    if (!process_.waitForFinished(TIMEOUT_MS))
+        return false;
+    const bool hasCrashed = process_.exitStatus() == QProcess::CrashExit;
+    return signal == SIGKILL ? hasCrashed : !hasCrashed && process_.exitCode() == 0;
+}
+
 bool DeskProcess::terminate()
 {
-    process_.terminate();
-    return process_.waitForFinished(TIMEOUT_MS);
+    return end(SIGTERM);
 }
 
 bool DeskProcess::kill()
 {
-    process_.kill();
-    return process_.waitForFinished(TIMEOUT_MS);
+    return end(SIGKILL);
 }

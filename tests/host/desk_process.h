@@ -38,7 +38,9 @@ public:
     bool start(const QString& catalogueFile);
     bool startWith(const QByteArray& catalogue);
 
-    // Each waits for the end of the process.
+    // Each waits for the end of the process. True when it ended as told, for a kill by the signal,
+    // for any other by itself with status 0.
+    bool end(int signal);
     bool terminate();
     bool kill();
 

@@ -24,7 +24,8 @@ constexpr char CATALOGUE[] = R"({
       { "label": "oil_temp", "units": "degc", "alias": "T_oil" },
       { "label": "spare", "active": false, "alias": "spare_alias", "units": "K" },
       { "index": 7, "label": "late", "units": "DEGF" },
-      { "label": "bare" } ] },
+      { "label": "bare" },
+      { "index": 3, "label": "early", "units": "K" } ] },
     "CONTROL_MEM": {
       "integer": [ { "index": 3, "label": "control_mode", "units": "RPM" } ],
       "string": [ { "index": 297, "label": "control_text", "alias": "c_text" } ] },
@@ -171,6 +172,8 @@ private Q_SLOTS:
         QTest::newRow("an alias") << QByteArray("T_oil") << true << int{AI_REAL_MEM} << 0 << "DEGC";
         QTest::newRow("a label at a given index")
             << QByteArray("late") << true << int{AI_REAL_MEM} << 7 << "DEGF";
+        QTest::newRow("a label that stands behind higher indices in the file")
+            << QByteArray("early") << true << int{AI_REAL_MEM} << 3 << "K";
         QTest::newRow("a variable without units")
             << QByteArray("bare") << true << int{AI_REAL_MEM} << 8 << "";
         QTest::newRow("a record in a later table of its area")

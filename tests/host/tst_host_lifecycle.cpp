@@ -1,6 +1,7 @@
 // How platforms come and go: started, ended, killed, followed by another, side by side.
 
 #include <marvane_headers.h>
+#include <signal.h>
 
 #include <QtTest>
 #include <memory>
@@ -102,13 +103,21 @@ private Q_SLOTS:
         QCOMPARE(fre_shrd_mem(GU_REAL_MEM), int16_t{0});
     }
 
+    void toldToEndItLeavesNothing_data()
+    {
+        QTest::addColumn<int>("signal");
+        QTest::newRow("by SIGTERM") << SIGTERM;
+        QTest::newRow("by SIGINT") << SIGINT;
+        QTest::newRow("by SIGHUP") << SIGHUP;
+    }
     void toldToEndItLeavesNothing()
     {
+        QFETCH(int, signal);
         QVERIFY(desk_->startWith(catalogueWith("eng_speed")));
         QCOMPARE(sharedMemoryOf(desk_->name()),
                  QStringList({QStringLiteral("GU_REAL_MEM"), QStringLiteral("KEYWORD_MEM"),
                               QStringLiteral("SYS_ATTR_MEM"), QStringLiteral("directory")}));
-        QVERIFY(desk_->terminate());
+        QVERIFY(desk_->end(signal));
         QCOMPARE(sharedMemoryOf(desk_->name()), QStringList());
     }
 
