@@ -7,29 +7,26 @@
 #include <QTemporaryDir>
 #include <fstream>
 #include <map>
+#include <utility>
 
+#include "spec_generator.h"
 #include "treemodel.h"
 
-namespace {
-
-void writeSpecFile(const std::string& fileName, int rows)
-{
-    std::ofstream file(fileName);
-    file << "@SCRIBON\nbench\n\n@SCAN_INTERVAL\n100[msec]\n\n@SCAN_LIST\n";
-    for (int i = 0; i < rows; ++i)
-        file << "eng_variable_" << i << (i % 5 == 0 ? " .AV" : "") << " channel_" << i << '\n';
-}
-
-}  // namespace
-
-const std::string& specFileOfRows(int rows)
+const std::string& specFileOfRows(int scanRows, int metaRows)
 {
     static QTemporaryDir directory;
-    static std::map<int, std::string> files;
-    std::string& name = files[rows];
+    static std::map<std::pair<int, int>, std::string> files;
+    std::string& name = files[{scanRows, metaRows}];
     if (name.empty()) {
-        name = directory.filePath(QString::number(rows)).toStdString();
-        writeSpecFile(name, rows);
+        SpecShape shape;
+        shape.scanRows = scanRows;
+        shape.metaRows = metaRows;
+        shape.keywords = KeywordSet::All;
+        shape.distinct = true;
+        shape.withUnits = true;
+        name =
+            directory.filePath(QStringLiteral("%1_%2").arg(scanRows).arg(metaRows)).toStdString();
+        std::ofstream(name) << generateSpec(shape);
     }
     return name;
 }

@@ -9,8 +9,10 @@
 
 class TreeModel;
 
-// The name of a spec file with this many scan list rows, every fifth with a statistical member.
-const std::string& specFileOfRows(int rows);
+// The name of a spec file with all keywords and this many rows in the Scan List and the Meta Data
+// List. All names are distinct, 6 to 79 characters long; one in five has units in brackets or
+// another shape that is more than a plain word.
+const std::string& specFileOfRows(int scanRows, int metaRows = 0);
 
 // The five models of the last read_file, in tab order.
 std::vector<std::unique_ptr<TreeModel>> makeModels();

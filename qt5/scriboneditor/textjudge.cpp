@@ -97,14 +97,20 @@ Verdict judgeChannel(const QString& text)
     return verdict(text.midRef(1).count(QLatin1Char('$')) < MOST_REPEATS);
 }
 
+// Names, each with an instance "@12" behind it or none. What follows an instance starts one more of
+// the pattern's repeats.
 Verdict judgeParameter(const QString& text)
 {
-    if (text.isEmpty() || !isLetter(text.at(0)))
-        return Verdict::Refused;
-    if (all(text, isWordChar))
-        return Verdict::Accepted;
-    const auto isParameterChar = [](QChar c) { return isWordChar(c) || c == QLatin1Char('@'); };
-    return all(text, isParameterChar) ? Verdict::Ask : Verdict::Refused;
+    int repeats = 0;
+    auto next = text.begin();
+    while (next != text.end()) {
+        if (!isLetter(*next) || ++repeats > MOST_REPEATS)
+            return Verdict::Refused;
+        next = std::find_if_not(next, text.end(), isWordChar);
+        if (next != text.end() && *next == QLatin1Char('@'))
+            next = std::find_if_not(next + 1, text.end(), isDigit);
+    }
+    return verdict(repeats > 0);
 }
 
 Verdict judgeWord(const QString& text, int longest)

@@ -1,0 +1,186 @@
+// The document in the window: judging its cells, changing rows, painting a screen of it. Measured
+// on 10,000 scan list rows, 2,000 meta data rows and all keywords, with names that are all distinct
+// and one in five of which is more than a plain word.
+
+#include <QApplication>
+#include <QTabWidget>
+#include <QTreeView>
+#include <QUndoStack>
+
+#include "bench_document.h"
+#include "editor_antlr3.h"
+#include "editorundocommand.h"
+#include "mainwindow.h"
+#include "treemodel.h"
+
+namespace {
+
+constexpr int SCAN_ROWS = 10000;
+constexpr int META_ROWS = 2000;
+constexpr int ALL_ROWS = SCAN_ROWS + META_ROWS;
+constexpr double SECONDS = 1.0;
+
+const std::string& liveFile()
+{
+    return specFileOfRows(SCAN_ROWS, META_ROWS);
+}
+
+void measure(benchmark::internal::Benchmark* measured)
+{
+    measured->Arg(ALL_ROWS)->MinTime(SECONDS);
+}
+
+using Models = std::vector<std::unique_ptr<TreeModel>>;
+
+Models loadModels()
+{
+    read_file(liveFile().c_str());
+    Models models = makeModels();
+    free_resources();
+    return models;
+}
+
+void judgeAll(const Models& models)
+{
+    for (const auto& model : models) {
+        model->setDirty();
+        model->validate_model();
+    }
+}
+
+// What the other figures are held against.
+void readFile(benchmark::State& state)
+{
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(read_file(liveFile().c_str()));
+        free_resources();
+    }
+}
+BENCHMARK(readFile)->Apply(measure);
+
+void judgeAfterLoad(benchmark::State& state)
+{
+    for (auto _ : state) {
+        state.PauseTiming();
+        Models models = loadModels();
+        state.ResumeTiming();
+        judgeAll(models);
+        state.PauseTiming();
+        models.clear();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(judgeAfterLoad)->Apply(measure);
+
+// The timer asks twice a second while the tab has errors.
+void judgeAgainWithErrors(benchmark::State& state)
+{
+    const Models models = loadModels();
+    TreeModel& scanList = *models[DE_TAB2];
+    scanList.setData(scanList.index(SCAN_ROWS / 2, 1), QStringLiteral("1 wrong"));
+    judgeAll(models);
+    for (auto _ : state) {
+        scanList.setDirty();
+        scanList.validate_model();
+    }
+}
+BENCHMARK(judgeAgainWithErrors)->Apply(measure);
+
+void judgeAfterOneEdit(benchmark::State& state)
+{
+    const Models models = loadModels();
+    TreeModel& scanList = *models[DE_TAB2];
+    judgeAll(models);
+    const QModelIndex cell = scanList.index(SCAN_ROWS / 2, 1);
+    int edit = 0;
+    for (auto _ : state) {
+        scanList.setData(cell, QStringLiteral("edited_%1").arg(++edit));
+        scanList.validate_model();
+    }
+}
+BENCHMARK(judgeAfterOneEdit)->Apply(measure);
+
+void changeRow(benchmark::State& state, ur_command command)
+{
+    const Models models = loadModels();
+    TreeModel& scanList = *models[DE_TAB2];
+    constexpr int ROW = SCAN_ROWS / 2;
+    const int commandRow = command == uaddRow ? ROW + 1 : ROW;
+    QUndoStack stack;
+    for (auto _ : state) {
+        stack.push(
+            new EditorUndoCommand(&scanList, scanList.index(ROW, 0), commandRow, 0, 3, command));
+        stack.undo();
+        stack.redo();
+        stack.undo();
+    }
+    // Four actions a round.
+    state.counters["actions"] =
+        benchmark::Counter(4, benchmark::Counter::kIsIterationInvariantRate);
+}
+void insertUndoRedoUndo(benchmark::State& state)
+{
+    changeRow(state, uaddRow);
+}
+BENCHMARK(insertUndoRedoUndo)->Apply(measure);
+void removeUndoRedoUndo(benchmark::State& state)
+{
+    changeRow(state, uremoveRow);
+}
+BENCHMARK(removeUndoRedoUndo)->Apply(measure);
+
+// A shown window on the file, with the Scan List in front.
+std::unique_ptr<MainWindow> shownWindow(const std::string& fileName)
+{
+    auto window = std::make_unique<MainWindow>(nullptr);
+    window->loadFile(QString::fromStdString(fileName), false);
+    window->readSettings();
+    window->show();
+    window->findChild<QTabWidget*>(QStringLiteral("tabWidget"))->setCurrentIndex(DE_TAB2);
+    QApplication::processEvents();
+    return window;
+}
+
+void tickOfCleanDocument(benchmark::State& state)
+{
+    const auto window = shownWindow(liveFile());
+    for (auto _ : state)
+        window->checkErrorCount();
+}
+BENCHMARK(tickOfCleanDocument)->Apply(measure);
+
+// A screen in the middle of the list, whatever its length.
+void paintScreen(benchmark::State& state)
+{
+    const auto window = shownWindow(specFileOfRows(static_cast<int>(state.range(0)), 0));
+    auto* const view = window->findChild<QTreeView*>(QStringLiteral("view1"));
+    view->scrollTo(view->model()->index(view->model()->rowCount() / 2, 1));
+    for (auto _ : state)
+        view->viewport()->repaint();
+}
+BENCHMARK(paintScreen)->Arg(100)->Arg(SCAN_ROWS)->MinTime(SECONDS);
+
+// The whole of an insertion with its undo, as the user sees it: the view follows, the tab is
+// judged.
+void insertRowInWindow(benchmark::State& state)
+{
+    const auto window = shownWindow(liveFile());
+    auto* const view = window->findChild<QTreeView*>(QStringLiteral("view1"));
+    view->setCurrentIndex(view->model()->index(SCAN_ROWS / 2, 1));
+    for (auto _ : state) {
+        window->insertRow();
+        QApplication::processEvents();
+        window->uStack()->undo();
+        window->checkErrorCount();
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(insertRowInWindow)->Apply(measure);
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    return runBenchmarks(argc, argv);
+}
