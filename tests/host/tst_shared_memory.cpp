@@ -118,9 +118,9 @@ constexpr Count COUNTS[] = {
 };
 
 constexpr int ATTRIBUTES_SIZE = 1774;
-constexpr int KEYWORDS = 8000;
 constexpr int KEYWORD_SIZE = 88;
-constexpr int KEYWORD_AREA_SIZE = 704060;  // with 29 numbers of 16 bits and 2 bytes of padding
+// 8000 keywords, 29 numbers of 16 bits and 2 bytes of padding.
+constexpr int KEYWORD_AREA_SIZE = 704060;
 
 // Explicit places, gaps, inactive records, the last records of their tables, a count above what is
 // described, a counted table without records and an area without a table.
