@@ -250,7 +250,16 @@ void AntlrErrorHandler(pANTLR3_BASE_RECOGNIZER recognizer)
     recognizer->state->error = ANTLR3_FALSE;
 }
 
-void LAntlrErrorHandler(pANTLR3_BASE_RECOGNIZER /*recognizer*/) {}
+// The runtime keeps an exception for every character that was dropped until the lexer goes, so a
+// large file of nothing else would eat up the memory: only the last one is kept.
+void LAntlrErrorHandler(pANTLR3_BASE_RECOGNIZER recognizer)
+{
+    const pANTLR3_EXCEPTION last = recognizer->state->exception;
+    if (last == nullptr || last->nextException == nullptr)
+        return;
+    last->nextException->freeEx(last->nextException);
+    last->nextException = nullptr;
+}
 
 void* AntlrErrorNode(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_TOKEN_STREAM /*ctnstream*/,
                      pANTLR3_COMMON_TOKEN startToken, pANTLR3_COMMON_TOKEN /*endToken*/,

@@ -79,6 +79,8 @@ pANTLR3_BASE_TREE makeBlankTwin(pANTLR3_BASE_TREE item)
     text[0] = ' ';
     token->textState = ANTLR3_TEXT_CHARP;
     token->tokText.chars = reinterpret_cast<pANTLR3_UCHAR>(keepTokenText(std::move(text)));
+    // The runtime's copy of a token comes without the factory that its text is read through.
+    token->strFactory = adaptor->strFactory;
     return static_cast<pANTLR3_BASE_TREE>(adaptor->create(adaptor, token));
 }
 
@@ -178,6 +180,9 @@ int linePos(pANTLR3_BASE_TREE item)
 int update_token(pANTLR3_COMMON_TOKEN tok, const char* value, size_t vSize)
 {
     constexpr size_t EMPTY_LENGTH = 10;
+    // The end of the stream is told by this one token: with another type it would never end.
+    if (tok->getType(tok) == ANTLR3_TOKEN_EOF)
+        return 0;
     const size_t length = vSize == 0 ? EMPTY_LENGTH : vSize;
     const bool comment = tok->getType(tok) == TOKEN_COMMENT;
     char* const text = keepTokenText(editedText(value, length, comment));

@@ -11,7 +11,7 @@ extern "C" {
    subrule had succeeded. Says nothing to anyone. */
 void AntlrErrorHandler(pANTLR3_BASE_RECOGNIZER recognizer);
 
-/* The lexer's error report: nothing at all. */
+/* The lexer's error report: reports nothing; what cannot be a token is dropped. */
 void LAntlrErrorHandler(pANTLR3_BASE_RECOGNIZER recognizer);
 
 /* The node that stands in a failed rule's place: type 0, with the text of the exception's token or,

@@ -42,6 +42,7 @@ void tst_LargeInput::onePiece_data()
     QTest::newRow("one comment") << '#' << 'c';
     QTest::newRow("one unclosed quote") << '"' << 'q';
     QTest::newRow("one run of line feeds") << '\n' << '\n';
+    QTest::newRow("characters that begin no token") << '=' << '=';
 }
 
 void tst_LargeInput::onePiece()
