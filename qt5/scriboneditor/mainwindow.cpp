@@ -104,7 +104,8 @@ QStringList headersOf(int tab)
 {
     QStringList headers;
     for (int column = 0; column < NumberOfColumns[static_cast<size_t>(tab)]; ++column) {
-        const char* const header = TableHeaders[static_cast<size_t>(tab * HEADER_SLOTS + column)];
+        const char* const header =
+            TableHeaders[static_cast<size_t>(tab) * HEADER_SLOTS + static_cast<size_t>(column)];
         headers.append(header == nullptr ? QString() : MainWindow::tr(header));
     }
     return headers;
@@ -561,8 +562,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     free_resources();
 }
 
-// ---- Errors
-// --------------------------------------------------------------------------------------
+// ---- Errors ------------------------------------------------------------------------------------
 
 void MainWindow::startCounting()
 {

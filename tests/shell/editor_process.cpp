@@ -63,7 +63,7 @@ QJsonObject EditorProcess::window(const QString& title)
         const QJsonValue state = ask(QStringLiteral("state"));
         if (state.isUndefined())
             break;
-        for (const QJsonValue& window : state[QLatin1String("windows")].toArray()) {
+        for (const QJsonValue window : state[QLatin1String("windows")].toArray()) {
             if (window[QLatin1String("title")] == title &&
                 window[QLatin1String("visible")].toBool())
                 return window.toObject();
@@ -76,7 +76,7 @@ QStringList EditorProcess::titles()
 {
     QStringList titles;
     const QJsonValue state = ask(QStringLiteral("state"));
-    for (const QJsonValue& window : state[QLatin1String("windows")].toArray())
+    for (const QJsonValue window : state[QLatin1String("windows")].toArray())
         titles.append(window[QLatin1String("title")].toString());
     titles.sort();
     return titles;

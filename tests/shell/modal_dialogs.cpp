@@ -82,11 +82,13 @@ void ModalDialogs::look()
 
 void ModalDialogs::remember(QDialog* dialog)
 {
-    if (const auto* const box = qobject_cast<QMessageBox*>(dialog))
+    if (const auto* const box = qobject_cast<QMessageBox*>(dialog)) {
         boxes.append({box->windowTitle(), box->text(), box->icon(), box->standardButtons(),
                       box->parentWidget()});
-    if (const auto* const files = qobject_cast<QFileDialog*>(dialog))
+    }
+    if (const auto* const files = qobject_cast<QFileDialog*>(dialog)) {
         fileDialogs.append({files->windowTitle(), files->directory().absolutePath(),
                             files->nameFilters(), files->acceptMode(), files->windowModality(),
                             files->defaultSuffix(), files->parentWidget()});
+    }
 }

@@ -196,10 +196,11 @@ void tst_Startup::resourcesOpen()
                                  ":/images/down_arrow.png", ":/images/sizegrip.png"});
     for (const char* const kind : {"checkbox", "radiobutton"}) {
         for (const char* const state : {"checked", "unchecked"}) {
-            for (const char* const look : {"", "_hover", "_pressed"})
+            for (const char* const look : {"", "_hover", "_pressed"}) {
                 expected.append(
                     QStringLiteral(":/images/%1_%2%3.png")
                         .arg(QLatin1String(kind), QLatin1String(state), QLatin1String(look)));
+            }
         }
     }
     for (const QString& name : qAsConst(expected)) {

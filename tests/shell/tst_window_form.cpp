@@ -291,7 +291,6 @@ void tst_WindowForm::viewSettings()
 {
     QFETCH(int, tab);
     const QTreeView* const view = viewOf(*m_window, tab);
-    QVERIFY(view != nullptr);
     QVERIFY(view->alternatingRowColors());
     QCOMPARE(view->selectionBehavior(), QAbstractItemView::SelectItems);
     QCOMPARE(view->horizontalScrollMode(), QAbstractItemView::ScrollPerPixel);
