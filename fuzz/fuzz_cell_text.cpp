@@ -1,11 +1,11 @@
 // Any text that a cell can hold, classified.
 
-#include "editor_antlr3.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
+
+#include "editor_antlr3.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {

@@ -1,18 +1,17 @@
 // Any bytes as a spec file: parsed, loaded into the five models and written back, twice. What has
 // been written once must load again and come out the same from then on.
 
-#include "editor_antlr3.h"
-#include "treemodel.h"
-
 #include <QCoreApplication>
 #include <QFile>
 #include <QStringList>
 #include <QTemporaryDir>
-
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+
+#include "editor_antlr3.h"
+#include "treemodel.h"
 
 namespace {
 

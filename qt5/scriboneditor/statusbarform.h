@@ -3,7 +3,6 @@
 
 #include <QString>
 #include <QWidget>
-
 #include <memory>
 
 namespace Ui {

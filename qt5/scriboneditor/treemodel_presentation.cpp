@@ -127,10 +127,11 @@ QVariant TreeModel::decoration(const QModelIndex& index) const
 {
     if (!hasArrow(index))
         return getItem(index)->data(index.column());
-    if (arrowIcon.isNull())
-        arrowIcon =
-            QIcon(tabIndexNumber == EDIT_TAB1 ? QStringLiteral(":/resources/arrow-down.png")
-                                              : QStringLiteral(":resources/arrow-down.png"));
+    if (arrowIcon.isNull()) {
+        const bool keywords = tabIndexNumber == EDIT_TAB1;
+        arrowIcon = QIcon(keywords ? QStringLiteral(":/resources/arrow-down.png")
+                                   : QStringLiteral(":resources/arrow-down.png"));
+    }
     return arrowIcon;
 }
 

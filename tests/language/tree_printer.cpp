@@ -25,7 +25,7 @@ std::string nodeText(pANTLR3_BASE_TREE tree)
 
 std::string nodeLabel(pANTLR3_BASE_TREE tree)
 {
-    const std::string name = nodeTypeName(tree);
+    std::string name = nodeTypeName(tree);
     const std::string text = nodeText(tree);
     if (name == "EOF" || name == "NIL" || text == name)
         return name;

@@ -1,14 +1,14 @@
 // The judge answers many texts without asking the pattern or the lexer. Here both are asked, for
 // texts made up at random around the places where the answers turn.
 
-#include "editor_antlr3.h"
-#include "textjudge.h"
-#include "validatorformat.h"
-
 #include <QRandomGenerator>
 #include <QRegExp>
 #include <QtTest>
 #include <array>
+
+#include "editor_antlr3.h"
+#include "textjudge.h"
+#include "validatorformat.h"
 
 namespace {
 
@@ -27,7 +27,8 @@ constexpr std::array<Alphabet, 9> ALPHABETS{{
     {"numbers", "0 12 . e E + - [sec] [ ] x SP # @ 1e+ 5."},
     {"members and keywords", ". .AV AV .MN @ @MODE @SCRIBON LOG_DIGITAL_DESCP L LOG # SP yes no x"},
     {"comments", "# a SP @ \t ' \""},
-    {"anything", "! \" # $ % & ' ( ) * + , - . / 0 : ; < = > ? @ A L [ \\ ] ^ _ ` a { | } ~ SP \t \n \r"},
+    {"anything",
+     "! \" # $ % & ' ( ) * + , - . / 0 : ; < = > ? @ A L [ \\ ] ^ _ ` a { | } ~ SP \t \n \r"},
 }};
 
 QString randomText(QRandomGenerator* random, const Alphabet& alphabet, int longest)
@@ -36,7 +37,7 @@ QString randomText(QRandomGenerator* random, const Alphabet& alphabet, int longe
     QString text;
     const int count = random->bounded(longest + 1);
     for (int i = 0; i < count; ++i) {
-        const QString piece = pieces.at(random->bounded(pieces.size()));
+        const QString& piece = pieces.at(random->bounded(pieces.size()));
         text += piece == QLatin1String("SP") ? QStringLiteral(" ") : piece;
     }
     return text;
@@ -46,8 +47,8 @@ FormatValidators makeValidators()
 {
     FormatValidators validators;
     for (size_t i = 0; i < validators.size(); ++i)
-        validators[i] = std::make_unique<QRegExpValidator>(
-            QRegExp(QString::fromLatin1(ValidatorPatterns[i])));
+        validators[i] =
+            std::make_unique<QRegExpValidator>(QRegExp(QString::fromLatin1(ValidatorPatterns[i])));
     return validators;
 }
 
@@ -122,16 +123,36 @@ void TestTextJudge::answersAtTheLimitsOfLengths_data()
     QTest::addColumn<QString>("first");
     QTest::addColumn<QString>("repeated");
     QTest::addColumn<QString>("last");
-    QTest::newRow("a word") << "a" << "b" << "";
-    QTest::newRow("a word behind a digit") << "1" << "b" << "";
-    QTest::newRow("a variable with a suffix") << "a" << "%" << "";
-    QTest::newRow("a variable with units") << "a[" << "r" << "]";
-    QTest::newRow("a text in single quotes") << "'" << "x " << "'";
-    QTest::newRow("a text in double quotes with a suffix") << "\"x" << "%" << "\"";
-    QTest::newRow("a channel of dollar signs") << "" << "$" << "";
-    QTest::newRow("a parameter of instances") << "a" << "b@1" << "";
-    QTest::newRow("digits") << "" << "7" << "";
-    QTest::newRow("a comment") << "#" << "c" << "";
+    QTest::newRow("a word") << "a"
+                            << "b"
+                            << "";
+    QTest::newRow("a word behind a digit") << "1"
+                                           << "b"
+                                           << "";
+    QTest::newRow("a variable with a suffix") << "a"
+                                              << "%"
+                                              << "";
+    QTest::newRow("a variable with units") << "a["
+                                           << "r"
+                                           << "]";
+    QTest::newRow("a text in single quotes") << "'"
+                                             << "x "
+                                             << "'";
+    QTest::newRow("a text in double quotes with a suffix") << "\"x"
+                                                           << "%"
+                                                           << "\"";
+    QTest::newRow("a channel of dollar signs") << ""
+                                               << "$"
+                                               << "";
+    QTest::newRow("a parameter of instances") << "a"
+                                              << "b@1"
+                                              << "";
+    QTest::newRow("digits") << ""
+                            << "7"
+                            << "";
+    QTest::newRow("a comment") << "#"
+                               << "c"
+                               << "";
 }
 
 void TestTextJudge::answersAtTheLimitsOfLengths()
