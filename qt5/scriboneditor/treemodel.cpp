@@ -427,15 +427,15 @@ void StatementRows::addItem(int editor, const QString& text)
 }
 
 // The fillers behind the section's keyword fill its row as if they were an entry. A plain text in
-// the second slot of a Scan List entry is the channel keyword: the entry has no statistical member
-// and is complete.
+// the second slot completes an entry of any list: on the Scan List it is the channel keyword of one
+// without a statistical member.
 void StatementRows::addListItem(int editor, const QString& text)
 {
     constexpr int FIRST_ENTRY_ITEM = 3;
     if (m_position == 0 && m_itemCount > FIRST_ENTRY_ITEM)
         appendRow();
     m_row->setData(listColumn(editor), text);
-    const bool complete = m_scanList && m_position == 1 && editor == TEXT_BLOCK;
+    const bool complete = m_position == 1 && editor == TEXT_BLOCK;
     const int slotCount = m_scanList ? 3 : 2;
     m_position = complete ? 0 : (m_position + 1) % slotCount;
 }

@@ -172,6 +172,8 @@ void tst_RowWriting::scanList_data()
         << lines({keyword, "<unset> | a | .AV | @c"}) << QByteArray("\n@SCAN_LIST\na\t\t.AV\n@c\n");
     QTest::newRow("an inserted row left empty")
         << lines({keyword, "\\s | \\s | \\s | \\s"}) << QByteArray("\n@SCAN_LIST\n\n");
+    QTest::newRow("values are counted anew behind a keyword")
+        << lines({"FILLER_TXT | FILLER_TXT | @k | v"}) << QByteArray("@k\n\t\tv\n");
     QTest::newRow("a fourth value starts a line")
         << lines({keyword, "k | a | b | c"}) << QByteArray("\n@SCAN_LIST\nka\t\tb\n\t\tc\n");
 }
