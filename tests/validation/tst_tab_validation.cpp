@@ -2,6 +2,7 @@
 // faults.
 //   .  never judged    ok  good    X  wrong    D  repeated    -  no such field
 
+#include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -118,6 +119,27 @@ void addKeywordValues()
     addValue("@FIFO_LOG_BUFFER", "maybe", true);
 }
 
+// A change as the user or a delegate makes one: a text, a row more, a row less, a code.
+void changeAtRandom(QRandomGenerator* random, TreeModel* model, const QStringList& texts)
+{
+    const int row = random->bounded(model->rowCount());
+    const QModelIndex cell = model->index(row, random->bounded(model->columnCount()));
+    switch (random->bounded(8)) {
+        case 0:
+            model->insertRows(row, 1);
+            break;
+        case 1:
+            if (model->rowCount() > 2)
+                model->removeRows(row, 1);
+            break;
+        case 2:
+            model->setErrorCode(cell, random->bounded(3));
+            break;
+        default:
+            model->setData(cell, texts.at(random->bounded(texts.size())));
+    }
+}
+
 }  // namespace
 
 class TestTabValidation : public QObject {
@@ -133,6 +155,8 @@ private Q_SLOTS:
     void takesADuplicateBackWhenTheFirstGoes();
     void tellsThatCodesChanged();
     void judgesNothingOnAnUnknownTab();
+    void judgesAsAFreshModelWould_data();
+    void judgesAsAFreshModelWould();
 };
 
 void TestTabValidation::givesCodes_data()
@@ -351,6 +375,48 @@ void TestTabValidation::judgesNothingOnAnUnknownTab()
     model.setDirty();
     model.validate_model();
     QVERIFY(model.isDirty());
+}
+
+void TestTabValidation::judgesAsAFreshModelWould_data()
+{
+    QTest::addColumn<int>("tab");
+    for (int tab = EDIT_TAB1; tab <= EDIT_TAB5; ++tab)
+        QTest::addRow("tab %d", tab - EDIT_TAB1 + 1) << tab;
+}
+
+// Passes build on what the last one found. A model made of the same rows and judged for the first
+// time must agree on every cell that it looks at, and on the count.
+void TestTabValidation::judgesAsAFreshModelWould()
+{
+    QFETCH(int, tab);
+    constexpr int STEPS = 1500;
+    const QStringList texts =
+        QStringLiteral(
+            "@SCAN_LIST @ECM_LIST @MAX_SCANS @MAX_SCANS @RUNNING_AVERAGE @FOO #c #@MODE v v w w[1] "
+            "1x 12 "
+            "7 .AV .MX .xx 'q' \"q\" 5[sec] FILLER_TXT /a:b:1 /a:b:2 A A B a@1 a@b yes no")
+            .split(QLatin1Char(' '));
+    const bool scanList = tab == EDIT_TAB2;
+    const QString keyword = QLatin1String(tab == EDIT_TAB5 ? "@ECM_LIST" : "@SCAN_LIST");
+    const QString cells = scanList ? QStringLiteral(" | x | y | z") : QStringLiteral(" | x | y");
+    const auto model = modelOfRows(tab, QVector<QString>(6, keyword + cells).toList());
+    QRandomGenerator random(static_cast<quint32>(tab));
+    for (int step = 0; step < STEPS; ++step) {
+        changeAtRandom(&random, model.get(), texts);
+        if (random.bounded(3) == 0)
+            continue;
+        judge(model.get());
+        const auto fresh = modelOfRows(tab, rowLines(*model));
+        judge(fresh.get());
+        QCOMPARE(model->getErrorCount(), fresh->getErrorCount());
+        for (int row = 0; row < model->rowCount(); ++row) {
+            for (int column = 0; column < model->columnCount(); ++column) {
+                const QVariant expected = fresh->errorCode(fresh->index(row, column));
+                if (expected.isValid())
+                    QCOMPARE(model->errorCode(model->index(row, column)), expected);
+            }
+        }
+    }
 }
 
 QTEST_GUILESS_MAIN(TestTabValidation)
