@@ -29,6 +29,7 @@ private Q_SLOTS:
     void followsAnEditAtTheNextTick();
     void writesZeroForAGoodDocument();
     void keepsItsNumbersAfterAFailedLoad();
+    void countsWhileAFileIsLoading();
     void stopsAt999();
     void judgesTheTabInFrontWhileItHasErrors();
 
@@ -126,6 +127,14 @@ void TestErrorCounts::keepsItsNumbersAfterAFailedLoad()
     m_window->checkErrorCount();
     QCOMPARE(allErrors(), 4);
     QCOMPARE(label(), QStringLiteral("Keyword Errors:"));
+}
+
+// No cell says anything then, yet the first pass is part of the load.
+void TestErrorCounts::countsWhileAFileIsLoading()
+{
+    LoadingFile = 1;
+    loadGoodFile(specWithErrors());
+    QCOMPARE(allErrors(), 4);
 }
 
 void TestErrorCounts::stopsAt999()
