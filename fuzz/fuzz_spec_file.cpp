@@ -1,5 +1,5 @@
-// Any bytes as a spec file: parsed, loaded into the five models and written back, twice. What has
-// been written once must load again and come out the same from then on.
+// Any bytes as a spec file: parsed, loaded into the five models, judged and written back, twice.
+// What has been written once must load again and come out the same from then on.
 
 #include <QCoreApplication>
 #include <QFile>
@@ -43,6 +43,8 @@ bool loadAndSave(const QByteArray& from, QByteArray to)
                                      QStringLiteral("d")};
         const int columns = tab == EDIT_TAB2 ? 4 : 3;
         TreeModel model(headers.mid(0, columns), getTree(), static_cast<ANTLR3_UINT32>(tab));
+        model.setDirty();
+        model.validate_model();
         model.dump_to_file(to.data());
     }
     return true;
