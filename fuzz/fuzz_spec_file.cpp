@@ -1,5 +1,5 @@
-// Any bytes as a spec file: parsed, loaded into the five models, judged and written back, twice.
-// What has been written once must load again and come out the same from then on.
+// Any bytes as a spec file: parsed, loaded into the five models, judged and written back, twice. What
+// has been written is read once more, since saved files are what users open next.
 
 #include <QCoreApplication>
 #include <QFile>
