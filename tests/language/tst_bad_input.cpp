@@ -338,7 +338,7 @@ void tst_BadInput::repeatedLoadsDoNotGrowMemory()
 {
     constexpr int WARM_UP = 20;
     constexpr int LOADS = 200;
-    constexpr size_t TOLERANCE = 16 * 1024;
+    constexpr size_t TOLERANCE = 16384;
     for (int i = 0; i < WARM_UP; ++i)
         loadEditAndClassifyOnce();
     const size_t before = mallinfo2().uordblks;

@@ -98,7 +98,7 @@ std::string token(const char* name, const std::string& text)
 std::string betweenWords(int byte)
 {
     const std::string c(1, static_cast<char>(byte));
-    const std::string x = token("TEXT_BLK", "x");
+    std::string x = token("TEXT_BLK", "x");
     const std::string y = token("TEXT_BLK", "y");
     if (isWordStart(byte) || byte == '@')
         return token("TEXT_BLK", "x" + c + "y");
@@ -312,11 +312,12 @@ void tst_Lexer::texts_data()
     };
     // One word of each kind that the next longer match takes away.
     const auto words = [](const char* type, std::initializer_list<const char*> texts) {
-        for (const char* const text : texts)
+        for (const char* const text : texts) {
             QTest::newRow(qPrintable(
                 QStringLiteral("%1 is a %2").arg(QLatin1String(text), QLatin1String(type))))
                 << QByteArray(text)
                 << QByteArray::fromStdString(token(type, QByteArray(text).toStdString()));
+        }
     };
     words("TIME_INTERVAL", {"2[sec]", "2.5[min]", ".5[hr]", "2.[hr]", ".[sec]", "[sec]", "5[SEC]",
                             "5[MSEC]", "5[HR]", "007[msec]"});
