@@ -1,5 +1,5 @@
-// Any bytes as a spec file: parsed, loaded into the five models, judged and written back, twice. What
-// has been written is read once more, since saved files are what users open next.
+// Any bytes as a spec file: parsed, loaded into the five models, judged and written back, twice:
+// what has been saved is what users open next.
 
 #include <QCoreApplication>
 #include <QFile>
