@@ -286,8 +286,6 @@ void tst_Startup::withoutThePlatformOnADisplay()
     m_editor->setVariable(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QString());
     m_editor->setVariable(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
     m_editor->setVariable(QStringLiteral("DISPLAY"), display.name());
-    // The GL drivers, which plain widgets do not need, take long to start on some machines.
-    m_editor->setVariable(QStringLiteral("QT_XCB_GL_INTEGRATION"), QStringLiteral("none"));
     QVERIFY(m_editor->start());
     QTRY_COMPARE_WITH_TIMEOUT(display.windows(), QStringList(NO_PLATFORM_TITLE), 30000);
     QVERIFY(display.strike(NO_PLATFORM_TITLE, QStringLiteral("Return")));

@@ -14,13 +14,15 @@ VirtualDisplay::~VirtualDisplay()
     m_server.waitForFinished(TIMEOUT_MS);
 }
 
-// The server chooses a free number and tells it when it is ready.
+// The server chooses a free number and tells it when it is ready. It must not start over when its
+// last client goes, as the tools that look at it do again and again: a program that connects just
+// then would wait for ever.
 bool VirtualDisplay::start()
 {
     m_server.start(QStringLiteral("Xvfb"),
                    {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
                     QStringLiteral("0"), QStringLiteral("1024x768x24"), QStringLiteral("-nolisten"),
-                    QStringLiteral("tcp")});
+                    QStringLiteral("tcp"), QStringLiteral("-noreset")});
     while (!m_server.canReadLine() && m_server.waitForReadyRead(TIMEOUT_MS)) {
     }
     m_name = QLatin1Char(':') + QString::fromLatin1(m_server.readLine().trimmed());
