@@ -68,13 +68,13 @@ void addPictureRows()
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("source");
     QTest::addColumn<int>("size");
+    const auto addRow = [](const Picture& picture, const QString& file, const QString& dir) {
+        QTest::newRow(picture.file) << file << sourceOf(dir, picture.file) << picture.size;
+    };
     for (const Picture& picture : IN_PROGRAM)
-        QTest::newRow(picture.file) << QString(QLatin1String(picture.file))
-                                    << sourceOf(RESOURCES_DIR, picture.file) << picture.size;
+        addRow(picture, QLatin1String(picture.file), RESOURCES_DIR);
     for (const Picture& picture : BESIDE_PROGRAM)
-        QTest::newRow(picture.file)
-            << INSTALLED_DIR + QLatin1Char('/') + QLatin1String(picture.file)
-            << sourceOf(ICONS_DIR, picture.file) << picture.size;
+        addRow(picture, INSTALLED_DIR + QLatin1Char('/') + QLatin1String(picture.file), ICONS_DIR);
 }
 
 QStringList filesBelow(const QString& dir, const QString& pattern)
