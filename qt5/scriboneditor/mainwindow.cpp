@@ -23,6 +23,7 @@
 #include "scribon_keywords.h"
 #include "statusbarform.h"
 #include "treemodel.h"
+#include "variablemaplist.h"
 
 MainWindow* EditorMainWindow = nullptr;
 int LoadingFile = 0;
@@ -168,6 +169,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     setupActions();
     updateActions();
     fillKeywordHelp();
+    rebuildMasterVariables(QT_MARVANE_ANY);
     startCounting();
 }
 

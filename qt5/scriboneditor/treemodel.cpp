@@ -265,7 +265,10 @@ bool TreeModel::setErrorCode(const QModelIndex& index, const QVariant& value) co
     TreeItem* const row = getItem(index);
     row->setDirty();
     touched = true;
-    return row->setErrorCode(index.column(), value);
+    if (!row->setErrorCode(index.column(), value))
+        return false;
+    Q_EMIT codesChanged();
+    return true;
 }
 
 int TreeModel::getErrorCount() const

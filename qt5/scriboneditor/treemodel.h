@@ -62,8 +62,8 @@ public:
     bool removeColumns(int position, int columns,
                        const QModelIndex& parent = QModelIndex()) override;
 
-    // A cell's error code, an invalid variant before the first validation. Setting one sends no
-    // signal and changes no flag.
+    // A cell's error code, an invalid variant before the first validation. Setting one changes no
+    // flag; the next validation of the cell replaces it.
     QVariant errorCode(const QModelIndex& index) const;
     bool setErrorCode(const QModelIndex& index, const QVariant& value) const;
 
@@ -91,8 +91,8 @@ public:
     void validate_model();
 
 Q_SIGNALS:
-    // A pass changed codes, and with them how cells look.
-    void codesChanged();
+    // Codes changed, and with them how cells look.
+    void codesChanged() const;
 
 private:
     void setupModelData(pANTLR3_BASE_TREE bTree, TreeItem* parent);

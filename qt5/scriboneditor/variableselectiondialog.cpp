@@ -1,0 +1,441 @@
+#include "variableselectiondialog.h"
+
+#include <QCompleter>
+#include <QLineEdit>
+#include <QListView>
+#include <QRegExpValidator>
+#include <QSortFilterProxyModel>
+#include <QStandardItemModel>
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
+#include "treeitem.h"
+#include "ui_variableselectiondialog.h"
+#include "validationcharm.h"
+
+namespace {
+
+// ---- What may be typed -------------------------------------------------------------------------
+
+const auto VARIABLE_FORMAT = QStringLiteral("[A-Za-z_][A-Za-z0-9_]*[\\.]?(\\:[A-Za-z0-9_]*){0,6}");
+const auto PATH_FORMAT = QStringLiteral("^\\/(([A-Za-z_0-9.])+\\/?)+(\n)?");
+const auto INTERVAL_FORMAT =
+    QStringLiteral("^.?([0-9]+)(.[0-9]+)?\\[(min|sec|hr|msec|MIN|SEC|HR|MSEC)\\](\n)?");
+const auto LITERAL_FORMAT = QStringLiteral("^\".*\"$");
+
+QString formatOf(const QString& optionalData)
+{
+    if (optionalData == QLatin1String("Path"))
+        return PATH_FORMAT;
+    if (optionalData == QLatin1String("Literal"))
+        return LITERAL_FORMAT;
+    return INTERVAL_FORMAT;
+}
+
+// ---- Members of structured variables -----------------------------------------------------------
+
+constexpr auto stat_extenders =
+    "AV MN MX RN SD C0 IV FV DL E0 CI I0 I5 I9 ME MD RM ST EN TN TX C1 IN IT RS CV E1 RA NM SE RC "
+    "QF NR";
+
+constexpr auto comp_extenders =
+    "H2 CO O2 WA C2 N2 NX AR AM ME EE PR NB IB NP IP HX HE OC NN HS H2S MTM ETM DMS IPM TBM MES "
+    "NPM SBM DES THT NM OM HM CM NA OA HA CA NF OF HF CF FA OL SA UT MM";
+
+constexpr auto prop_extenders =
+    "AT AP CP CV GM TH GC ER SR HV HU ET VS RE DD ID IR CM DW AH VP WD EA LM LV HM HH WL WH MR ML "
+    "MT MO KE KT KP HC RD RW IE OT CU CI DS LH DE UT";
+
+constexpr auto emis_extenders =
+    "FUEL_MF_MEA AIR_MF_MEA EXH_MF_MEA EXH_CD_CO2_MEA EXH_CD_O2_MEA EXH_CD_CO_MEA EXH_CD_NOX_MEA "
+    "EXH_CW_HC_MEA EXH_CW_NOX_MEA FUEL_MW AIR_MF_DRY CD_CO2_TH CD_O2_TH DRY_TO_WET_TH CW_CO2_G1 "
+    "CW_CO_G1 CW_NOX_G1 CW_HC_G1 MF_CO2 MF_CO MF_NOX MF_HC MW_HC CBE CBE_CO2 AFDE_O2 AFDE_CO2 "
+    "BSCO2_G1 BSCO_G1 BSNOX_G1 BSHC_G1 NOX_COR_G1 BSNOX_COR_G1 FSCO2_G1 FSCO_G1 FSNOX_G1 FSHC_G1 "
+    "FA_WET DRY_WET_I1 EXH_CW_CO2_I1 EXH_CW_CO_I1 EXH_CW_NOX_I1 EXH_CW_HC_I1 EXH_MF_CO2_I1 "
+    "EXH_MF_CO_I1 EXH_MF_NOX_I1 EXH_MF_HC_I1 BSCO2_I1 BSCO_I1 BSNOX_I1 BSHC_I1 NOX_COR_I1 "
+    "BSNOX_COR_I1 PSEUDO_PHI CO2_ERR O2_ERR UT";
+
+// A kind of variable with members: how the platform knows one of its names, and the members in the
+// order in which they are offered. A name is taken for the first kind that knows it.
+struct StructuredKind {
+    QT_MARVANE_FLAGS flag;
+    int16_t (*find)(const char* label, SHARED_MEMORY* mem);
+    const char* extenders;
+};
+
+constexpr std::array<StructuredKind, 4> STRUCTURED_KINDS{{
+    {QT_MARVANE_COMP, find_comp_label, comp_extenders},
+    {QT_MARVANE_STAT, find_stat_label, stat_extenders},
+    {QT_MARVANE_PROP, find_prop_label, prop_extenders},
+    {QT_MARVANE_EMIS, find_emis_label, emis_extenders},
+}};
+
+// ---- Units -------------------------------------------------------------------------------------
+
+constexpr int16_t MAX_UNITS = 30;
+
+// Units of 16 bytes fill their field without a terminating zero.
+QByteArray unitsBytes(const UNITS_NAME& units)
+{
+    return {units, static_cast<int>(strnlen(units, sizeof(UNITS_NAME)))};
+}
+
+QString unitsString(const UNITS_NAME& units)
+{
+    return QString::fromLocal8Bit(unitsBytes(units));
+}
+
+void storeUnits(UNITS_NAME& units, const char* text)
+{
+    std::memset(units, 0, sizeof(UNITS_NAME));
+    if (text != nullptr)
+        std::memcpy(units, text, strnlen(text, sizeof(UNITS_NAME)));
+}
+
+// All units of the dimension of the named ones; none for a name that the platform does not know.
+QStringList unitsLike(const UNITS_NAME& named)
+{
+    int16_t num_keywords = MAX_UNITS;
+    std::array<UNITS_NAME, MAX_UNITS> dimension{};
+    LV_get_units2(unitsBytes(named).constData(), &num_keywords, dimension.data());
+    QStringList names;
+    for (int16_t i = 0; i < num_keywords; ++i)
+        names.append(unitsString(dimension[static_cast<size_t>(i)]));
+    return names;
+}
+
+}  // namespace
+
+// ---- Construction ------------------------------------------------------------------------------
+
+VariableSelectionDialog::VariableSelectionDialog(const QModelIndex& index, QWidget* parent,
+                                                 QFlags<QT_MARVANE_FLAGS> type,
+                                                 const QString& optionalData, const QString& inName)
+    : QDialog(parent, Qt::Drawer),
+      ui(std::make_unique<Ui::VariableSelectionDialog>()),
+      varType(type),
+      origVarName_(QString::fromLocal8Bit(inName.toLocal8Bit())),
+      m_index(index)
+{
+    ui->setupUi(this);
+    putProxyBehindVariables();
+    setupVariableLine();
+    ui->groupComboBox->lineEdit()->setReadOnly(true);
+    connectAll();
+    setupOptionalLine(optionalData, index);
+    refreshCatalogue();
+}
+
+VariableSelectionDialog::~VariableSelectionDialog() = default;
+
+// The combo box would delete its own model when it gets another.
+void VariableSelectionDialog::putProxyBehindVariables()
+{
+    QComboBox* const comboBox = ui->variableComboBox;
+    m_names = qobject_cast<QStandardItemModel*>(comboBox->model());
+    proxy_ = new QSortFilterProxyModel(comboBox);
+    proxy_->setSourceModel(m_names);
+    m_names->setParent(proxy_);
+    comboBox->setModel(proxy_);
+    proxy_->setFilterCaseSensitivity(Qt::CaseInsensitive);
+}
+
+// The names are sorted, which lets the completer find the typed beginning among any number of them
+// at once; its list measures one line for all and lays out only what is seen at first.
+void VariableSelectionDialog::setupVariableLine()
+{
+    QComboBox* const comboBox = ui->variableComboBox;
+    comboBox->setValidator(new QRegExpValidator(QRegExp(VARIABLE_FORMAT), this));
+    auto* const completer = new QCompleter(comboBox->model(), this);
+    completer->setModelSorting(QCompleter::CaseSensitivelySortedModel);
+    if (auto* const list = qobject_cast<QListView*>(completer->popup())) {
+        list->setUniformItemSizes(true);
+        list->setLayoutMode(QListView::Batched);
+    }
+    comboBox->setCompleter(completer);
+}
+
+void VariableSelectionDialog::setupOptionalLine(const QString& optionalData,
+                                                const QModelIndex& index)
+{
+    ui->interval_or_path->setVisible(!optionalData.isEmpty());
+    ui->lineEdit->setVisible(!optionalData.isEmpty());
+    ui->interval_or_path->setText(optionalData);
+    auto* const validator = new QRegExpValidator(QRegExp(formatOf(optionalData)), this);
+    auto* const charm = new ValidationCharm;
+    charm->setParent(ui->lineEdit);
+    charm->activateOn(ui->lineEdit, validator, QStringLiteral("Invalid ") + optionalData, index);
+    connect(ui->lineEdit, &QLineEdit::textEdited, this,
+            &VariableSelectionDialog::lineEditTextChanged);
+}
+
+void VariableSelectionDialog::connectAll()
+{
+    connect(ui->OkButton, &QPushButton::clicked, this, &QDialog::accept);
+    connect(ui->Cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(this, &VariableSelectionDialog::closeDialog, this, &QDialog::reject);
+    connect(this, &VariableSelectionDialog::mapParent, this, &VariableSelectionDialog::mapDialog);
+    connectText(ui->groupComboBox, &VariableSelectionDialog::groupIndexChanged);
+    connect(ui->variableComboBox, &QComboBox::editTextChanged, this,
+            &VariableSelectionDialog::variableEditTextChanged);
+    connectText(ui->unitsComboBox, &VariableSelectionDialog::unitsIndexChanged);
+}
+
+// Calls the slot with the text of the item that has become current.
+void VariableSelectionDialog::connectText(QComboBox* comboBox,
+                                          void (VariableSelectionDialog::*slot)(const QString&))
+{
+    connect(comboBox, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            [this, comboBox, slot](int index) { (this->*slot)(comboBox->itemText(index)); });
+}
+
+void VariableSelectionDialog::refreshCatalogue()
+{
+    if (int(varType) != VMLType || Master_variables == nullptr)
+        rebuildMasterVariables(varType);
+    variables = Master_variables;
+    m_optionalText.clear();
+}
+
+// ---- Accessors ---------------------------------------------------------------------------------
+
+QComboBox* VariableSelectionDialog::variableComboBox() const
+{
+    return ui->variableComboBox;
+}
+
+QComboBox* VariableSelectionDialog::subComboBox() const
+{
+    return ui->subComboBox;
+}
+
+QComboBox* VariableSelectionDialog::unitsComboBox() const
+{
+    return ui->unitsComboBox;
+}
+
+QLineEdit* VariableSelectionDialog::lineEdit() const
+{
+    return ui->lineEdit;
+}
+
+void VariableSelectionDialog::setUnits(const QString& units)
+{
+    storeUnits(m_units, units.toLocal8Bit().constData());
+}
+
+QString VariableSelectionDialog::subText() const
+{
+    return ui->subComboBox->currentText();
+}
+
+QString VariableSelectionDialog::defaultUnits() const
+{
+    return unitsString(default_units);
+}
+
+int VariableSelectionDialog::indexOfSelectedVarName() const
+{
+    return ui->variableComboBox->findData(ui->variableComboBox->currentText());
+}
+
+// ---- Showing and hiding ------------------------------------------------------------------------
+
+void VariableSelectionDialog::showEvent(QShowEvent* /*event*/)
+{
+    initializingClass = true;
+    fillGroups();
+    offerVariables(allVariables());
+    ui->variableComboBox->clearEditText();
+    if (!origVarName_.isEmpty())
+        showOriginal();
+    initializingClass = false;
+    Q_EMIT mapParent();
+}
+
+void VariableSelectionDialog::hideEvent(QHideEvent* /*event*/)
+{
+    if (result() != QDialog::Accepted)
+        Q_EMIT closeDialog();
+}
+
+void VariableSelectionDialog::mapDialog()
+{
+    QRect place = geometry();
+    place.moveTopLeft(parentWidget()->mapToGlobal(pos()));
+    setGeometry(place);
+}
+
+void VariableSelectionDialog::fillGroups()
+{
+    ui->groupComboBox->clear();
+    QStringList groups;
+    if ((varType & QT_MARVANE_ANY) == QT_MARVANE_ANY) {
+        groups.append(QStringLiteral("All Variables"));
+    } else {
+        if (varType.testFlag(QT_MARVANE_STRING))
+            groups.append(QStringLiteral("All String Variables"));
+        if (varType.testFlag(QT_MARVANE_LOGICAL))
+            groups.append(QStringLiteral("All Logical Variables"));
+    }
+    ui->groupComboBox->addItems(groups + variables->keys());
+}
+
+QStringList VariableSelectionDialog::allVariables() const
+{
+    QStringList names;
+    for (const QStringList& list : *variables)
+        names.append(list);
+    return names;
+}
+
+// Sorted before they go in, in one piece and behind the combo box's back: items that it inserts one
+// by one, and those that its proxy has to move about, take a time that grows with their square.
+void VariableSelectionDialog::offerVariables(QStringList names)
+{
+    std::sort(names.begin(), names.end());
+    m_names->removeRows(0, m_names->rowCount());
+    ui->variableComboBox->clearEditText();
+    QList<QStandardItem*> items;
+    items.reserve(names.size());
+    for (const QString& name : qAsConst(names))
+        items.append(new QStandardItem(name));
+    m_names->invisibleRootItem()->appendRows(items);
+    proxy_->sort(0, Qt::AscendingOrder);
+}
+
+// A text with colons is a variable with a suffix, which is shown whole; one with a full stop is a
+// variable and its member.
+void VariableSelectionDialog::showOriginal()
+{
+    const QString stem = origVarName_.section(QLatin1Char(':'), 0, 0);
+    if (showItem(ui->variableComboBox, stem, origVarName_))
+        return;
+    const QStringList parts = origVarName_.split(QLatin1Char('.'));
+    if (parts.size() < 2)
+        showPlainOriginal();
+    else
+        showMember(parts[0] + QLatin1Char('.'), parts[1]);
+}
+
+void VariableSelectionDialog::showPlainOriginal()
+{
+    if (showItem(ui->variableComboBox, origVarName_, origVarName_))
+        return;
+    if (origVarName_ != FILLER_TEXT && !origVarName_.startsWith(QLatin1Char('#')))
+        ui->variableComboBox->setEditText(origVarName_);
+}
+
+void VariableSelectionDialog::showMember(const QString& variable, const QString& member)
+{
+    if (showItem(ui->variableComboBox, variable, variable))
+        showItem(ui->subComboBox, member, member);
+}
+
+// False when there is no such item.
+bool VariableSelectionDialog::showItem(QComboBox* comboBox, const QString& item,
+                                       const QString& text)
+{
+    const int index = comboBox->findText(item, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (index == -1)
+        return false;
+    comboBox->setCurrentIndex(index);
+    comboBox->setEditText(text);
+    return true;
+}
+
+// ---- What the user picks and types -------------------------------------------------------------
+
+// The first entry stands for all groups, also where it is a group itself.
+void VariableSelectionDialog::groupIndexChanged(const QString& item)
+{
+    if (initializingClass)
+        return;
+    if (ui->groupComboBox->currentIndex() == 0) {
+        offerVariables(allVariables());
+        ui->variableComboBox->setCurrentIndex(0);
+        ui->variableComboBox->setMaxVisibleItems(10);
+    } else {
+        offerVariables(variables->value(item));
+        if (!variables->isEmpty())
+            ui->variableComboBox->setEnabled(true);
+        ui->variableComboBox->setCurrentIndex(0);
+    }
+}
+
+// A member behind a full stop keeps the members of its variable on offer.
+void VariableSelectionDialog::variableEditTextChanged(const QString& stext)
+{
+    if (initializingClass || stext.isEmpty())
+        return;
+    takeDefaultUnits(stext);
+    const QStringList members = membersOf(stext);
+    if (!members.isEmpty() || !stext.contains(QLatin1Char('.')))
+        offerMembers(members);
+    else
+        variableEditTextChanged(stext.section(QLatin1Char('.'), 0, 0));
+    offerUnits();
+}
+
+// Only a dialog for variables of all kinds has units; a name that the platform does not know leaves
+// those of the last one.
+void VariableSelectionDialog::takeDefaultUnits(const QString& stext)
+{
+    SHARED_MEMORY mem{};
+    if (int(varType) == QT_MARVANE_ANY && find_variable(stext.toLocal8Bit().constData(), &mem) == 0)
+        storeUnits(default_units, get_variable_units(mem));
+}
+
+QStringList VariableSelectionDialog::membersOf(const QString& stext) const
+{
+    const QByteArray name = stext.toUtf8();
+    SHARED_MEMORY mem{};
+    for (const StructuredKind& kind : STRUCTURED_KINDS) {
+        if (varType.testFlag(kind.flag) && kind.find(name.constData(), &mem) == 0)
+            return QString::fromLatin1(kind.extenders).split(QLatin1Char(' '));
+    }
+    return {};
+}
+
+void VariableSelectionDialog::offerMembers(const QStringList& members)
+{
+    ui->subComboBox->clear();
+    ui->subComboBox->addItems(members);
+    ui->subComboBox->setEnabled(!members.isEmpty());
+}
+
+// The units of the variable come first, unless the cell has units of its own: then they are not
+// offered at all, since naming them says nothing that the variable does not.
+void VariableSelectionDialog::offerUnits()
+{
+    const QString own = unitsString(default_units);
+    QStringList values;
+    if (m_units[0] == '\0')
+        values.append(own);
+    for (const QString& name : unitsLike(default_units)) {
+        if (name.compare(own, Qt::CaseInsensitive) != 0)
+            values.append(name);
+    }
+    ui->unitsComboBox->clear();
+    ui->unitsComboBox->clearEditText();
+    ui->unitsComboBox->addItems(values);
+    ui->unitsComboBox->setEnabled(true);
+    ui->unitsComboBox->setCurrentIndex(indexOfUnits());
+}
+
+// None when the units of the cell are not on offer, as the variable's own are not.
+int VariableSelectionDialog::indexOfUnits() const
+{
+    if (m_units[0] == '\0')
+        return 0;
+    return ui->unitsComboBox->findText(unitsString(m_units).toUpper(), Qt::MatchStartsWith);
+}
+
+void VariableSelectionDialog::unitsIndexChanged(const QString& /*item*/) {}
+
+void VariableSelectionDialog::lineEditTextChanged(const QString& lineValueText)
+{
+    if (!initializingClass)
+        m_optionalText = lineValueText;
+}
