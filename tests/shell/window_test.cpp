@@ -1,10 +1,14 @@
 #include "window_test.h"
 
 #include "editor_antlr3.h"
+#include "marvane_headers.h"
 
 void WindowTest::initTestCase()
 {
     QVERIFY2(inPrivateNamespace(), "run this through scripts/in-namespace");
+    QVERIFY(m_desk.start(qEnvironmentVariable("SCRIBON_EXAMPLES") +
+                         QStringLiteral("/catalogue.json")));
+    QCOMPARE(marvane_init_fn(1), int16_t(0));
 }
 
 void WindowTest::init()

@@ -1,10 +1,12 @@
-// What the tests of the window share: empty places, and a fresh window with nobody else's document
-// for each test function.
+// What the tests of the window share: a running platform, without which the window's constructor
+// ends the program, empty places, and a fresh window with nobody else's document for each test
+// function.
 #pragma once
 
 #include <QTest>
 #include <memory>
 
+#include "desk_process.h"
 #include "modal_dialogs.h"
 #include "places.h"
 #include "window_parts.h"
@@ -22,6 +24,7 @@ protected:
     // An edit as a delegate makes it.
     void edit(int tab, int row, int column, const QString& text);
 
+    DeskProcess m_desk;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<ModalDialogs> m_dialogs;
 
