@@ -1,10 +1,16 @@
 #include "antlr3_basetreedelegate.h"
 
+#include <QComboBox>
 #include <QIcon>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QSpinBox>
 #include <cstring>
 
+#include "asamspecs_select.h"
 #include "mainwindow.h"
 #include "scribon_keywords.h"
+#include "variableselectiondialog.h"
 
 namespace {
 
@@ -78,9 +84,183 @@ QSize Antlr3_BaseTreeDelegate::sizeHint(const QStyleOptionViewItem& option,
     return size;
 }
 
-QWidget* Antlr3_BaseTreeDelegate::createEditor(QWidget* /*parent*/,
-                                               const QStyleOptionViewItem& /*option*/,
-                                               const QModelIndex& /*index*/) const
+// ---- The tab of a cell -------------------------------------------------------------------------
+
+namespace {
+
+// By the whole object name, so that a longer one is none. 0 for a model that is no tab's.
+int tabOf(const QModelIndex& index)
 {
-    return nullptr;
+    if (index.model() == nullptr)
+        return 0;
+    const QByteArray name = index.model()->objectName().toLocal8Bit();
+    for (int tab = EDIT_TAB1; tab <= EDIT_TAB5; ++tab) {
+        if (name == "Model" + QByteArray::number(tab))
+            return tab;
+    }
+    return 0;
+}
+
+}  // namespace
+
+QWidget* Antlr3_BaseTreeDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                               const QModelIndex& index) const
+{
+    switch (tabOf(index)) {
+        case EDIT_TAB5:
+            return createEditorTab5(parent, option, index);
+        case EDIT_TAB4:
+            return createEditorTab4(parent, option, index);
+        case EDIT_TAB3:
+            return createEditorTab3(parent, option, index);
+        case EDIT_TAB2:
+            return createEditorTab2(parent, option, index);
+        case EDIT_TAB1:
+            return createEditorTab1(parent, option, index);
+        default:
+            return nullptr;
+    }
+}
+
+void Antlr3_BaseTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
+{
+    switch (tabOf(index)) {
+        case EDIT_TAB1:
+            setEditorDataTab1(editor, index);
+            break;
+        case EDIT_TAB2:
+            setEditorDataTab2(editor, index);
+            break;
+        case EDIT_TAB3:
+            setEditorDataTab3(editor, index);
+            break;
+        case EDIT_TAB4:
+            setEditorDataTab4(editor, index);
+            break;
+        case EDIT_TAB5:
+            setEditorDataTab5(editor, index);
+            break;
+        default:
+            break;
+    }
+}
+
+void Antlr3_BaseTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
+                                           const QModelIndex& index) const
+{
+    switch (tabOf(index)) {
+        case EDIT_TAB5:
+            setModelDataTab5(editor, model, index);
+            break;
+        case EDIT_TAB4:
+            setModelDataTab4(editor, model, index);
+            break;
+        case EDIT_TAB3:
+            setModelDataTab3(editor, model, index);
+            break;
+        case EDIT_TAB2:
+            setModelDataTab2(editor, model, index);
+            break;
+        case EDIT_TAB1:
+            setModelDataTab1(editor, model, index);
+            break;
+        default:
+            break;
+    }
+}
+
+// ---- The life of an editor ---------------------------------------------------------------------
+
+// A dialog is no child of the table: each time the table places it, it puts itself beside the cell.
+void Antlr3_BaseTreeDelegate::updateEditorGeometry(QWidget* editor,
+                                                   const QStyleOptionViewItem& option,
+                                                   const QModelIndex& /*index*/) const
+{
+    const QSize hint = editor->sizeHint();
+    QRect place = option.rect;
+    place.setSize(place.size().expandedTo(hint));
+    editor->setGeometry(place);
+    auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor);
+    if (dialog != nullptr && dialog->isVisible())
+        Q_EMIT dialog->mapParent();
+}
+
+template <typename Editor>
+void Antlr3_BaseTreeDelegate::endEdit(bool commit)
+{
+    auto* const editor = qobject_cast<Editor*>(sender());
+    if (editor == nullptr)
+        return;
+    if (commit)
+        Q_EMIT commitData(editor);
+    Q_EMIT closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
+void Antlr3_BaseTreeDelegate::commitAndCloseEditor()
+{
+    if (qobject_cast<QLineEdit*>(sender()) != nullptr)
+        endEdit<QLineEdit>(true);
+    else
+        endEdit<QComboBox>(true);
+}
+
+void Antlr3_BaseTreeDelegate::sbCommitAndCloseEditor()
+{
+    endEdit<QSpinBox>(true);
+}
+
+void Antlr3_BaseTreeDelegate::commitAndCloseEditor(int /*index*/)
+{
+    endEdit<QComboBox>(true);
+}
+
+void Antlr3_BaseTreeDelegate::vsCommitAndCloseEditor(int rc)
+{
+    endEdit<VariableSelectionDialog>(rc == QDialog::Accepted);
+}
+
+// The line in a combo box sends this, and is no combo box: a keyword that is being typed is taken
+// over by Return, or by the base class when the editor loses the focus, and never by the line
+// itself, which reports an end as soon as its list of choices opens.
+void Antlr3_BaseTreeDelegate::cbCommitAndCloseEditor()
+{
+    endEdit<QComboBox>(true);
+}
+
+void Antlr3_BaseTreeDelegate::asamCommitAndCloseEditor(int rc)
+{
+    endEdit<asamspecs_select>(rc == QDialog::Accepted);
+}
+
+namespace {
+
+bool isDialogEditor(const QObject& object)
+{
+    return object.objectName() == QLatin1String("VariableSelectionDialog") ||
+           object.objectName() == QLatin1String("asamspecs_select");
+}
+
+bool isEditorInCell(const QWidget* widget)
+{
+    return qobject_cast<const QLineEdit*>(widget) != nullptr ||
+           qobject_cast<const QComboBox*>(widget) != nullptr ||
+           qobject_cast<const QSpinBox*>(widget) != nullptr;
+}
+
+}  // namespace
+
+bool Antlr3_BaseTreeDelegate::eventFilter(QObject* object, QEvent* event)
+{
+    auto* const widget = qobject_cast<QWidget*>(object);
+    if (widget == nullptr)
+        return false;
+    if (event->type() != QEvent::KeyPress)
+        return !isDialogEditor(*object) && QStyledItemDelegate::eventFilter(object, event);
+    if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Return)
+        return false;
+    if (!isEditorInCell(widget))
+        return true;
+    Q_EMIT commitData(widget);
+    Q_EMIT closeEditor(widget, QAbstractItemDelegate::NoHint);
+    return false;
 }

@@ -21,9 +21,11 @@
 #include "editor_antlr3.h"
 #include "editorundocommand.h"
 #include "scribon_keywords.h"
+#include "stat_members.h"
 #include "statusbarform.h"
 #include "treemodel.h"
 #include "variablemaplist.h"
+#include "variableselectiondialog.h"
 
 MainWindow* EditorMainWindow = nullptr;
 int LoadingFile = 0;
@@ -38,11 +40,6 @@ const auto NOTHING_LOADED = QStringLiteral("Empty File");
 
 constexpr int NEWS_MS = 2000;
 constexpr int FITTING_PASSES = 5;
-
-// The first entry is a keyword, and the blank at the end gives an empty last one.
-constexpr auto STATISTICS =
-    "LOG_DIGITAL_DESCP .AV .C0 .C1 .CI .CV .DL .E0 .E1 .EN .FV .I0 .I5 .I9 .IN .IT .IV .MD .ME .MN "
-    ".MX .NM .NR .QF .RA .RC .RM .RN .RS .SD .SE .ST .TN .TX ";
 
 // What New writes: every name in it is there to be replaced, and marked until it is.
 constexpr std::array<const char*, 10> NEW_FILE_BLOCKS{
@@ -163,7 +160,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     undoGroup = new QUndoGroup(this);
     makeUndoStacks();
     makeUndoActions(2);
-    statMemList = QString::fromLatin1(STATISTICS).split(QLatin1Char(' '));
+    fillStatMemList();
     setupTables(this);
     setupEditor(SCRATCH_FILE, false);
     setupActions();
@@ -200,6 +197,14 @@ void MainWindow::fillKeywordHelp()
             hash.insert(QString::fromLatin1(keyword.spelling + 1).toLower(),
                         QString::fromLatin1(keyword.help));
     }
+}
+
+// The last entry is empty: choosing it takes a row's member away.
+void MainWindow::fillStatMemList()
+{
+    for (const StatMember& member : STAT_MEMBERS)
+        statMemList.append(QString::fromLatin1(member.name));
+    statMemList.append(QStringLiteral(""));
 }
 
 void MainWindow::makeUndoStacks()
@@ -324,9 +329,17 @@ void MainWindow::clearUndoStacks()
     }
 }
 
+// A dialog over a cell would outlive the delegate that ends it.
+void MainWindow::rejectCellDialogs()
+{
+    for (VariableSelectionDialog* const dialog : findChildren<VariableSelectionDialog*>())
+        dialog->reject();
+}
+
 // The delegate goes with the models; the selection model would follow them half.
 void MainWindow::releaseViews()
 {
+    rejectCellDialogs();
     for (size_t tab = 0; tab < TAB_COUNT; ++tab) {
         delegates[tab].reset();
         dropSelectionModel(view[tab]->selectionModel());

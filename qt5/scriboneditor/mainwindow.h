@@ -78,6 +78,7 @@ protected:
 
 private:
     void fillKeywordHelp();
+    void fillStatMemList();
     void makeUndoStacks();
     void makeUndoActions(int separators);
     void setupTables(QMainWindow* window);
@@ -91,6 +92,7 @@ private:
 
     bool setupEditor(const QString& fileName, bool newFile);
     void clearUndoStacks();
+    void rejectCellDialogs();
     void releaseViews();
     void showDocument(const QString& fileName);
     void showModel(int tab, std::unique_ptr<TreeModel> model);

@@ -1,0 +1,454 @@
+// Editing the Keywords tab, where a row's keyword decides how its values are edited.
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QRegExpValidator>
+#include <QSpinBox>
+#include <algorithm>
+
+#include "antlr3_basetreedelegate.h"
+#include "cell_text.h"
+#include "mainwindow.h"
+#include "scribon_keywords.h"
+#include "validationcharm.h"
+#include "variableselectiondialog.h"
+
+namespace {
+
+constexpr int MOST_SCANS = 1000000;
+
+struct LineFormat {
+    const char* format;
+    unsigned int length;
+    const char* message;
+};
+
+constexpr auto EVENT_NAME = "^([A-Za-z_0-9][A-Za-z_0-9]?){1,31}";
+constexpr auto INTERVAL = R"(^.?\d+(.\d+)?\[(min|sec|hr|msec|MIN|SEC|HR|MSEC)\])";
+
+constexpr LineFormat EVENT_LINE{EVENT_NAME, 32, "Invalid event-name"};
+constexpr LineFormat INTERVAL_LINE{INTERVAL, 32, "Invalid interval"};
+constexpr LineFormat DESCRIPTION_LINE{R"re(^(".*")|('.*'))re", 128, "Invalid description"};
+constexpr LineFormat REGNAME_LINE{"^[A-Za-z_]([A-Za-z_0-9]*){1,31}", 32, "Invalid registered-name"};
+constexpr LineFormat SCRIBON_LINE{"^[A-Za-z_0-9]{1,79}", 80, "Invalid scribon identifier"};
+constexpr LineFormat ANY_LINE{"^.{1,32}", 80, "Invalid input"};
+
+const LineFormat& lineFormatOf(int editorType)
+{
+    switch (editorType) {
+        case EVENT_EDITOR:
+            return EVENT_LINE;
+        case FLOAT_UNIT_EDITOR:
+        case INTEGER_TIME_INT_EDITOR:
+            return INTERVAL_LINE;
+        case DESCRIPTION_EDITOR:
+            return DESCRIPTION_LINE;
+        case REGNAME_EDITOR:
+            return REGNAME_LINE;
+        case SCRIBON_EDITOR:
+            return SCRIBON_LINE;
+        default:
+            return ANY_LINE;
+    }
+}
+
+int keywordTypeOf(const QModelIndex& index)
+{
+    return editorTypeOf(index.siblingAtColumn(0));
+}
+
+bool isFreeText(int editorType)
+{
+    return editorType == TEXT_BLOCK || editorType == COMMENT_LINE;
+}
+
+// A keyword as it is offered: in lower case without its "@".
+QString offeredName(QString keyword)
+{
+    if (!keyword.startsWith(QLatin1Char('@')))
+        return keyword;
+    return keyword.remove(0, 1).toLower();
+}
+
+QStringList wordList()
+{
+    QStringList words;
+    for (const ScribonKeyword& keyword : SCRIBON_KEYWORDS) {
+        if (keyword.is(IN_WORD_LIST))
+            words.append(offeredName(QString::fromLatin1(keyword.spelling)));
+    }
+    return words;
+}
+
+QStringList wordsLeftFor(const QModelIndex& index)
+{
+    QStringList list = wordList();
+    const QAbstractItemModel& model = *index.model();
+    const int numRows = model.rowCount();
+    for (int row = 0; row < numRows; ++row) {
+        if (row != index.row())
+            list.removeOne(offeredName(textOf(model.index(row, 0))));
+    }
+    return list;
+}
+
+// By position: a word has its tool tip only where nothing before it has been taken out, since
+// users know the list by its full form.
+const char* choiceHelpAt(int position, const QString& word)
+{
+    const ScribonKeyword& keyword = SCRIBON_KEYWORDS[static_cast<size_t>(position)];
+    if (keyword.choiceHelp == nullptr || offeredName(QString::fromLatin1(keyword.spelling)) != word)
+        return nullptr;
+    return keyword.choiceHelp == SAME_AS_HELP ? keyword.help : keyword.choiceHelp;
+}
+
+void showKeyword(QComboBox* comboBox, const QString& name)
+{
+    const int currentIndex = comboBox->findText(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (currentIndex == -1)
+        comboBox->setCurrentText(name);
+    comboBox->setCurrentIndex(qMax(currentIndex, 0));
+}
+
+// Shows a variable in a dialog that is not shown yet: whatever it is, it stands in the line.
+void showVariable(VariableSelectionDialog* dialog, const QString& text)
+{
+    QComboBox* const comboBox = dialog->variableComboBox();
+    const int currentIndex = comboBox->findText(text);
+    comboBox->setCurrentIndex(currentIndex);
+    if (currentIndex == -1)
+        comboBox->setEditText(text);
+}
+
+void showVariableOfCell(VariableSelectionDialog* dialog, const QModelIndex& index)
+{
+    const QString text = textOf(index).trimmed();
+    dialog->setOrigVarName(text);
+    showVariable(dialog, text);
+}
+
+void showOptionalText(VariableSelectionDialog* dialog, const QString& text)
+{
+    dialog->setOptionalText(text);
+    dialog->lineEdit()->setText(text);
+}
+
+void showInterval(VariableSelectionDialog* dialog, const QModelIndex& index)
+{
+    const QByteArray item = textOf(index).toUtf8();
+    if (!item.isEmpty() && item.at(0) >= '0' && item.at(0) <= '9')
+        showOptionalText(dialog, textOf(index));
+    else
+        showVariableOfCell(dialog, index);
+}
+
+// A variable in place of a path is not handed on as the dialog's original, so the dialog clears its
+// line when it comes up: the variable has to be chosen anew.
+void showPath(VariableSelectionDialog* dialog, const QModelIndex& index)
+{
+    const QString text = textOf(index);
+    if (text.startsWith(QLatin1Char('/')))
+        showOptionalText(dialog, text);
+    else
+        showVariable(dialog, text);
+}
+
+void showInDialog(VariableSelectionDialog* dialog, int editorType, const QModelIndex& index)
+{
+    if (editorType == SCAN_INTERVAL_EDITOR)
+        showInterval(dialog, index);
+    else if (editorType == DIR_PATH_EDITOR)
+        showPath(dialog, index);
+    else
+        showVariableOfCell(dialog, index);
+}
+
+bool isEditedInDialog(int editorType)
+{
+    switch (editorType) {
+        case LOGICAL_VAR_EDITOR:
+        case STRING_VAR_EDITOR:
+        case SCAN_INTERVAL_EDITOR:
+        case SCAN_LIST_EDITOR:
+        case DIR_PATH_EDITOR:
+            return true;
+        default:
+            return false;
+    }
+}
+
+QString valueOfDialog(const VariableSelectionDialog& dialog, int editorType)
+{
+    const bool hasOptionalLine =
+        editorType == SCAN_INTERVAL_EDITOR || editorType == DIR_PATH_EDITOR;
+    if (hasOptionalLine && !dialog.optionalText().isEmpty())
+        return dialog.optionalText();
+    return dialog.variableComboBox()->currentText();
+}
+
+// What a comment or a free text becomes. A word that is a keyword makes the row a keyword's; one
+// typed with its "@" gets a second one and stays as typed, like all other text.
+QString freeTextOrKeyword(const QString& value, int editorType)
+{
+    QString value2 = value;
+    if (!value.isEmpty() && !value.startsWith(QLatin1Char('#')))
+        value2 = QLatin1Char('@') + value.toUpper();
+    int tok_type = 0;
+    const int type = editorTypeOf(value2, &tok_type);
+    return type != editorType && tok_type != TOKEN_KYWD_DEFAULT ? value2.toUpper() : value;
+}
+
+}  // namespace
+
+// ---- Making editors ----------------------------------------------------------------------------
+
+QWidget* Antlr3_BaseTreeDelegate::createEditorTab1(QWidget* the_parent, View /*option*/,
+                                                   const QModelIndex& index) const
+{
+    const int column = index.column();
+    if (column == 0)
+        return keywordEditor(the_parent, index);
+    if (column == 1)
+        return keywordValueEditor(the_parent, index);
+    if (column != 2)
+        return nullptr;
+    switch (keywordTypeOf(index)) {
+        case TEXT_BLOCK:
+            return get_line_editor(the_parent, ANY_LINE.format, ANY_LINE.length, ANY_LINE.message,
+                                   index);
+        case INTEGER_TIME_INT_EDITOR:
+            return get_line_editor(the_parent, EVENT_LINE.format, EVENT_LINE.length,
+                                   EVENT_LINE.message, index);
+        default:
+            return nullptr;
+    }
+}
+
+QWidget* Antlr3_BaseTreeDelegate::keywordEditor(QWidget* the_parent, const QModelIndex& index) const
+{
+    auto* const editor = new QComboBox(the_parent);
+    keywordComboBoxSetup(editor, index);
+    editor->setMaxVisibleItems(15);
+    editor->setEditable(true);
+    editor->view()->setSelectionBehavior(QAbstractItemView::SelectItems);
+    editor->view()->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    editor->view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    connect(editor->lineEdit(), &QLineEdit::editingFinished, this,
+            &Antlr3_BaseTreeDelegate::cbCommitAndCloseEditor);
+    connect(editor, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            qOverload<int>(&Antlr3_BaseTreeDelegate::commitAndCloseEditor));
+    return editor;
+}
+
+QWidget* Antlr3_BaseTreeDelegate::keywordValueEditor(QWidget* the_parent,
+                                                     const QModelIndex& index) const
+{
+    const int editorType = keywordTypeOf(index);
+    switch (editorType) {
+        case COMMENT_LINE:
+        case NOEDITOR:
+            return nullptr;
+        case YESNO_EDITOR:
+            return yesno_editor(the_parent);
+        case INTEGER_EDITOR:
+            return integer_editor(the_parent, 0, MOST_SCANS);
+        case LOGICAL_VAR_EDITOR:
+            return variableEditor(index, QT_MARVANE_LOGICAL, "");
+        case STRING_VAR_EDITOR:
+            return variableEditor(index, QT_MARVANE_STRING, "");
+        case SCAN_INTERVAL_EDITOR:
+            return variableEditor(index, QT_MARVANE_INTEGER, "Interval");
+        case SCAN_LIST_EDITOR:
+            return variableEditor(index, QT_MARVANE_ANY, "");
+        case DIR_PATH_EDITOR:
+            return variableEditor(index, QT_MARVANE_STRING, "Path");
+        default:
+            break;
+    }
+    const LineFormat& line = lineFormatOf(editorType);
+    return get_line_editor(the_parent, line.format, line.length, line.message, index);
+}
+
+QWidget* Antlr3_BaseTreeDelegate::get_line_editor(QWidget* parent, const char* format,
+                                                  unsigned int /*length*/, const char* message,
+                                                  const QModelIndex& index) const
+{
+    auto* const editor = new QLineEdit(parent);
+    auto* const validator = new QRegExpValidator(QRegExp(QString::fromLatin1(format)), editor);
+    auto* const charm = new ValidationCharm;
+    charm->setParent(editor);
+    charm->activateOn(editor, validator, QString::fromLatin1(message), index);
+    connect(editor, &QLineEdit::editingFinished, this,
+            qOverload<>(&Antlr3_BaseTreeDelegate::commitAndCloseEditor));
+    return editor;
+}
+
+QWidget* Antlr3_BaseTreeDelegate::integer_editor(QWidget* the_parent, int minValue,
+                                                 int maxValue) const
+{
+    auto* const editor = new QSpinBox(the_parent);
+    editor->setRange(minValue, maxValue);
+    connect(editor, &QSpinBox::editingFinished, this,
+            &Antlr3_BaseTreeDelegate::sbCommitAndCloseEditor);
+    return editor;
+}
+
+QWidget* Antlr3_BaseTreeDelegate::yesno_editor(QWidget* the_parent) const
+{
+    auto* const editor = new QComboBox(the_parent);
+    editor->addItems({QStringLiteral("yes"), QStringLiteral("no")});
+    connect(editor, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            qOverload<int>(&Antlr3_BaseTreeDelegate::commitAndCloseEditor));
+    return editor;
+}
+
+QWidget* Antlr3_BaseTreeDelegate::variableEditor(const QModelIndex& index, int type,
+                                                 const char* optionalData) const
+{
+    auto* const dialog =
+        new VariableSelectionDialog(index, EditorMainWindow, QT_MARVANE_VAR_TYPE(type),
+                                    QString::fromLatin1(optionalData), QString());
+    connect(dialog, &QDialog::finished, this, &Antlr3_BaseTreeDelegate::vsCommitAndCloseEditor);
+    return dialog;
+}
+
+void Antlr3_BaseTreeDelegate::keywordComboBoxSetup(QComboBox* editor,
+                                                   const QModelIndex& index) const
+{
+    editor->setFont(EditorMainWindow->myPrefs.editorFont);
+    const QStringList list = wordsLeftFor(index);
+    editor->insertItems(editor->count(), list);
+    for (int i = 0; i < list.size(); ++i) {
+        if (const char* const help = choiceHelpAt(i, list.at(i)))
+            editor->setItemData(i, QString::fromLatin1(help), Qt::ToolTipRole);
+    }
+}
+
+// ---- From the cell to the editor ---------------------------------------------------------------
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab1(QWidget* editor, const QModelIndex& index) const
+{
+    switch (index.column()) {
+        case 0:
+            setEditorDataTab1Col0(editor, index);
+            break;
+        case 1:
+            setEditorDataTab1Col1(editor, index);
+            break;
+        case 2:
+            setEditorDataTab1Col2(editor, index);
+            break;
+        default:
+            break;
+    }
+}
+
+// A keyword that is not on offer opens on the first free one. The line is selected, so that typing
+// replaces it.
+void Antlr3_BaseTreeDelegate::setEditorDataTab1Col0(QWidget* editor, const QModelIndex& index) const
+{
+    const QString item = textOf(index);
+    auto* const comboBox = qobject_cast<QComboBox*>(editor);
+    if (item.isEmpty() || comboBox == nullptr || comboBox->lineEdit() == nullptr)
+        return;
+    if (isFreeText(editorTypeOf(item)))
+        comboBox->lineEdit()->setText(item);
+    else
+        showKeyword(comboBox, offeredName(item.trimmed()).toLower());
+    comboBox->lineEdit()->selectAll();
+}
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab1Col1(QWidget* editor, const QModelIndex& index) const
+{
+    const int editorType = keywordTypeOf(index);
+    if (editorType == YESNO_EDITOR) {
+        if (auto* const comboBox = qobject_cast<QComboBox*>(editor))
+            comboBox->setCurrentIndex(comboBox->findText(textOf(index).toLower()));
+    } else if (editorType == INTEGER_EDITOR) {
+        if (auto* const spinBox = qobject_cast<QSpinBox*>(editor))
+            spinBox->setValue(index.data(Qt::EditRole).toInt());
+    } else if (isEditedInDialog(editorType)) {
+        if (auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor))
+            showInDialog(dialog, editorType, index);
+    } else if (auto* const lineEdit = qobject_cast<QLineEdit*>(editor)) {
+        const QString text = textOf(index);
+        lineEdit->setText(editorType == FILLER_DATA || text == FILLER_TEXT ? QString() : text);
+    }
+}
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab1Col2(QWidget* editor, const QModelIndex& index) const
+{
+    auto* const lineEdit = qobject_cast<QLineEdit*>(editor);
+    const QString text = textOf(index);
+    if (lineEdit == nullptr || text.isEmpty())
+        return;
+    const int ttype = editorTypeOf(text);
+    if (ttype == EVENT_EDITOR || keywordTypeOf(index) == INTEGER_TIME_INT_EDITOR)
+        lineEdit->setText(text);
+    else if (ttype == FILLER_DATA)
+        lineEdit->clear();
+}
+
+// ---- From the editor to the cell ---------------------------------------------------------------
+
+void Antlr3_BaseTreeDelegate::setModelDataTab1(QWidget* editor, QAbstractItemModel* model,
+                                               const QModelIndex& index) const
+{
+    switch (index.column()) {
+        case 0:
+            setModelDataTab1Col0(editor, model, index);
+            break;
+        case 1:
+            setModelDataTab1Col1(editor, model, index);
+            break;
+        case 2:
+            setModelDataTab1Col2(editor, model, index);
+            break;
+        default:
+            break;
+    }
+}
+
+void Antlr3_BaseTreeDelegate::setModelDataTab1Col0(QWidget* editor, QAbstractItemModel* model,
+                                                   const QModelIndex& index) const
+{
+    const auto* const comboBox = qobject_cast<QComboBox*>(editor);
+    if (comboBox == nullptr)
+        return;
+    const int editorType = editorTypeOf(index);
+    const QString value = comboBox->currentText().trimmed();
+    if (isFreeText(editorType))
+        store(model, index, freeTextOrKeyword(value, editorType));
+    else
+        store(model, index, (QLatin1Char('@') + value).toUpper());
+}
+
+void Antlr3_BaseTreeDelegate::setModelDataTab1Col1(QWidget* editor, QAbstractItemModel* model,
+                                                   const QModelIndex& index) const
+{
+    const int editorType = keywordTypeOf(index);
+    if (editorType == YESNO_EDITOR) {
+        if (const auto* const comboBox = qobject_cast<QComboBox*>(editor))
+            store(model, index, comboBox->currentText());
+    } else if (editorType == INTEGER_EDITOR) {
+        if (auto* const spinBox = qobject_cast<QSpinBox*>(editor)) {
+            spinBox->interpretText();
+            store(model, index, spinBox->value());
+        }
+    } else if (isEditedInDialog(editorType)) {
+        if (const auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor))
+            store(model, index, valueOfDialog(*dialog, editorType));
+    } else if (const auto* const lineEdit = qobject_cast<QLineEdit*>(editor)) {
+        store(model, index, lineEdit->text());
+    }
+}
+
+void Antlr3_BaseTreeDelegate::setModelDataTab1Col2(QWidget* editor, QAbstractItemModel* model,
+                                                   const QModelIndex& index) const
+{
+    const int editorType = keywordTypeOf(index);
+    const auto* const lineEdit = qobject_cast<QLineEdit*>(editor);
+    if (lineEdit != nullptr && (isFreeText(editorType) || editorType == INTEGER_TIME_INT_EDITOR))
+        store(model, index, lineEdit->text());
+}

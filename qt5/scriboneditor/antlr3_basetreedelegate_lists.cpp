@@ -1,0 +1,507 @@
+// Editing the list tabs. A variable's cell holds its name, then maybe a member, then maybe units in
+// square brackets: the dialog gets the parts, and they are joined again behind it.
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QHash>
+#include <QLineEdit>
+#include <QSpinBox>
+#include <cstring>
+
+#include "antlr3_basetreedelegate.h"
+#include "asamspecs_select.h"
+#include "cell_text.h"
+#include "mainwindow.h"
+#include "stat_members.h"
+#include "variableselectiondialog.h"
+
+const KEYWORD_MEMORY* Keyword_memory = nullptr;
+
+namespace {
+
+// ---- The parts of a variable's cell ------------------------------------------------------------
+
+void splitIntoDialog(VariableSelectionDialog* dialog, const QString& text)
+{
+    const QStringList sl = text.split(QLatin1Char('['));
+    dialog->setOrigVarName(sl[0]);
+    if (sl.size() > 1)
+        dialog->setUnits(sl[1].left(sl[1].size() - 1).toUpper());
+    dialog->variableComboBox()->setCurrentText(sl[0]);
+}
+
+// Units are named only where they are not the variable's own. No units at all, which is what the
+// dialog shows for a cell that names the default ones, differ from them too and give "[]".
+QString unitsSuffix(const VariableSelectionDialog& dialog)
+{
+    const QString uValue = dialog.unitsComboBox()->currentText();
+    if (uValue == dialog.defaultUnits())
+        return {};
+    return QLatin1Char('[') + uValue + QLatin1Char(']');
+}
+
+QString joinFromDialog(const VariableSelectionDialog& dialog)
+{
+    const QString value = dialog.variableComboBox()->currentText();
+    if (value.isEmpty())
+        return {};
+    return value + dialog.subText().trimmed() + unitsSuffix(dialog);
+}
+
+// A member that is none of a statistic belongs to the variable's name. Typed with its full stop,
+// it loses that and its first letter, and the file gets a NUL behind it.
+QString foreignMember(const QString& statmem)
+{
+    if (!statmem.startsWith(QLatin1Char('.')))
+        return statmem;
+    return statmem.size() < 2 ? QString() : statmem.mid(2) + QChar(0);
+}
+
+QString withFullStop(const QString& member)
+{
+    const bool complete =
+        member.startsWith(QLatin1Char('.')) || member == QLatin1String("LOG_DIGITAL_DESCP");
+    return complete ? member : QLatin1Char('.') + member;
+}
+
+// The Scan List has a column for the member, unless it is none of a statistic. Only a variable with
+// a full stop in its name gets one put before its member.
+void storeScanListVariable(const VariableSelectionDialog& dialog, QAbstractItemModel* model,
+                           const QModelIndex& index)
+{
+    QString value = dialog.variableComboBox()->currentText();
+    QString statmem = dialog.subText();
+    QString dstatmem = statmem;
+    if (value.contains(QLatin1Char('.')) && !statmem.isEmpty()) {
+        dstatmem = withFullStop(statmem);
+        if (!EditorMainWindow->statMemList.contains(dstatmem)) {
+            value += foreignMember(statmem);
+            statmem.clear();
+        }
+    }
+    if (!value.isEmpty())
+        value += unitsSuffix(dialog);
+    store(model, index, value);
+    if (!statmem.isEmpty())
+        store(model, index.siblingAtColumn(2), dstatmem);
+}
+
+// ---- The rest of the cells ---------------------------------------------------------------------
+
+bool isFreeText(const QModelIndex& index)
+{
+    const int editorType = editorTypeOf(index);
+    return editorType == TEXT_BLOCK || editorType == COMMENT_LINE;
+}
+
+// The first item when there is none of that text.
+void showItem(QWidget* editor, const QString& text)
+{
+    auto* const comboBox = qobject_cast<QComboBox*>(editor);
+    if (comboBox == nullptr)
+        return;
+    const int index = comboBox->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    comboBox->setCurrentIndex(qMax(index, 0));
+    if (comboBox->lineEdit() != nullptr)
+        comboBox->lineEdit()->selectAll();
+}
+
+void showText(QWidget* editor, const QString& text)
+{
+    if (auto* const lineEdit = qobject_cast<QLineEdit*>(editor))
+        lineEdit->setText(text);
+}
+
+bool isLiteral(const QString& text)
+{
+    return text.startsWith(QLatin1Char('\'')) || text.startsWith(QLatin1Char('"'));
+}
+
+// A row without an alternate name takes its own text for one.
+void storeAlternateName(QAbstractItemModel* model, const QModelIndex& index, const QString& value)
+{
+    const QString item = textOf(index).trimmed();
+    if (!item.isEmpty() && item != FILLER_TEXT)
+        return;
+    clearMark(model, index);
+    store(model, index, value);
+}
+
+// ---- The platform's keywords -------------------------------------------------------------------
+
+bool linkKeywordMemory()
+{
+    void* area = nullptr;
+    if (Keyword_memory == nullptr && link_to_memory(KEYWORD_MEM, &area) != 0)
+        Keyword_memory = static_cast<const KEYWORD_MEMORY*>(area);
+    return Keyword_memory != nullptr;
+}
+
+// As many characters are cut off as the closing bracket's code, 93, and with them any units that a
+// cell names: the keywords on offer go by the variable's own units.
+QString typedUnits(const QString& label)
+{
+    QString units = label.section(QLatin1Char('['), 1, 1);
+    units.chop(']');
+    return units;
+}
+
+QByteArray unitsOfVariable(const QString& label)
+{
+    const QString name = label.section(QLatin1Char('['), 0, 0);
+    SHARED_MEMORY mem{};
+    if (find_variable(name.toLocal8Bit().constData(), &mem) != 0)
+        return {};
+    return get_variable_units(mem);
+}
+
+// 0, which stands for any units, when none are known.
+int32_t unitsCodeFor(const QString& label)
+{
+    QByteArray units = typedUnits(label).toLocal8Bit();
+    if (units.isEmpty())
+        units = unitsOfVariable(label);
+    int32_t code = 0;
+    if (!units.isEmpty())
+        units_keyword_to_code(units.constData(), &code);
+    return code;
+}
+
+QString keywordName(const PAM_KEYWORD& entry)
+{
+    return QString::fromUtf8(entry.keyword,
+                             static_cast<int>(strnlen(entry.keyword, sizeof(entry.keyword))));
+}
+
+bool isOffered(const PAM_KEYWORD& entry, int32_t unitsCode, int keywordType)
+{
+    return (unitsCode == 0 || entry.unitscode == unitsCode) &&
+           check_keyword(&entry, static_cast<int16_t>(keywordType)) == 0 &&
+           entry.keyword[0] != '\0';
+}
+
+// How often the other rows have each text in the column of channel keywords.
+QHash<QString, int> keywordsOfOtherRows(const QModelIndex& index)
+{
+    QHash<QString, int> uses;
+    const QAbstractItemModel& model = *index.model();
+    const int numRows = model.rowCount();
+    for (int row = 0; row < numRows; ++row) {
+        if (row != index.row())
+            ++uses[model.index(row, 3).data(Qt::DisplayRole).toString()];
+    }
+    return uses;
+}
+
+}  // namespace
+
+QStringList Antlr3_BaseTreeDelegate::mPAM_Keywords(const QString& label, const QModelIndex& index,
+                                                   int keywordType) const
+{
+    QStringList keywordList;
+    if (!linkKeywordMemory())
+        return keywordList;
+    const int32_t unitsCode = unitsCodeFor(label);
+    QHash<QString, int> used = keywordsOfOtherRows(index);
+    for (const PAM_KEYWORD& entry : Keyword_memory->keyword_table) {
+        if (!isOffered(entry, unitsCode, keywordType))
+            continue;
+        const QString name = keywordName(entry);
+        const auto use = used.find(name);
+        if (use == used.end() || (*use)-- <= 0)
+            keywordList.append(name);
+    }
+    return keywordList;
+}
+
+QStringList Antlr3_BaseTreeDelegate::Chan_Keywords(const QString& label,
+                                                   const QModelIndex& index) const
+{
+    return mPAM_Keywords(label, index, CHANNEL_KEYWORD);
+}
+
+QStringList Antlr3_BaseTreeDelegate::PAM_Keywords(const QString& label,
+                                                  const QModelIndex& index) const
+{
+    return mPAM_Keywords(label, index, PARAMETER_KEYWORD);
+}
+
+QWidget* Antlr3_BaseTreeDelegate::listKeywordEditor(QWidget* the_parent,
+                                                    const QStringList& keywords) const
+{
+    auto* const editor = new QComboBox(the_parent);
+    editor->setEditable(true);
+    editor->insertItems(0, keywords);
+    connect(editor, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            qOverload<int>(&Antlr3_BaseTreeDelegate::commitAndCloseEditor));
+    return editor;
+}
+
+// ---- Scan List ---------------------------------------------------------------------------------
+
+QWidget* Antlr3_BaseTreeDelegate::createEditorTab2(QWidget* the_parent, View /*option*/,
+                                                   const QModelIndex& index) const
+{
+    const int column = index.column();
+    if (column == 1)
+        return variableEditor(index, QT_MARVANE_ANY, "");
+    if (column == 2)
+        return statMemberEditor(the_parent);
+    const QString variable = textOf(index.siblingAtColumn(1));
+    if (column == 3 && !variable.isEmpty())
+        return listKeywordEditor(the_parent, Chan_Keywords(variable, index));
+    return nullptr;
+}
+
+QWidget* Antlr3_BaseTreeDelegate::statMemberEditor(QWidget* the_parent) const
+{
+    auto* const editor = new QComboBox(the_parent);
+    editor->setFont(EditorMainWindow->myPrefs.editorFont);
+    editor->addItems(EditorMainWindow->statMemList);
+    for (size_t i = 0; i < STAT_MEMBERS.size(); ++i)
+        editor->setItemData(static_cast<int>(i), QString::fromLatin1(STAT_MEMBERS[i].help),
+                            Qt::ToolTipRole);
+    editor->setMaxVisibleItems(10);
+    editor->view()->setSelectionBehavior(QAbstractItemView::SelectItems);
+    editor->view()->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    editor->setEditable(true);
+    editor->view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    connect(editor, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            qOverload<int>(&Antlr3_BaseTreeDelegate::commitAndCloseEditor));
+    return editor;
+}
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab2(QWidget* editor, const QModelIndex& index) const
+{
+    switch (index.column()) {
+        case 1:
+            setEditorDataTab2Col1(editor, index);
+            break;
+        case 2:
+            setEditorDataTab2Col2(editor, index);
+            break;
+        case 3:
+            setEditorDataTab2Col3(editor, index);
+            break;
+        default:
+            break;
+    }
+}
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab2Col1(QWidget* editor, const QModelIndex& index) const
+{
+    const QString text = textOf(index);
+    auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor);
+    if (dialog != nullptr && !text.isEmpty())
+        splitIntoDialog(dialog, text);
+}
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab2Col2(QWidget* editor, const QModelIndex& index) const
+{
+    // The empty last item is for a cell of blanks; an empty cell opens on the first.
+    const QString text = textOf(index);
+    showItem(editor, text.isEmpty() ? EditorMainWindow->statMemList.value(0) : text.trimmed());
+}
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab2Col3(QWidget* editor, const QModelIndex& index) const
+{
+    showItem(editor, textOf(index));
+}
+
+void Antlr3_BaseTreeDelegate::setModelDataTab2(QWidget* editor, QAbstractItemModel* model,
+                                               const QModelIndex& index) const
+{
+    if (const auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor)) {
+        if (index.column() == 1)
+            storeScanListVariable(*dialog, model, index);
+    } else if (const auto* const comboBox = qobject_cast<QComboBox*>(editor)) {
+        // Two blanks set a member off from the variable before it in the file.
+        if (index.column() == 2)
+            store(model, index, QLatin1String("  ") + comboBox->currentText());
+        else if (index.column() == 3)
+            store(model, index, comboBox->currentText());
+    }
+}
+
+// ---- Meta Data List ----------------------------------------------------------------------------
+
+QWidget* Antlr3_BaseTreeDelegate::createEditorTab3(QWidget* the_parent, View /*option*/,
+                                                   const QModelIndex& index) const
+{
+    if (index.column() == 2)
+        return variableEditor(index, QT_MARVANE_ANY, "Literal");
+    const QString keyword = textOf(index);
+    if (index.column() == 1 && !keyword.isEmpty())
+        return listKeywordEditor(the_parent, PAM_Keywords(keyword, index));
+    return nullptr;
+}
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab3(QWidget* editor, const QModelIndex& index) const
+{
+    if (index.column() == 1)
+        setEditorDataTab3Col1(editor, index);
+    else if (index.column() == 2)
+        setEditorDataTab3Col2(editor, index);
+}
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab3Col1(QWidget* editor, const QModelIndex& index) const
+{
+    showItem(editor, textOf(index));
+}
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab3Col2(QWidget* editor, const QModelIndex& index) const
+{
+    auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor);
+    if (dialog == nullptr)
+        return;
+    const QString text = textOf(index);
+    if (isLiteral(text)) {
+        dialog->setOptionalText(text);
+        dialog->lineEdit()->setText(text);
+    } else {
+        splitIntoDialog(dialog, text);
+    }
+}
+
+void Antlr3_BaseTreeDelegate::setModelDataTab3(QWidget* editor, QAbstractItemModel* model,
+                                               const QModelIndex& index) const
+{
+    const auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor);
+    const auto* const comboBox = qobject_cast<QComboBox*>(editor);
+    if (index.column() == 2 && dialog != nullptr) {
+        const bool isVariable = dialog->optionalText().isEmpty();
+        const QString value = isVariable ? joinFromDialog(*dialog) : dialog->optionalText();
+        if (!value.isEmpty())
+            store(model, index, value);
+    } else if (index.column() == 1 && comboBox != nullptr) {
+        store(model, index, comboBox->currentText());
+    }
+}
+
+// ---- Scan List Aux User ------------------------------------------------------------------------
+
+QWidget* Antlr3_BaseTreeDelegate::createEditorTab4(QWidget* the_parent, View /*option*/,
+                                                   const QModelIndex& index) const
+{
+    switch (index.column()) {
+        case 1:
+            return variableEditor(index, QT_MARVANE_ANY, "");
+        case 2:
+            return get_line_editor(the_parent, "^([A-Za-z_0-9][A-Za-z_0-9]?){1,31}", 32,
+                                   "Invalid Variable Name", index);
+        default:
+            return nullptr;
+    }
+}
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab4(QWidget* editor, const QModelIndex& index) const
+{
+    if (index.column() == 1)
+        setEditorDataTab4Col1(editor, index);
+    else if (index.column() == 2)
+        setEditorDataTab4Col2(editor, index);
+}
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab4Col1(QWidget* editor, const QModelIndex& index) const
+{
+    if (auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor))
+        splitIntoDialog(dialog, textOf(index));
+}
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab4Col2(QWidget* editor, const QModelIndex& index) const
+{
+    showText(editor, textOf(index));
+}
+
+void Antlr3_BaseTreeDelegate::setModelDataTab4(QWidget* editor, QAbstractItemModel* model,
+                                               const QModelIndex& index) const
+{
+    const auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor);
+    const auto* const lineEdit = qobject_cast<QLineEdit*>(editor);
+    if (index.column() == 1 && dialog != nullptr) {
+        if (!dialog->optionalText().isEmpty()) {
+            store(model, index, dialog->optionalText());
+            return;
+        }
+        const QString value = joinFromDialog(*dialog);
+        if (!value.isEmpty())
+            store(model, index, value);
+        storeAlternateName(model, index.siblingAtColumn(2), value);
+    } else if (index.column() == 2 && lineEdit != nullptr) {
+        clearMark(model, index);
+        store(model, index, lineEdit->text());
+    }
+}
+
+// ---- ECM List ----------------------------------------------------------------------------------
+
+QWidget* Antlr3_BaseTreeDelegate::createEditorTab5(QWidget* the_parent, View /*option*/,
+                                                   const QModelIndex& index) const
+{
+    if (index.column() == 1 && isFreeText(index))
+        return get_line_editor(the_parent, "^#.{0,79}", 128, "Invalid Comment", index);
+    if (index.column() == 2 && editorTypeOf(index.siblingAtColumn(1)) != COMMENT_LINE)
+        return asamEditor(index);
+    return nullptr;
+}
+
+QWidget* Antlr3_BaseTreeDelegate::asamEditor(const QModelIndex& index) const
+{
+    auto* const dialog = new asamspecs_select(index, EditorMainWindow);
+    connect(dialog, &QDialog::finished, this, &Antlr3_BaseTreeDelegate::asamCommitAndCloseEditor);
+    return dialog;
+}
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab5(QWidget* editor, const QModelIndex& index) const
+{
+    if (index.column() == 1)
+        setEditorDataTab5Col1(editor, index);
+    else if (index.column() == 2)
+        setEditorDataTab5Col2(editor, index);
+}
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab5Col1(QWidget* editor, const QModelIndex& index) const
+{
+    showText(editor, textOf(index));
+}
+
+void Antlr3_BaseTreeDelegate::setEditorDataTab5Col2(QWidget* editor, const QModelIndex& index) const
+{
+    auto* const dialog = qobject_cast<asamspecs_select*>(editor);
+    if (dialog == nullptr)
+        return;
+    const QStringList sl = textOf(index).trimmed().split(QLatin1Char(':'));
+    if (sl.size() > 2)
+        dialog->setOrigEcmInstance(sl[1] + QLatin1Char(':') + sl[2]);
+    dialog->setOrigFileName(sl[0]);
+    const int file = dialog->fileComboBox()->findText(sl[0]);
+    dialog->fileComboBox()->setCurrentIndex(file);
+    if (file == -1)
+        dialog->fileComboBox()->setEditText(sl[0]);
+    if (sl.size() > 1)
+        dialog->ecmComboBox()->setEditText(sl[1]);
+    // A new row's blank reads as 0.
+    dialog->extSpinBoxEdit()->setValue(textOf(index.siblingAtColumn(1)).toInt());
+}
+
+void Antlr3_BaseTreeDelegate::setModelDataTab5(QWidget* editor, QAbstractItemModel* model,
+                                               const QModelIndex& index) const
+{
+    const auto* const dialog = qobject_cast<asamspecs_select*>(editor);
+    const auto* const lineEdit = qobject_cast<QLineEdit*>(editor);
+    if (index.column() == 2 && dialog != nullptr) {
+        const QString value = (dialog->fileComboBox()->currentText() + QLatin1Char(':') +
+                               dialog->ecmComboBox()->currentText())
+                                  .trimmed();
+        // ":0" is what an untouched dialog gives that has no file.
+        if (dialog->canceled == 1 || value == QLatin1String(":0"))
+            return;
+        const QString indValue = QString::number(dialog->extSpinBoxEdit()->value());
+        store(model, index, value);
+        clearMark(model, index.siblingAtColumn(1));
+        store(model, index.siblingAtColumn(1), indValue);
+    } else if (index.column() == 1 && lineEdit != nullptr && isFreeText(index)) {
+        clearMark(model, index.siblingAtColumn(2));
+        store(model, index, lineEdit->text().trimmed());
+    }
+}
