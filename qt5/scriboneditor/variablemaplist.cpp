@@ -58,10 +58,10 @@ struct VariableMapList::Table {
 
     int wanted;
     SM_AREA_ID area;
+    unsigned short fixedCount;
     Walk walk;
     size_t offset;  // of the first record in the area
     Counter counter;
-    unsigned short fixedCount;
     const char* group;
 };
 
@@ -91,54 +91,54 @@ struct VariableMapList::Tables {
 
     // clang-format off
     static constexpr Table GENERAL_USE[] = {
-        {R, GU_REAL_MEM,    REALS,    0, &A::general_use_reals,    0, "General Use (real)"},
-        {I, GU_INTEGER_MEM, INTEGERS, 0, &A::general_use_integers, 0, "General Use (integer)"},
-        {L, GU_LOGICAL_MEM, LOGICALS, 0, &A::general_use_logicals, 0, "General Use (logical)"},
-        {S, GU_STRING_MEM,  STRINGS,  0, &A::general_use_strings,  0, "General Use (string)"},
+        {R, GU_REAL_MEM,    0, REALS,    0, &A::general_use_reals,    "General Use (real)"},
+        {I, GU_INTEGER_MEM, 0, INTEGERS, 0, &A::general_use_integers, "General Use (integer)"},
+        {L, GU_LOGICAL_MEM, 0, LOGICALS, 0, &A::general_use_logicals, "General Use (logical)"},
+        {S, GU_STRING_MEM,  0, STRINGS,  0, &A::general_use_strings,  "General Use (string)"},
     };
 
     static constexpr Table VARIABLES[] = {
-        {R, AI_REAL_MEM,         REALS,         0,      &A::analog_inputs,    0,   "Analog Inputs"},
-        {R, FI_REAL_MEM,         REALS,         0,      &A::frequency_inputs, 0,   "Frequency Inputs (engineering units)"},
-        {R, CI_REAL_MEM,         REALS,         0,      &A::counter_inputs,   0,   "Counter Inputs (engineering units)"},
-        {R, REAL_ARRAY_MEM,      REAL_ARRAYS,   0,      &A::real_arrays,      0,   "Real (array)"},
-        {R, INT_ARRAY_MEM,       INT_ARRAYS,    0,      &A::integer_arrays,   0,   "Integer (array)"},
-        {I, CI_INTG_MEM,         INTEGERS,      0,      &A::counter_inputs,   0,   "Counter Inputs (counts)"},
-        {R, ENGINE_PERF_MEM,     REALS,         0,      nullptr,              100, "Engine Performance (real)"},
-        {I, ENGINE_PERF_MEM,     INTEGERS,      39000,  nullptr,              50,  "Engine Performance (integer)"},
-        {R, ENGINE_CONST_MEM,    REALS,         0,      nullptr,              50,  "Engine Constants"},
-        {S, ENGINE_CONST_MEM,    STRINGS,       19500,  nullptr,              32,  "Engine/Cell (string)"},
-        {R, FUEL_READING_MEM,    REALS,         0,      nullptr,              152, "Fuel Reading (real)"},
-        {I, FUEL_READING_MEM,    INTEGERS,      59280,  nullptr,              16,  "Fuel Reading (integer)"},
-        {S, FUEL_READING_MEM,    STRINGS,       64560,  nullptr,              24,  "Fuel Reading (string)"},
-        {R, CONTROL_MEM,         REALS,         0,      nullptr,              893, "Control"},
-        {L, CONTROL_MEM,         LOGICALS,      348270, nullptr,              301, "Control (logical)"},
-        {I, CONTROL_MEM,         INTEGERS,      495760, nullptr,              4,   "Control (integer)"},
-        {S, CONTROL_MEM,         STRINGS,       497080, nullptr,              298, "Control (string)"},
-        {S, DISPLAY_STRINGS_MEM, STRINGS,       300,    nullptr,              100, "Display (string)"},
-        {S, STRING_ARRAY_MEM,    STRING_ARRAYS, 0,      &A::string_arrays,    0,   "String (array)"},
-        {L, LOGI_MEM,            LOGICALS,      0,      nullptr,              400, "General Purpose (logical)"},
-        {L, DI_LOGI_MEM,         LOGICALS,      0,      &A::digital_inputs,   0,   "Digital Input (logical)"},
-        {L, DO_LOGI_MEM,         LOGICALS,      0,      &A::digital_outputs,  0,   "Digital Output (logical)"},
-        {L, LIMIT_LOGI_MEM,      LOGICALS,      0,      &A::limit_logicals,   0,   "Limit (logical)"},
-        {L, LOGI_ARRAY_MEM,      LOGI_ARRAYS,   0,      &A::logical_arrays,   0,   "Logical (array)"},
-        {STAT, GU_STAT_MEM,      STATS,         0,      &A::general_use_statistics, 0, "General Use (statistical)"},
-        {STAT, DP_STAT_MEM,      STATS,         0,      &A::datapoint_statistics,   0, "Datapoint (statistical)"},
+        {R,    AI_REAL_MEM,         0,   REALS,         0,      &A::analog_inputs,          "Analog Inputs"},
+        {R,    FI_REAL_MEM,         0,   REALS,         0,      &A::frequency_inputs,       "Frequency Inputs (engineering units)"},
+        {R,    CI_REAL_MEM,         0,   REALS,         0,      &A::counter_inputs,         "Counter Inputs (engineering units)"},
+        {R,    REAL_ARRAY_MEM,      0,   REAL_ARRAYS,   0,      &A::real_arrays,            "Real (array)"},
+        {R,    INT_ARRAY_MEM,       0,   INT_ARRAYS,    0,      &A::integer_arrays,         "Integer (array)"},
+        {I,    CI_INTG_MEM,         0,   INTEGERS,      0,      &A::counter_inputs,         "Counter Inputs (counts)"},
+        {R,    ENGINE_PERF_MEM,     100, REALS,         0,      nullptr,                    "Engine Performance (real)"},
+        {I,    ENGINE_PERF_MEM,     50,  INTEGERS,      39000,  nullptr,                    "Engine Performance (integer)"},
+        {R,    ENGINE_CONST_MEM,    50,  REALS,         0,      nullptr,                    "Engine Constants"},
+        {S,    ENGINE_CONST_MEM,    32,  STRINGS,       19500,  nullptr,                    "Engine/Cell (string)"},
+        {R,    FUEL_READING_MEM,    152, REALS,         0,      nullptr,                    "Fuel Reading (real)"},
+        {I,    FUEL_READING_MEM,    16,  INTEGERS,      59280,  nullptr,                    "Fuel Reading (integer)"},
+        {S,    FUEL_READING_MEM,    24,  STRINGS,       64560,  nullptr,                    "Fuel Reading (string)"},
+        {R,    CONTROL_MEM,         893, REALS,         0,      nullptr,                    "Control"},
+        {L,    CONTROL_MEM,         301, LOGICALS,      348270, nullptr,                    "Control (logical)"},
+        {I,    CONTROL_MEM,         4,   INTEGERS,      495760, nullptr,                    "Control (integer)"},
+        {S,    CONTROL_MEM,         298, STRINGS,       497080, nullptr,                    "Control (string)"},
+        {S,    DISPLAY_STRINGS_MEM, 100, STRINGS,       300,    nullptr,                    "Display (string)"},
+        {S,    STRING_ARRAY_MEM,    0,   STRING_ARRAYS, 0,      &A::string_arrays,          "String (array)"},
+        {L,    LOGI_MEM,            400, LOGICALS,      0,      nullptr,                    "General Purpose (logical)"},
+        {L,    DI_LOGI_MEM,         0,   LOGICALS,      0,      &A::digital_inputs,         "Digital Input (logical)"},
+        {L,    DO_LOGI_MEM,         0,   LOGICALS,      0,      &A::digital_outputs,        "Digital Output (logical)"},
+        {L,    LIMIT_LOGI_MEM,      0,   LOGICALS,      0,      &A::limit_logicals,         "Limit (logical)"},
+        {L,    LOGI_ARRAY_MEM,      0,   LOGI_ARRAYS,   0,      &A::logical_arrays,         "Logical (array)"},
+        {STAT, GU_STAT_MEM,         0,   STATS,         0,      &A::general_use_statistics, "General Use (statistical)"},
+        {STAT, DP_STAT_MEM,         0,   STATS,         0,      &A::datapoint_statistics,   "Datapoint (statistical)"},
     };
 
     static constexpr Table PROPERTIES[] = {
-        {COMP, PROPERTIES_MEM, COMPS,     0,      nullptr, 34, "Gas/Fluid (compostion)"},
-        {COMP, PROPERTIES_MEM, PROPS,     70448,  nullptr, 32, "Gas/Fluid (property)"},
-        {COMP, PROPERTIES_MEM, EMISSIONS, 377648, nullptr, 34, "Emissions"},
+        {COMP, PROPERTIES_MEM, 34, COMPS,     0,      nullptr, "Gas/Fluid (compostion)"},
+        {COMP, PROPERTIES_MEM, 32, PROPS,     70448,  nullptr, "Gas/Fluid (property)"},
+        {COMP, PROPERTIES_MEM, 34, EMISSIONS, 377648, nullptr, "Emissions"},
     };
 
     static constexpr Table CHANNELS[] = {
-        {IO, AI_REAL_MEM, REALS,    0, &A::analog_inputs,    0, "Analog Inputs"},
-        {IO, FI_REAL_MEM, REALS,    0, &A::frequency_inputs, 0, "Frequency Inputs (engineering units)"},
-        {IO, CI_REAL_MEM, REALS,    0, &A::counter_inputs,   0, "Counter Inputs (engineering units)"},
-        {IO, CI_INTG_MEM, INTEGERS, 0, &A::counter_inputs,   0, "Counter Inputs (counts)"},
-        {IO, DI_LOGI_MEM, LOGICALS, 0, &A::digital_inputs,   0, "Digital Input (logical) "},
-        {IO, DO_LOGI_MEM, LOGICALS, 0, &A::digital_outputs,  0, "Digital Output (logical)"},
+        {IO, AI_REAL_MEM, 0, REALS,    0, &A::analog_inputs,    "Analog Inputs"},
+        {IO, FI_REAL_MEM, 0, REALS,    0, &A::frequency_inputs, "Frequency Inputs (engineering units)"},
+        {IO, CI_REAL_MEM, 0, REALS,    0, &A::counter_inputs,   "Counter Inputs (engineering units)"},
+        {IO, CI_INTG_MEM, 0, INTEGERS, 0, &A::counter_inputs,   "Counter Inputs (counts)"},
+        {IO, DI_LOGI_MEM, 0, LOGICALS, 0, &A::digital_inputs,   "Digital Input (logical) "},
+        {IO, DO_LOGI_MEM, 0, LOGICALS, 0, &A::digital_outputs,  "Digital Output (logical)"},
     };
     // clang-format on
 };
@@ -291,7 +291,7 @@ void VariableMapList::insertGroup(const char* section_label, const QStringList& 
 void rebuildMasterVariables(QT_MARVANE_VAR_TYPE type)
 {
     const auto map = std::make_shared<VariablesByGroup>();
-    VariableMapList(map.get(), type, nullptr);
+    const VariableMapList filled(map.get(), type, nullptr);
     VMLType = int(type);
     Master_variables = map;
 }

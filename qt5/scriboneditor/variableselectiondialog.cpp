@@ -252,6 +252,20 @@ void VariableSelectionDialog::showEvent(QShowEvent* /*event*/)
         showOriginal();
     initializingClass = false;
     Q_EMIT mapParent();
+    takeKeyboard();
+}
+
+// A window manager may leave the keyboard with the table, where typing would search and scroll the
+// cell away. It goes to the line that holds the value.
+void VariableSelectionDialog::takeKeyboard()
+{
+    ui->variableComboBox->lineEdit()->selectAll();
+    ui->lineEdit->selectAll();
+    if (m_optionalText.isEmpty())
+        setFocusProxy(ui->variableComboBox);
+    else
+        setFocusProxy(ui->lineEdit);
+    activateWindow();
 }
 
 void VariableSelectionDialog::hideEvent(QHideEvent* /*event*/)
@@ -262,6 +276,8 @@ void VariableSelectionDialog::hideEvent(QHideEvent* /*event*/)
 
 void VariableSelectionDialog::mapDialog()
 {
+    if (parentWidget() == nullptr)
+        return;
     QRect place = geometry();
     place.moveTopLeft(parentWidget()->mapToGlobal(pos()));
     setGeometry(place);

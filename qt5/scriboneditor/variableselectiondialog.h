@@ -78,6 +78,7 @@ private:
     void connectText(QComboBox* comboBox, void (VariableSelectionDialog::*slot)(const QString&));
     void refreshCatalogue();
 
+    void takeKeyboard();
     void fillGroups();
     QStringList allVariables() const;
     void offerVariables(QStringList names);
