@@ -35,7 +35,39 @@ EditorUndoCommand::EditorUndoCommand(TreeModel* model, const QModelIndex& index,
         m_redotext_lst = rowTexts();
 }
 
+namespace {
+
+int runningCommands = 0;
+
+class Running {
+public:
+    Running() { ++runningCommands; }
+    ~Running() { --runningCommands; }
+
+private:
+    Q_DISABLE_COPY(Running)
+};
+
+}  // namespace
+
+bool EditorUndoCommand::isRunning()
+{
+    return runningCommands > 0;
+}
+
 void EditorUndoCommand::redo()
+{
+    const Running running;
+    doAgain();
+}
+
+void EditorUndoCommand::undo()
+{
+    const Running running;
+    takeBack();
+}
+
+void EditorUndoCommand::doAgain()
 {
     findCell();
     if (!m_index.isValid())
@@ -54,7 +86,7 @@ void EditorUndoCommand::redo()
     }
 }
 
-void EditorUndoCommand::undo()
+void EditorUndoCommand::takeBack()
 {
     if (m_cmd == uremoveRow) {
         restoreRow();

@@ -26,7 +26,14 @@ public:
     void undo() override;
     void redo() override;
 
+    // Whether a command is at work. Nothing may go on a stack meanwhile: an editor whose row is
+    // just being removed commits its value at that moment, and the stack would drop the very
+    // command that it is carrying out.
+    static bool isRunning();
+
 private:
+    void doAgain();
+    void takeBack();
     void findCell();
     QStringList rowTexts() const;
     void setText(int column, const QString& text);

@@ -145,7 +145,7 @@ bool TreeItem::undoredo_setData(TreeModel* model, const QModelIndex& index, cons
     if (before.isNull() || before == after)
         return false;
     QUndoStack* const undoStack = EditorMainWindow->undoGroup->activeStack();
-    if (undoStack == nullptr)
+    if (undoStack == nullptr || EditorUndoCommand::isRunning())
         return false;
     undoStack->push(new EditorUndoCommand(model, index, before, after));
     return true;

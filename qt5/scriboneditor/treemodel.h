@@ -50,7 +50,8 @@ public:
     // Stores a text at once, past the undo stack: for the undo commands.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
-    // Stores a text through a command on the active undo stack: for edits by the user.
+    // Stores a text through a command on the active undo stack: for edits by the user. Does nothing
+    // while another command is at work.
     bool undoredo_setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole);
 
     // A range that does not fit in changes nothing and sends no signal. Inserting rows leaves the
