@@ -483,8 +483,10 @@ void TestValidationCharm::deactivatedAndActivatedAnew()
     activate("[a-z]");
     m_charm->deactivateOn(m_lineEdit.get());
     activate("[a-z]");
+    const QSignalSpy spy(m_model.get(), &TreeModel::codesChanged);
     typeInto(m_lineEdit.get(), "1");
     QCOMPARE(code(), QVariant(1));
+    QVERIFY2(spy.size() == 1, "once a keystroke");
 }
 
 // Though it has all that a line edit would have.
