@@ -285,6 +285,13 @@ void MainWindow::setupActions()
     connect(actionSave_As, &QAction::triggered, this, &MainWindow::saveAs);
     connect(undoAction, &QAction::triggered, this, &MainWindow::undo);
     connect(redoAction, &QAction::triggered, this, &MainWindow::redo);
+    connect(actionPreferences, &QAction::triggered, this, &MainWindow::preferences);
+    connect(aboutAct, &QAction::triggered, this, &MainWindow::about);
+    connect(aboutQtAct, &QAction::triggered, this, &MainWindow::aboutQt);
+    helpAct = new QAction(tr("Help Contents"), this);
+    helpAct->setShortcuts(QKeySequence::HelpContents);
+    connect(helpAct, &QAction::triggered, this, &MainWindow::showDocumentation);
+    connect(actionContents, &QAction::triggered, this, &MainWindow::showDocumentation);
 }
 
 // ---- Loading -----------------------------------------------------------------------------------

@@ -16,6 +16,7 @@
 #include "preference_results.h"
 #include "ui_mainwindow.h"
 
+class Assistant;
 class QAbstractItemDelegate;
 class QCloseEvent;
 class QTabWidget;
@@ -50,6 +51,10 @@ public:
     // Spans column 0 of a row over all columns, or ends that.
     void setFirstColumnSpanned(int tabIndex, int row, const QModelIndex& index, bool bVal);
 
+    // What the platform calls its version, with a blank at the end if its text goes on; empty when
+    // it tells none.
+    static QString getVersionNumber();
+
     QFont editorFont() const { return myPrefs.editorFont; }
     QFont syntaxFont() const { return myPrefs.syntaxFont; }
     QColor syntaxColor() const { return myPrefs.syntaxColor; }
@@ -68,9 +73,13 @@ public Q_SLOTS:
     void open();
     bool save();
     bool saveAs();
+    void about();
     void documentWasModified();
     void undo();
     void redo();
+    void preferences();
+    void aboutQt();
+    void showDocumentation();
     void currentTabChanged(int tabIndex);
 
 protected:
@@ -89,6 +98,7 @@ private:
     void showErrorCounts(int tab);
     void writeSettings();
     void showEditorFont();
+    static Assistant* makeAssistant();
 
     bool setupEditor(const QString& fileName, bool newFile);
     void clearUndoStacks();
@@ -116,6 +126,7 @@ private:
 
     QAction* undoAction = nullptr;
     QAction* redoAction = nullptr;
+    QAction* helpAct = nullptr;
     QString curFile;          // after a failed load, what the title says
     bool isModified = false;  // the models' own flags tell of changes
     bool loadedFile = false;
@@ -136,6 +147,7 @@ private:
     int tabErrorCount = 0;
     QTimer* timer = nullptr;
     StatusBarForm* statusBarform = nullptr;
+    Assistant* assistant = makeAssistant();
 
 public:
     preference_results myPrefs;

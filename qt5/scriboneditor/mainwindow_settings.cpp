@@ -8,6 +8,7 @@
 #include <QTreeView>
 
 #include "mainwindow.h"
+#include "preferences.h"
 
 namespace {
 
@@ -82,6 +83,22 @@ void MainWindow::showEditorFont()
         tree->header()->setFont(centralwidget->font());
         fitColumns(tab);
     }
+}
+
+// The colour may be all that has changed, which no widget notices.
+void MainWindow::preferences()
+{
+    auto* const dialog = new Preferences(this);
+    dialog->setDefaults(myPrefs);
+    if (dialog->exec() != QDialog::Accepted)
+        return;
+    dialog->getResults(&myPrefs);
+    myPrefs.editorFont.setPointSize(myPrefs.editorFontSize);
+    myPrefs.syntaxFont.setPointSize(myPrefs.syntaxFontSize);
+    QApplication::setFont(myPrefs.editorFont);
+    showEditorFont();
+    for (int tab = 0; tab < TAB_COUNT; ++tab)
+        view[static_cast<size_t>(tab)]->viewport()->update();
 }
 
 void MainWindow::writeSettings()

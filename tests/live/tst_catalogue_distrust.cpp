@@ -233,7 +233,7 @@ void TestCatalogueDistrust::areasOfNoise()
         catalogueWithout({QStringLiteral("REAL_ARRAY_MEM"), QStringLiteral("INT_ARRAY_MEM"),
                           QStringLiteral("STRING_ARRAY_MEM"), QStringLiteral("LOGI_ARRAY_MEM")})));
     for (const QString& area : areas()) {
-        const GroupFacts& last = groupsOf(area).last();
+        const GroupFacts last = groupsOf(area).last();
         const int size = last.offset + last.length * recordOf(last).size;
         if (size < 1000000)
             QVERIFY(m_platform->overwrite(qPrintable(area), 0, QByteArray(size, '\xfe')));

@@ -8,6 +8,7 @@
 
 #include "catalogue_groups.h"
 #include "live_platform.h"
+#include "memory_areas.h"
 #include "variablemaplist.h"
 
 namespace {
@@ -95,6 +96,13 @@ QStringList without(const QStringList& lines, const char* call)
     return rest;
 }
 
+// What an object that attaches areas can do.
+class Areas : public MemoryAreas {
+public:
+    using MemoryAreas::local_fre_shrd_mem;
+    using MemoryAreas::local_link_to_memory;
+};
+
 // Attaching and freeing alone.
 QString areaCallsOf(int filter)
 {
@@ -165,6 +173,8 @@ private Q_SLOTS:
     void generalUseWithoutAnother_data();
     void generalUseWithoutAnother();
     void missingAreaIsNotFreed();
+    void nowhereToStoreTheAddress();
+    void eachAreaForItself();
 
 private:
     bool start(const QByteArray& catalogue)
@@ -285,6 +295,33 @@ void TestCatalogueHostCalls::missingAreaIsNotFreed()
     for (const QString& area : missing)
         expected += attachCalls(groupsOf(area).first().areaNumber);
     QCOMPARE(callsOf(QT_MARVANE_ANY), expected);
+}
+
+void TestCatalogueHostCalls::nowhereToStoreTheAddress()
+{
+    Areas areas;
+    calls.clear();
+    QVERIFY(!areas.local_link_to_memory(GU_REAL_MEM, nullptr));
+    QCOMPARE(calls, QStringList());
+}
+
+// One that was attached again in between was in use then.
+void TestCatalogueHostCalls::eachAreaForItself()
+{
+    Areas areas;
+    void* inputs = nullptr;
+    void* reals = nullptr;
+    QVERIFY(areas.local_link_to_memory(AI_REAL_MEM, &inputs));
+    QVERIFY(areas.local_link_to_memory(GU_REAL_MEM, &reals));
+    QVERIFY(areas.local_link_to_memory(GU_REAL_MEM, &reals));
+    QCOMPARE(inputs, __real_get_shrd_mem(AI_REAL_MEM, 0));
+    QCOMPARE(reals, __real_get_shrd_mem(GU_REAL_MEM, 0));
+    calls.clear();
+    areas.local_fre_shrd_mem(GU_REAL_MEM);
+    areas.local_fre_shrd_mem(AI_REAL_MEM);
+    QCOMPARE(calls, QStringList(QStringLiteral("free 6")));
+    QVERIFY(!areas.local_link_to_memory(KEYWORD_MEM, &reals));
+    QVERIFY(reals == nullptr);
 }
 
 QTEST_GUILESS_MAIN(TestCatalogueHostCalls)

@@ -395,7 +395,7 @@ void TestVariableCatalogue::groupWithoutAVariableInUse()
 {
     const GroupFacts& group = groups().at(0);
     for (const int index : {0, group.length - 1})
-        QVERIFY(m_platform->overwrite(group.area, index * 390 + 50, bytesOf(int16_t{0})));
+        QVERIFY(m_platform->overwrite(group.area, qint64{index} * 390 + 50, bytesOf(int16_t{0})));
     QVERIFY(!byGroup(QT_MARVANE_ANY).contains(QString::fromLatin1(group.name)));
     QVERIFY(!byVariable(QT_MARVANE_ANY).values().contains(QString::fromLatin1(group.name)));
 }
