@@ -315,7 +315,7 @@ void TestVariableCatalogue::endsAtTheFixedLength()
     const bool isLastTable =
         groupsOf(QString::fromLatin1(group.area)).last().offset == group.offset;
     if (isLastTable)
-        QVERIFY(m_platform->resize(group.area, behind + 2 * record.size));
+        QVERIFY(m_platform->resize(group.area, behind + qint64{2} * record.size));
     QVERIFY(m_platform->overwrite(group.area, behind + record.activeAt, bytesOf(int16_t{1})));
     QVERIFY(m_platform->overwrite(group.area, behind + record.labelAt, "behind"));
     QCOMPARE(byGroup(QT_MARVANE_ANY).value(QString::fromLatin1(group.name)), listOf(group));

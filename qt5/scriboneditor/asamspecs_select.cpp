@@ -1,0 +1,194 @@
+#include "asamspecs_select.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QStringList>
+
+#include "get_asam3_lists.h"
+
+// The list of files keeps the width that the form gives it, however long the paths are; the policy
+// that says so is there, but out of favour.
+QT_WARNING_PUSH
+QT_WARNING_DISABLE_DEPRECATED
+#include "ui_asamspecs_select.h"
+QT_WARNING_POP
+
+namespace {
+
+const auto SPEC_DIRECTORY = QStringLiteral("/specs");
+const auto SPEC_PATTERN = QStringLiteral("asam3_specs.*");
+const auto SPEC_FILTER = QStringLiteral("asam3_specs*;;*");
+const auto OTHER_FILE = QStringLiteral("Other");
+
+// Appends the files of the directory whose names match, then those of its subdirectories. Links
+// are not followed: they could lead in a circle.
+void findRecursion(const QString& path, const QString& pattern, QStringList* result)
+{
+    const QDir currentDir(path);
+    const QString prefix = path + QLatin1Char('/');
+    const QStringList files =
+        currentDir.entryList({pattern}, QDir::Files | QDir::NoSymLinks, QDir::NoSort);
+    for (const QString& name : files)
+        result->append(prefix + name);
+    const QStringList directories =
+        currentDir.entryList(QDir::Dirs | QDir::NoSymLinks | QDir::NoDotAndDotDot, QDir::NoSort);
+    for (const QString& name : directories)
+        findRecursion(prefix + name, pattern, result);
+}
+
+// None for a file that cannot be read or is no asam3_specs file.
+QStringList ecmInstancesOf(const QByteArray& fileName)
+{
+    char ecmLists[MAX_ASAM3_LISTS][ASAM3_LIST_SIZE]{};
+    int numLists = 0;
+    QStringList instances;
+    if (get_asam3_lists(fileName.constData(), ecmLists, &numLists) == ASAM3_READ) {
+        for (int i = 0; i < numLists; ++i)
+            instances.append(QString::fromLocal8Bit(ecmLists[i]));
+    }
+    return instances;
+}
+
+}  // namespace
+
+// ---- Construction ------------------------------------------------------------------------------
+
+asamspecs_select::asamspecs_select(const QModelIndex& index, QWidget* parent)
+    : QDialog(parent, Qt::Drawer), ui(std::make_unique<Ui::asamspecs_select>()), m_index(index)
+{
+    ui->setupUi(this);
+    connectAll();
+}
+
+asamspecs_select::~asamspecs_select() = default;
+
+void asamspecs_select::connectAll()
+{
+    connect(ui->Ok_button, &QPushButton::clicked, this, &asamspecs_select::accept_asam);
+    connect(ui->cancel_button, &QPushButton::clicked, this, &asamspecs_select::cancel_asam);
+    connect(this, &asamspecs_select::closeDialog, this, &QDialog::reject);
+    connect(this, &asamspecs_select::mapParent, this, &asamspecs_select::mapDialog);
+    connect(ui->specfiles, &QComboBox::currentTextChanged, this,
+            &asamspecs_select::fileEditTextChanged);
+    connect(ui->ecmInstance, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            [this](int index) { ecmIndexChanged(ui->ecmInstance->itemText(index)); });
+}
+
+// ---- Accessors ---------------------------------------------------------------------------------
+
+QComboBox* asamspecs_select::fileComboBox() const
+{
+    return ui->specfiles;
+}
+
+QComboBox* asamspecs_select::ecmComboBox() const
+{
+    return ui->ecmInstance;
+}
+
+QSpinBox* asamspecs_select::extSpinBoxEdit() const
+{
+    return ui->extensionNumber;
+}
+
+// ---- Showing and hiding ------------------------------------------------------------------------
+
+void asamspecs_select::showEvent(QShowEvent* /*evt*/)
+{
+    QStringList files;
+    findRecursion(SPEC_DIRECTORY, SPEC_PATTERN, &files);
+    if (!origFileName_.isEmpty())
+        files.append(origFileName_);
+    files.removeDuplicates();
+    files.append(OTHER_FILE);
+    ui->specfiles->clear();
+    ui->specfiles->insertItems(0, files);
+    fileEditTextChanged(origFileName_);
+    Q_EMIT mapParent();
+}
+
+void asamspecs_select::hideEvent(QHideEvent* /*evt*/)
+{
+    if (result() != QDialog::Accepted && canceled != 0)
+        Q_EMIT closeDialog();
+}
+
+// The view has put the dialog at the cell in the view's own coordinates, as if it were a child.
+void asamspecs_select::mapDialog()
+{
+    constexpr int BELOW_CELL = 80;
+    const QPoint myPos = parentWidget()->mapToGlobal(pos());
+    QRect myRect = geometry();
+    myRect.moveTopLeft(myPos + QPoint(0, BELOW_CELL));
+    setGeometry(myRect);
+}
+
+void asamspecs_select::accept_asam()
+{
+    canceled = 0;
+    accept();
+}
+
+void asamspecs_select::cancel_asam()
+{
+    canceled = 1;
+    reject();
+}
+
+// ---- What the user picks -----------------------------------------------------------------------
+
+// What is made current here comes back here and is already current then.
+void asamspecs_select::fileEditTextChanged(const QString& changedText)
+{
+    selectFile(changedText == OTHER_FILE ? askForOtherFile() : changedText);
+    offerEcmInstances();
+}
+
+// Empty when the user picked none.
+QString asamspecs_select::askForOtherFile()
+{
+    const QString fileName =
+        QFileDialog::getOpenFileName(this, tr("Open file"), SPEC_DIRECTORY, SPEC_FILTER);
+    if (!fileName.isEmpty()) {
+        ui->specfiles->insertItem(ui->specfiles->count(), fileName);
+        ui->specfiles->setEditText(fileName);
+    }
+    return fileName;
+}
+
+void asamspecs_select::selectFile(const QString& fileName)
+{
+    const int index = ui->specfiles->findText(fileName);
+    if (index != -1) {
+        ui->specfiles->setCurrentIndex(index);
+    } else {
+        ui->specfiles->setCurrentText(origFileName_);
+        ui->specfiles->setEditText(origFileName_);
+    }
+}
+
+// A file without instances leaves those of the last one.
+void asamspecs_select::offerEcmInstances()
+{
+    const QStringList ecmStrList = ecmInstancesOf(ui->specfiles->currentText().toLatin1());
+    if (ecmStrList.isEmpty())
+        return;
+    ui->ecmInstance->clear();
+    ui->ecmInstance->insertItems(0, ecmStrList);
+    ecmIndexChanged(origEcmInstance_);
+}
+
+void asamspecs_select::ecmIndexChanged(const QString& text)
+{
+    const int index = ui->ecmInstance->findText(text);
+    if (index != -1)
+        ui->ecmInstance->setCurrentIndex(index);
+    else
+        ui->ecmInstance->setEditText(origEcmInstance_);
+}
+
+void asamspecs_select::extNumberChanged(const QString& text)
+{
+    if (!text.isEmpty())
+        extNumber = text;
+}
