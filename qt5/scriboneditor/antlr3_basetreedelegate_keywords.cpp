@@ -144,7 +144,8 @@ void showInterval(VariableSelectionDialog* dialog, const QModelIndex& index)
 }
 
 // A variable in place of a path is not handed on as the dialog's original, so the dialog clears its
-// line when it comes up: the variable has to be chosen anew.
+// line when it comes up. The file keeps the variable unless another one or a path is chosen: an
+// empty value is never written into a cell.
 void showPath(VariableSelectionDialog* dialog, const QModelIndex& index)
 {
     const QString text = textOf(index);

@@ -414,6 +414,8 @@ QStringList VariableSelectionDialog::membersOf(const QString& stext) const
     return {};
 }
 
+// The first member is selected at once, so the file gets that one behind a variable with members
+// unless another is chosen.
 void VariableSelectionDialog::offerMembers(const QStringList& members)
 {
     ui->subComboBox->clear();
