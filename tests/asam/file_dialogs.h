@@ -1,0 +1,37 @@
+// Answers the file dialogs that open while another dialog shows, which is left alone. One that
+// nobody expected is cancelled, so that a test fails on their number and does not hang.
+#pragma once
+
+#include <QFileDialog>
+#include <QPointer>
+#include <QQueue>
+#include <QVector>
+
+struct FileQuestion {
+    QString title;
+    QString directory;
+    QStringList filters;
+    QFileDialog::AcceptMode acceptMode;
+    QWidget* parent;
+};
+
+class FileDialogs : public QObject {
+    Q_OBJECT
+
+public:
+    FileDialogs();
+
+    // The answers are given in the order of these calls.
+    void choose(const QString& path) { m_answers.enqueue(path); }
+    void cancel() { m_answers.enqueue(QString()); }
+
+    QVector<FileQuestion> seen;
+
+private:
+    void lookAgain();
+    void look();
+    void answer(QFileDialog* dialog, const QString& path);
+
+    QQueue<QString> m_answers;
+    QPointer<QFileDialog> m_lastAnswered;
+};
