@@ -59,6 +59,11 @@ void ModalDialogs::cancel()
     m_answers.enqueue([](QDialog* dialog) { dialog->reject(); });
 }
 
+void ModalDialogs::answer(const Answer& answer)
+{
+    m_answers.enqueue(answer);
+}
+
 // A timer of its own each time: an answer may open the next dialog and not return before that one
 // is answered too.
 void ModalDialogs::lookAgain()

@@ -31,19 +31,21 @@ class ModalDialogs : public QObject {
     Q_OBJECT
 
 public:
+    using Answer = std::function<void(QDialog*)>;
+
     ModalDialogs();
 
     // The answers are given in the order of these calls.
     void answerBox(QMessageBox::StandardButton button);
     void chooseFile(const QString& path);
     void cancel();
+    // The answer has to close the dialog.
+    void answer(const Answer& answer);
 
     QVector<SeenBox> boxes;
     QVector<SeenFileDialog> fileDialogs;
 
 private:
-    using Answer = std::function<void(QDialog*)>;
-
     void lookAgain();
     void look();
     void remember(QDialog* dialog);

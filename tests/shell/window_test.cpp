@@ -23,6 +23,7 @@ void WindowTest::cleanup()
     m_window.reset();
     m_dialogs.reset();
     LoadingFile = 0;
+    QApplication::setFont(m_applicationFont);
 }
 
 void WindowTest::loadGoodFile(const QByteArray& text)

@@ -1,8 +1,9 @@
 // What the tests of the window share: a running platform, without which the window's constructor
-// ends the program, empty places, and a fresh window with nobody else's document for each test
-// function.
+// ends the program, empty places, and a fresh window with nobody else's document and font for each
+// test function.
 #pragma once
 
+#include <QApplication>
 #include <QTest>
 #include <memory>
 
@@ -27,6 +28,7 @@ protected:
     DeskProcess m_desk;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<ModalDialogs> m_dialogs;
+    const QFont m_applicationFont = QApplication::font();
 
 private Q_SLOTS:
     void initTestCase();

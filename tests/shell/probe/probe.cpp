@@ -1,10 +1,11 @@
 // Looks into the real program from within: a plugin that the toolkit loads while it makes the
-// application object. It answers a word a line on standard input by a line of JSON on standard
+// application object. It answers a request a line on standard input by a line of JSON on standard
 // output, also while the program waits in a message box.
 
 #include <unistd.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QDirIterator>
 #include <QFile>
@@ -78,6 +79,15 @@ void press(QMessageBox::StandardButton which)
         box->button(which)->click();
 }
 
+// Triggers an action of the window by its object name, as its menu does.
+void trigger(const QString& action)
+{
+    for (QWidget* const widget : QApplication::topLevelWidgets()) {
+        if (auto* const found = widget->findChild<QAction*>(action))
+            found->trigger();
+    }
+}
+
 }  // namespace
 
 class Probe : public QObject {
@@ -119,6 +129,12 @@ QJsonValue Probe::answer(const QString& request) const
         {QStringLiteral("fatal"), [] { qFatal("the end"); }},
         {QStringLiteral("press ok"), [] { press(QMessageBox::Ok); }},
         {QStringLiteral("close"), [] { QApplication::closeAllWindows(); }}};
+    const auto triggering = QStringLiteral("trigger ");
+    if (request.startsWith(triggering)) {
+        const QString action = request.mid(triggering.size());
+        QMetaObject::invokeMethod(
+            qApp, [action] { trigger(action); }, Qt::QueuedConnection);
+    }
     if (request == QLatin1String("resources"))
         return resources();
     if (deeds.contains(request))
