@@ -147,7 +147,7 @@ void asamspecs_select::fileEditTextChanged(const QString& changedText)
 // Empty when the user picked none.
 QString asamspecs_select::askForOtherFile()
 {
-    const QString fileName =
+    QString fileName =
         QFileDialog::getOpenFileName(this, tr("Open file"), SPEC_DIRECTORY, SPEC_FILTER);
     if (!fileName.isEmpty()) {
         ui->specfiles->insertItem(ui->specfiles->count(), fileName);

@@ -25,7 +25,7 @@ QByteArray opening()
 
 QByteArray section(const QByteArray& head)
 {
-    return head + "\n  some_label 4 4\n  another_label 8 4\n$\n";
+    return head + "\n  some_label 4 4 [V]\n  another_label 8\n$\n";
 }
 
 QByteArray asamFile(const char* names)
@@ -40,7 +40,7 @@ AsamLists readLists(const QString& fileName)
 {
     const auto rows = std::make_unique<Rows>();
     rows->guard.fill(GUARD);
-    AsamLists lists{0, 0, {}, false};
+    AsamLists lists;
     lists.result =
         get_asam3_lists(QFile::encodeName(fileName).constData(), rows->lists, &lists.count);
     for (int i = 0; i < std::min(lists.count, int{MAX_ASAM3_LISTS}); ++i)

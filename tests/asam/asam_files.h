@@ -15,10 +15,10 @@ QByteArray section(const QByteArray& head);
 QByteArray asamFile(const char* names);
 
 struct AsamLists {
-    int result;
-    int count;
-    QStringList entries;  // with their bytes as Latin-1
-    bool insideItsRows;   // whether nothing was written behind the four rows
+    int result = 0;
+    int count = 0;
+    QStringList entries;         // with their bytes as Latin-1
+    bool insideItsRows = false;  // whether nothing was written behind the four rows
 };
 
 // The function under test, on a file of this name.
