@@ -5,13 +5,7 @@
 #include <QStringList>
 
 #include "get_asam3_lists.h"
-
-// The list of files keeps the width that the form gives it, however long the paths are; the policy
-// that says so is there, but out of favour.
-QT_WARNING_PUSH
-QT_WARNING_DISABLE_DEPRECATED
 #include "ui_asamspecs_select.h"
-QT_WARNING_POP
 
 namespace {
 
@@ -117,6 +111,8 @@ void asamspecs_select::hideEvent(QHideEvent* /*evt*/)
 void asamspecs_select::mapDialog()
 {
     constexpr int BELOW_CELL = 80;
+    if (parentWidget() == nullptr)
+        return;
     const QPoint myPos = parentWidget()->mapToGlobal(pos());
     QRect myRect = geometry();
     myRect.moveTopLeft(myPos + QPoint(0, BELOW_CELL));
