@@ -1,0 +1,333 @@
+// help_pictures OUTPUT_DIR
+//
+// Takes the pictures of the documentation from the program's own window and dialogs, on the display
+// that it finds, beside a platform that runs. scripts/help-pictures makes all that.
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QDir>
+#include <QEventLoop>
+#include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTextStream>
+#include <QTimer>
+#include <QTreeView>
+#include <functional>
+
+#include "editor_types.h"
+#include "mainwindow.h"
+#include "marvane_headers.h"
+
+namespace {
+
+constexpr int SETTLING_MS = 300;
+constexpr int MOST_LOOKS = 40;
+constexpr QSize WHOLE_WINDOW(900, 660);
+constexpr QSize SMALL_WINDOW(700, 600);
+constexpr int WIDEST_COLUMN = 260;
+constexpr int LIST_HEIGHT = 330;
+constexpr int LINE_HEIGHT = 130;
+
+void letTimePass()
+{
+    QEventLoop loop;
+    QTimer::singleShot(SETTLING_MS, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+QImage look(const std::function<QRect()>& place)
+{
+    const QRect rect = place();
+    return QGuiApplication::primaryScreen()
+        ->grabWindow(0, rect.x(), rect.y(), rect.width(), rect.height())
+        .toImage();
+}
+
+// Looks until two looks in a row see the same: everything has been painted then.
+QImage settledLook(const std::function<QRect()>& place)
+{
+    QImage last;
+    for (int i = 0; i < MOST_LOOKS; ++i) {
+        letTimePass();
+        const QImage now = look(place);
+        if (now == last)
+            break;
+        last = now;
+    }
+    return last;
+}
+
+QRect placeOf(const QWidget* widget)
+{
+    return {widget->mapToGlobal(QPoint(0, 0)), widget->size()};
+}
+
+template <typename Widget>
+Widget* shownWindow(const QString& name)
+{
+    for (QWidget* const widget : QApplication::topLevelWidgets()) {
+        if (widget->isVisible() && widget->objectName() == name)
+            return qobject_cast<Widget*>(widget);
+    }
+    return nullptr;
+}
+
+class Photographer {
+public:
+    explicit Photographer(const QDir& output);
+
+    bool takeAll();
+
+private:
+    void open(const QString& example);
+    void showTab(int tab, const QSize& size);
+    QTreeView* view(int tab) const;
+    QModelIndex cell(int tab, int column, const QString& text, int textColumn) const;
+    QModelIndex statement(const char* keyword, int column) const;
+    void edit(int tab, const QModelIndex& index);
+
+    void take(const QString& name, const std::function<QRect()>& place);
+    void takeTab(int tab, const QString& name);
+    void takeTabs();
+    void takeWrongCells();
+    void takeList(int tab, const QModelIndex& index, const QString& name);
+    void takeCell(const QModelIndex& index, const QString& name, const QString& typed);
+    void takeEditors();
+    void takeDialog(int tab, const QModelIndex& index, const QString& name);
+    void takeDialogs();
+    void takePreferences();
+    std::function<QRect()> tablePlace(int tab, int height) const;
+
+    QDir m_output;
+    QStringList m_missing;
+    MainWindow m_window;
+    QTabWidget* m_tabs;
+};
+
+Photographer::Photographer(const QDir& output)
+    : m_output(output), m_tabs(m_window.findChild<QTabWidget*>(QStringLiteral("tabWidget")))
+{
+    m_window.readSettings();
+    m_window.move(40, 60);
+    m_window.show();
+}
+
+bool Photographer::takeAll()
+{
+    open(QStringLiteral("scrib_full"));
+    takeTabs();
+    takeEditors();
+    takeDialogs();
+    takePreferences();
+    takeWrongCells();
+    if (!m_missing.isEmpty())
+        QTextStream(stderr) << "help_pictures: not taken: " << m_missing.join(QStringLiteral(", "))
+                            << Qt::endl;
+    return m_missing.isEmpty();
+}
+
+void Photographer::open(const QString& example)
+{
+    m_window.loadFile(QStringLiteral("/specs/") + example, false);
+    m_window.statusBar()->clearMessage();
+    letTimePass();
+}
+
+QTreeView* Photographer::view(int tab) const
+{
+    return m_window.findChild<QTreeView*>(QStringLiteral("view%1").arg(tab));
+}
+
+void Photographer::showTab(int tab, const QSize& size)
+{
+    m_tabs->setCurrentIndex(tab);
+    m_window.resize(size);
+    letTimePass();
+    QTreeView* const tree = view(tab);
+    for (int column = 0; column < tree->model()->columnCount(); ++column) {
+        tree->resizeColumnToContents(column);
+        if (size == SMALL_WINDOW)
+            tree->setColumnWidth(column, qMin(tree->columnWidth(column), WIDEST_COLUMN));
+    }
+}
+
+// The cell of the column in the first row that has the text.
+QModelIndex Photographer::cell(int tab, int column, const QString& text, int textColumn) const
+{
+    const QAbstractItemModel& model = *view(tab)->model();
+    for (int row = 0; row < model.rowCount(); ++row) {
+        if (model.index(row, textColumn).data().toString() == text)
+            return model.index(row, column);
+    }
+    return {};
+}
+
+void Photographer::edit(int tab, const QModelIndex& index)
+{
+    QTreeView* const tree = view(tab);
+    tree->scrollTo(index, QAbstractItemView::PositionAtTop);
+    tree->setCurrentIndex(index);
+    tree->edit(index);
+    tree->horizontalScrollBar()->setValue(0);
+    letTimePass();
+}
+
+void Photographer::take(const QString& name, const std::function<QRect()>& place)
+{
+    const QImage picture = settledLook(place);
+    if (picture.isNull() || !picture.save(m_output.filePath(name + QStringLiteral(".png"))))
+        m_missing.append(name);
+}
+
+void Photographer::takeTab(int tab, const QString& name)
+{
+    showTab(tab, WHOLE_WINDOW);
+    take(name, [this] { return placeOf(&m_window); });
+}
+
+void Photographer::takeTabs()
+{
+    takeTab(DE_TAB1, QStringLiteral("keywords"));
+    takeTab(DE_TAB2, QStringLiteral("scan_list"));
+    takeTab(DE_TAB3, QStringLiteral("meta_data_list"));
+    takeTab(DE_TAB4, QStringLiteral("scan_list_aux_user"));
+    takeTab(DE_TAB5, QStringLiteral("ecm_list"));
+}
+
+void Photographer::takeWrongCells()
+{
+    open(QStringLiteral("scrib_broken"));
+    takeTab(DE_TAB3, QStringLiteral("meta_data_errors"));
+    takeTab(DE_TAB5, QStringLiteral("ecm_list_errors"));
+    take(QStringLiteral("counters"), [this] { return placeOf(m_window.statusBar()); });
+}
+
+// The upper part of the table, where the row that is edited stands.
+std::function<QRect()> Photographer::tablePlace(int tab, int height) const
+{
+    return [tree = view(tab), height] {
+        QRect place = placeOf(tree);
+        place.setHeight(height);
+        return place;
+    };
+}
+
+void Photographer::takeList(int tab, const QModelIndex& index, const QString& name)
+{
+    showTab(tab, SMALL_WINDOW);
+    edit(tab, index);
+    if (auto* const comboBox = view(tab)->viewport()->findChild<QComboBox*>()) {
+        comboBox->showPopup();
+        take(name, tablePlace(tab, LIST_HEIGHT));
+        comboBox->hidePopup();
+    } else {
+        m_missing.append(name);
+    }
+    open(QStringLiteral("scrib_full"));
+}
+
+void Photographer::takeCell(const QModelIndex& index, const QString& name, const QString& typed)
+{
+    showTab(DE_TAB1, SMALL_WINDOW);
+    edit(DE_TAB1, index);
+    auto* const line = view(DE_TAB1)->viewport()->findChild<QLineEdit*>();
+    if (line != nullptr && !typed.isEmpty()) {
+        line->setText(typed);
+        Q_EMIT line->textEdited(typed);
+    }
+    take(name, tablePlace(DE_TAB1, LINE_HEIGHT));
+    open(QStringLiteral("scrib_full"));
+}
+
+QModelIndex Photographer::statement(const char* keyword, int column) const
+{
+    return cell(DE_TAB1, column, QLatin1String(keyword), 0);
+}
+
+void Photographer::takeEditors()
+{
+    takeList(DE_TAB1, statement("@LOG_STATISTICS", 1), QStringLiteral("editor_yes_no"));
+    takeList(DE_TAB2, cell(DE_TAB2, 2, QStringLiteral("N_ENG_AVG"), 3),
+             QStringLiteral("editor_statistic"));
+    takeList(DE_TAB2, cell(DE_TAB2, 3, QStringLiteral("T_OIL"), 3),
+             QStringLiteral("editor_channel"));
+    takeCell(statement("@MAX_SCANS", 1), QStringLiteral("editor_number"), {});
+    takeCell(statement("@RUNNING_AVERAGE", 1), QStringLiteral("editor_text"),
+             QStringLiteral("30[se"));
+    open(QStringLiteral("scrib_small"));  // which leaves most keywords free
+    takeList(DE_TAB1, statement("@DESCRIPTION", 0), QStringLiteral("editor_keyword"));
+}
+
+// With its frame, whose title tells which dialog it is.
+void Photographer::takeDialog(int tab, const QModelIndex& index, const QString& name)
+{
+    showTab(tab, SMALL_WINDOW);
+    edit(tab, index);
+    const QString kind = tab == DE_TAB5 ? QStringLiteral("asamspecs_select")
+                                        : QStringLiteral("VariableSelectionDialog");
+    if (auto* const dialog = shownWindow<QDialog>(kind)) {
+        take(name, [dialog] { return dialog->frameGeometry(); });
+        dialog->reject();
+    } else {
+        m_missing.append(name);
+    }
+}
+
+void Photographer::takeDialogs()
+{
+    takeDialog(DE_TAB2, cell(DE_TAB2, 1, QStringLiteral("N_ENG"), 3),
+               QStringLiteral("editor_variable"));
+    takeDialog(DE_TAB1, statement("@SCAN_INTERVAL", 1), QStringLiteral("editor_variable_interval"));
+    takeDialog(DE_TAB1, statement("@OUTPUT_PATH", 1), QStringLiteral("editor_variable_path"));
+    takeDialog(DE_TAB3, cell(DE_TAB3, 2, QStringLiteral("FUEL_NAME"), 1),
+               QStringLiteral("editor_variable_literal"));
+    takeDialog(DE_TAB5, cell(DE_TAB5, 2, QStringLiteral("2"), 1), QStringLiteral("editor_ecm"));
+}
+
+// The dialog waits for its end while it is shown.
+void Photographer::takePreferences()
+{
+    const auto name = QStringLiteral("preferences");
+    QTimer::singleShot(SETTLING_MS, &m_window, [this, name] {
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) {
+            m_missing.append(name);
+            return;
+        }
+        take(name, [dialog] { return dialog->frameGeometry(); });
+        dialog->reject();
+    });
+    m_window.preferences();
+}
+
+QString programStyle()
+{
+    QFile file(QStringLiteral(":/resources/qss/default.qss"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+}  // namespace
+
+int main(int argc, char* argv[])
+{
+    Q_INIT_RESOURCE(scriboneditor);
+    marvane_init_fn(1);
+    join_layer(5);
+    QApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() != 2) {
+        QTextStream(stderr) << "help_pictures: OUTPUT_DIR is to be given" << Qt::endl;
+        return 2;
+    }
+    application.setStyleSheet(programStyle());
+    QApplication::setCursorFlashTime(0);
+    QCoreApplication::setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles, true);
+    return Photographer(QDir(arguments.at(1))).takeAll() ? 0 : 1;
+}
