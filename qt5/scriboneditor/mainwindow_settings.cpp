@@ -85,7 +85,6 @@ void MainWindow::showEditorFont()
     }
 }
 
-// The colour may be all that has changed, which no widget notices.
 void MainWindow::preferences()
 {
     auto* const dialog = new Preferences(this);
@@ -97,8 +96,6 @@ void MainWindow::preferences()
     myPrefs.syntaxFont.setPointSize(myPrefs.syntaxFontSize);
     QApplication::setFont(myPrefs.editorFont);
     showEditorFont();
-    for (int tab = 0; tab < TAB_COUNT; ++tab)
-        view[static_cast<size_t>(tab)]->viewport()->update();
 }
 
 void MainWindow::writeSettings()

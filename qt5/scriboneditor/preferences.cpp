@@ -8,8 +8,8 @@
 Preferences::Preferences(QWidget* parent)
     : QDialog(parent, Qt::Drawer), ui(std::make_unique<Ui::Preferences>())
 {
-    // Below a window that has a style sheet, the parts do not take the dialog's font over. So the form
-    // gives them its size by a style sheet too.
+    // Below a window that has a style sheet, the parts do not take the dialog's font over. So the
+    // form gives them its size by a style sheet too.
     ui->setupUi(this);
     connect(ui->syntaxErrorColorButton, &QAbstractButton::pressed, this, &Preferences::setColor);
     connect(this, &Preferences::closeDialog, this, &QDialog::reject);
@@ -43,8 +43,6 @@ void Preferences::showColor()
 void Preferences::setColor()
 {
     const QColor color = QColorDialog::getColor(m_defaults.syntaxColor);
-    // The colour dialog has swallowed the button's release.
-    ui->syntaxErrorColorButton->setDown(false);
     if (!color.isValid())
         return;
     m_defaults.syntaxColor = color;
