@@ -13,16 +13,18 @@ DISPLAY_PACKAGES := $(if $(DISPLAY),,$(if $(WAYLAND_DISPLAY),wayland,display))
 
 install = @scripts/install-packages $(1)
 
-.PHONY: help run test bench fuzz asan lint clean
+.PHONY: help run test bench fuzz asan lint package package-test clean
 
 help:
-	@echo 'make run    open an example in the editor, beside a demo platform (SPEC=NAME another)'
-	@echo 'make test   build and run the tests'
-	@echo 'make asan   the same with AddressSanitizer and UndefinedBehaviorSanitizer'
-	@echo 'make bench  measure how the time grows with the document'
-	@echo 'make fuzz   feed each fuzzer for FUZZ_SECONDS=$(FUZZ_SECONDS)'
-	@echo 'make lint   check the format and the habits of the sources'
-	@echo 'make clean  remove what was built'
+	@echo 'make run           open an example in the editor, beside a demo platform (SPEC=NAME another)'
+	@echo 'make test          build and run the tests'
+	@echo 'make asan          the same with AddressSanitizer and UndefinedBehaviorSanitizer'
+	@echo 'make bench         measure how the time grows with the document'
+	@echo 'make fuzz          feed each fuzzer for FUZZ_SECONDS=$(FUZZ_SECONDS)'
+	@echo 'make lint          check the format and the habits of the sources'
+	@echo 'make package       make the Debian packages, in build/packages'
+	@echo 'make package-test  install and try them in a minimal Debian of their own'
+	@echo 'make clean         remove what was built'
 	@echo 'What a target needs and the machine lacks is installed first (Debian 12).'
 
 run:
@@ -58,6 +60,18 @@ fuzz:
 lint:
 	$(call install,build fuzz lint)
 	scripts/lint
+
+package:
+	$(call install,build)
+	cmake --preset release -B build/package -DSCRIBON_BUILD_TESTS=OFF -DSCRIBON_BUILD_BENCH=OFF
+	cmake --build build/package
+	rm -rf build/packages
+	cd build/package && cpack -B ../packages
+	rm -rf build/packages/_CPack_Packages
+
+package-test: package
+	$(call install,display package)
+	scripts/package-test build/packages
 
 clean:
 	rm -rf build
