@@ -129,12 +129,11 @@ QString Help::contents() const
 QString Help::index() const
 {
     QString entries;
-    const auto entry = QStringLiteral("      <keyword name=\"%1\" id=\"%2\" ref=\"%3\"/>\n");
+    const auto entry = QStringLiteral("      <keyword name=\"%1\" ref=\"%2\"/>\n");
     for (const KeywordPage& page : m_keywords) {
-        const QString spelling = QLatin1String(page.keyword->spelling);
-        entries += entry.arg(spelling, spelling, pageName(page.name));
+        entries += entry.arg(QLatin1String(page.keyword->spelling), pageName(page.name));
         if (page.keyword->displayName != nullptr)
-            entries += entry.arg(page.title, spelling, pageName(page.name));
+            entries += entry.arg(page.title, pageName(page.name));
     }
     return entries;
 }

@@ -1,0 +1,250 @@
+// The help collection: that it holds together, and that the pages of the keywords say what the
+// program's own table says.
+
+#include <QFile>
+#include <QHelpContentWidget>
+#include <QHelpIndexWidget>
+#include <QHelpLink>
+#include <QTest>
+
+#include "help_collection.h"
+#include "scribon_keywords.h"
+#include "stat_members.h"
+
+Q_DECLARE_METATYPE(const ScribonKeyword*)
+
+namespace {
+
+constexpr int CREATION_MS = 30000;
+
+struct Entry {
+    QString title;
+    QUrl url;
+};
+
+void collectEntries(QHelpContentModel* model, const QModelIndex& parent, QVector<Entry>* entries)
+{
+    for (int row = 0; row < model->rowCount(parent); ++row) {
+        const QModelIndex index = model->index(row, 0, parent);
+        const QHelpContentItem* const item = model->contentItemAt(index);
+        entries->append({item->title(), item->url()});
+        collectEntries(model, index, entries);
+    }
+}
+
+QString spellingOf(const ScribonKeyword* keyword)
+{
+    return QString::fromLatin1(keyword->spelling);
+}
+
+QString pageOf(const ScribonKeyword* keyword)
+{
+    return QStringLiteral("keyword_%1.htm").arg(spellingOf(keyword).mid(1).toLower());
+}
+
+QString nameOf(const ScribonKeyword* keyword)
+{
+    return keyword->displayName == nullptr ? spellingOf(keyword)
+                                           : QString::fromLatin1(keyword->displayName);
+}
+
+QString helpOf(const ScribonKeyword* keyword)
+{
+    const char* const help =
+        keyword->choiceHelp == SAME_AS_HELP ? keyword->help : keyword->choiceHelp;
+    return QString::fromLatin1(help).simplified();
+}
+
+}  // namespace
+
+class tst_HelpCollection : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void hasItsNamespace();
+    void pageThatTheProgramAsksForIsThere();
+    void viewerBeginsWithTheFirstPage();
+    void pagesAreWellFormed_data() { addPages(); }
+    void pagesAreWellFormed();
+    void linksLeadSomewhere_data() { addPages(); }
+    void linksLeadSomewhere();
+    void everyPageIsReachedByALink();
+    void contentsNameEveryPageOnce();
+    void indexLeadsSomewhere();
+
+    void everyKeywordIsToldAsTheProgramHasIt_data() { addKeywords(); }
+    void everyKeywordIsToldAsTheProgramHasIt();
+    void everyKeywordHasAnExampleOfAGoodFile_data() { addKeywords(); }
+    void everyKeywordHasAnExampleOfAGoodFile();
+    void everyKeywordIsFoundInTheIndex_data() { addKeywords(); }
+    void everyKeywordIsFoundInTheIndex();
+    void everyStatisticalMemberIsTold();
+
+private:
+    void addPages();
+    static void addKeywords();
+
+    HelpCollection m_help;
+};
+
+void tst_HelpCollection::initTestCase()
+{
+    QVERIFY2(m_help.open(), "run this through scripts/in-namespace --help-from");
+}
+
+void tst_HelpCollection::addPages()
+{
+    QTest::addColumn<QString>("page");
+    for (const QString& page : m_help.pages())
+        QTest::newRow(qPrintable(page)) << page;
+}
+
+void tst_HelpCollection::addKeywords()
+{
+    QTest::addColumn<const ScribonKeyword*>("keyword");
+    for (const ScribonKeyword& keyword : SCRIBON_KEYWORDS)
+        QTest::newRow(keyword.spelling) << &keyword;
+}
+
+void tst_HelpCollection::hasItsNamespace()
+{
+    QCOMPARE(m_help.engine().registeredDocumentations(), QStringList{HELP_NAMESPACE});
+    for (const QUrl& url : m_help.engine().files(HELP_NAMESPACE, QString()))
+        QVERIFY2(url.path().startsWith(QLatin1String("/doc/")), qPrintable(url.toString()));
+}
+
+void tst_HelpCollection::pageThatTheProgramAsksForIsThere()
+{
+    const QUrl url(QStringLiteral("qthelp://marvane.scriboneditor.1.0/doc/scriboneditorHelp.htm"));
+    QCOMPARE(parseHelpPage(m_help.engine().fileData(url)).title,
+             QStringLiteral("Scribon Specification Editor"));
+}
+
+void tst_HelpCollection::viewerBeginsWithTheFirstPage()
+{
+    const QString firstPage = helpUrl(QStringLiteral("scriboneditorHelp.htm")).toString();
+    for (const char* const key : {"defaultHomepage", "LastShownPages"})
+        QCOMPARE(m_help.engine().customValue(QLatin1String(key)).toString(), firstPage);
+}
+
+void tst_HelpCollection::pagesAreWellFormed()
+{
+    QFETCH(QString, page);
+    const HelpPage parsed = m_help.page(page);
+    QCOMPARE(parsed.error, QString());
+    QVERIFY(!parsed.title.isEmpty());
+    QVERIFY2(!parsed.text.contains(QLatin1String("<!--")), "a table has not taken its place");
+}
+
+void tst_HelpCollection::linksLeadSomewhere()
+{
+    QFETCH(QString, page);
+    for (const QString& target : m_help.page(page).targets) {
+        const QUrl url = helpUrl(page).resolved(QUrl(target));
+        QVERIFY2(m_help.resolves(url), qPrintable(target));
+    }
+}
+
+void tst_HelpCollection::everyPageIsReachedByALink()
+{
+    QStringList reached{QStringLiteral("scriboneditorHelp.htm")};
+    for (int i = 0; i < reached.size(); ++i) {
+        for (const QString& target : m_help.page(reached.at(i)).targets) {
+            const QString page = target.section(QLatin1Char('#'), 0, 0);
+            if (page.endsWith(QLatin1String(".htm")) && !reached.contains(page))
+                reached.append(page);
+        }
+    }
+    reached.sort();
+    QCOMPARE(reached, m_help.pages());
+}
+
+void tst_HelpCollection::contentsNameEveryPageOnce()
+{
+    QHelpContentModel* const model = m_help.engine().contentModel();
+    model->createContents(QString());
+    QTRY_VERIFY_WITH_TIMEOUT(!model->isCreatingContents() && model->rowCount() > 0, CREATION_MS);
+    QCOMPARE(model->rowCount(), 1);
+    QVector<Entry> entries;
+    collectEntries(model, {}, &entries);
+    QStringList pages;
+    for (const Entry& entry : entries) {
+        QCOMPARE(entry.title, m_help.page(entry.url.fileName()).title);
+        pages.append(entry.url.fileName());
+    }
+    pages.sort();
+    QCOMPARE(pages, m_help.pages());
+}
+
+void tst_HelpCollection::indexLeadsSomewhere()
+{
+    QHelpIndexModel* const model = m_help.engine().indexModel();
+    model->createIndex(QString());
+    QTRY_VERIFY_WITH_TIMEOUT(!model->isCreatingIndex() && model->rowCount() > 0, CREATION_MS);
+    for (const QString& entry : model->stringList()) {
+        const QList<QHelpLink> links = m_help.engine().documentsForKeyword(entry);
+        QVERIFY2(!links.isEmpty(), qPrintable(entry));
+        for (const QHelpLink& link : links)
+            QVERIFY2(m_help.resolves(link.url), qPrintable(entry + link.url.toString()));
+    }
+}
+
+void tst_HelpCollection::everyKeywordIsToldAsTheProgramHasIt()
+{
+    QFETCH(const ScribonKeyword*, keyword);
+    const HelpPage page = m_help.page(pageOf(keyword));
+    const auto says = [&page](const QString& text) {
+        return page.text.contains(text) ? QString() : page.text;
+    };
+    QCOMPARE(page.title, nameOf(keyword));
+    QCOMPARE(says(QStringLiteral("In the file ") + spellingOf(keyword)), QString());
+    QCOMPARE(
+        says(QStringLiteral("In the table ") +
+             (keyword->displayName == nullptr ? QStringLiteral("an empty cell") : nameOf(keyword))),
+        QString());
+    QCOMPARE(says(keyword->is(REQUIRED) ? QStringLiteral("Required yes")
+                                        : QStringLiteral("Required no")),
+             QString());
+    QCOMPARE(says(keyword->is(IN_WORD_LIST)
+                      ? QStringLiteral("Offered as %1 in").arg(spellingOf(keyword).mid(1).toLower())
+                      : QStringLiteral("Offered no")),
+             QString());
+    QCOMPARE(says(helpOf(keyword)), QString());
+}
+
+void tst_HelpCollection::everyKeywordHasAnExampleOfAGoodFile()
+{
+    QFETCH(const ScribonKeyword*, keyword);
+    QFile file(qEnvironmentVariable("SCRIBON_EXAMPLES") + QStringLiteral("/scrib_full"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString example = m_help.page(pageOf(keyword)).examples;
+    QVERIFY(example.startsWith(spellingOf(keyword) + QLatin1Char('\n')));
+    QVERIFY2(QString::fromUtf8(file.readAll()).contains(QLatin1Char('\n') + example),
+             qPrintable(example));
+}
+
+void tst_HelpCollection::everyKeywordIsFoundInTheIndex()
+{
+    QFETCH(const ScribonKeyword*, keyword);
+    for (const QString& entry : {spellingOf(keyword), nameOf(keyword)}) {
+        bool found = false;
+        for (const QHelpLink& link : m_help.engine().documentsForKeyword(entry))
+            found = found || link.url == helpUrl(pageOf(keyword));
+        QVERIFY2(found, qPrintable(entry));
+    }
+}
+
+void tst_HelpCollection::everyStatisticalMemberIsTold()
+{
+    const QString text = m_help.page(QStringLiteral("editor_choice.htm")).text;
+    for (const StatMember& member : STAT_MEMBERS) {
+        const QString row = QLatin1String(member.name) + QLatin1Char(' ') +
+                            QString::fromLatin1(member.help).simplified();
+        QVERIFY2(text.contains(row), qPrintable(row));
+    }
+}
+
+QTEST_MAIN(tst_HelpCollection)
+#include "tst_help_collection.moc"
