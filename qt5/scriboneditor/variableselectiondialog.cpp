@@ -129,7 +129,8 @@ VariableSelectionDialog::VariableSelectionDialog(const QModelIndex& index, QWidg
 
 VariableSelectionDialog::~VariableSelectionDialog() = default;
 
-// The combo box would delete its own model when it gets another.
+// The combo box would delete its own model when it gets another. A proxy that sorted by itself would
+// move a row that the combo box inserts away from it, which then writes to another variable's.
 void VariableSelectionDialog::putProxyBehindVariables()
 {
     QComboBox* const comboBox = ui->variableComboBox;
@@ -139,10 +140,12 @@ void VariableSelectionDialog::putProxyBehindVariables()
     m_names->setParent(proxy_);
     comboBox->setModel(proxy_);
     proxy_->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    proxy_->setDynamicSortFilter(false);
 }
 
 // The names are sorted, which lets the completer find the typed beginning among any number of them
-// at once; its list measures one line for all and lays out only what is seen at first.
+// at once; its list measures one line for all and lays out only what is seen at first. Return adds a
+// name of the user's own, and the combo box has then put it where it stands regardless of case.
 void VariableSelectionDialog::setupVariableLine()
 {
     QComboBox* const comboBox = ui->variableComboBox;
@@ -154,6 +157,8 @@ void VariableSelectionDialog::setupVariableLine()
         list->setLayoutMode(QListView::Batched);
     }
     comboBox->setCompleter(completer);
+    connect(comboBox->lineEdit(), &QLineEdit::returnPressed, proxy_,
+            [this] { proxy_->sort(0, Qt::AscendingOrder); });
 }
 
 void VariableSelectionDialog::setupOptionalLine(const QString& optionalData,
@@ -306,8 +311,8 @@ QStringList VariableSelectionDialog::allVariables() const
     return names;
 }
 
-// Sorted before they go in, in one piece and behind the combo box's back: items that it inserts one
-// by one, and those that its proxy has to move about, take a time that grows with their square.
+// Sorted before they go in, in one piece and behind the combo box's back. The proxy would compare
+// two items through four copies each time, and a combo box inserts its items one by one.
 void VariableSelectionDialog::offerVariables(QStringList names)
 {
     std::sort(names.begin(), names.end());
@@ -318,7 +323,6 @@ void VariableSelectionDialog::offerVariables(QStringList names)
     for (const QString& name : qAsConst(names))
         items.append(new QStandardItem(name));
     m_names->invisibleRootItem()->appendRows(items);
-    proxy_->sort(0, Qt::AscendingOrder);
 }
 
 // A text with colons is a variable with a suffix, which is shown whole; one with a full stop is a
