@@ -33,7 +33,9 @@ QString toHtml(const QString& markdown)
     if (md_html(text.constData(), static_cast<MD_SIZE>(text.size()), appendTo, &html,
                 MD_FLAG_TABLES | MD_FLAG_NOHTML, MD_HTML_FLAG_XHTML) != 0)
         return {};
-    return QString::fromUtf8(html);
+    // The last line break of a block of code shows as a line in viewers of the simpler kind.
+    return QString::fromUtf8(html).replace(QStringLiteral("\n</code></pre>"),
+                                           QStringLiteral("</code></pre>"));
 }
 
 using Match = QRegularExpressionMatch;

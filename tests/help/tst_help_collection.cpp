@@ -219,7 +219,7 @@ void tst_HelpCollection::everyKeywordHasAnExampleOfAGoodFile()
     QFETCH(const ScribonKeyword*, keyword);
     QFile file(qEnvironmentVariable("SCRIBON_EXAMPLES") + QStringLiteral("/scrib_full"));
     QVERIFY(file.open(QIODevice::ReadOnly));
-    const QString example = m_help.page(pageOf(keyword)).examples;
+    const QString example = m_help.page(pageOf(keyword)).examples + QLatin1Char('\n');
     QVERIFY(example.startsWith(spellingOf(keyword) + QLatin1Char('\n')));
     QVERIFY2(QString::fromUtf8(file.readAll()).contains(QLatin1Char('\n') + example),
              qPrintable(example));
