@@ -100,7 +100,7 @@ QStringList unitsLike(const UNITS_NAME& named)
     std::array<UNITS_NAME, MAX_UNITS> dimension{};
     LV_get_units2(unitsBytes(named).constData(), &num_keywords, dimension.data());
     QStringList names;
-    for (int16_t i = 0; i < num_keywords; ++i)
+    for (int16_t i = 0; i < std::min(num_keywords, MAX_UNITS); ++i)
         names.append(unitsString(dimension[static_cast<size_t>(i)]));
     return names;
 }
