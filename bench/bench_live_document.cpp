@@ -8,6 +8,7 @@
 #include <QUndoStack>
 
 #include "bench_document.h"
+#include "bench_platform.h"
 #include "editor_antlr3.h"
 #include "editorundocommand.h"
 #include "mainwindow.h"
@@ -180,5 +181,8 @@ BENCHMARK(insertRowInWindow)->Apply(measure);
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
-    return runBenchmarks(argc, argv);
+    runPlatformOf(0);
+    const int status = runBenchmarks(argc, argv);
+    stopPlatform();
+    return status;
 }
