@@ -1,0 +1,88 @@
+#include "screen.h"
+
+#include <QProcessEnvironment>
+#include <QTest>
+
+namespace {
+
+constexpr int TIMEOUT_MS = 30000;
+
+void end(QProcess* process)
+{
+    process->terminate();
+    process->waitForFinished(TIMEOUT_MS);
+}
+
+}  // namespace
+
+Screen::~Screen()
+{
+    end(&m_windowManager);
+    end(&m_server);
+}
+
+bool Screen::start()
+{
+    return startServer() && startWindowManager();
+}
+
+// The server must not start over when its last client goes: the hand comes and goes all the time.
+bool Screen::startServer()
+{
+    m_server.start(QStringLiteral("Xvfb"),
+                   {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                    QStringLiteral("0"), QStringLiteral("1280x900x24"), QStringLiteral("-nolisten"),
+                    QStringLiteral("tcp"), QStringLiteral("-noreset")});
+    while (!m_server.canReadLine() && m_server.waitForReadyRead(TIMEOUT_MS)) {
+    }
+    m_name = QLatin1Char(':') + QString::fromLatin1(m_server.readLine().trimmed());
+    return m_name.size() > 1;
+}
+
+// It is there when it tells of desktops. A window that comes up before that stays without a frame.
+bool Screen::startWindowManager()
+{
+    m_windowManager.setProcessEnvironment(environment());
+    m_windowManager.start(QStringLiteral("openbox"), QStringList());
+    return m_windowManager.waitForStarted(TIMEOUT_MS) &&
+           QTest::qWaitFor([this] { return !hand({QStringLiteral("get_desktop")}).isEmpty(); },
+                           TIMEOUT_MS);
+}
+
+QProcessEnvironment Screen::environment() const
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("DISPLAY"), m_name);
+    return environment;
+}
+
+QByteArray Screen::hand(const QStringList& arguments) const
+{
+    QProcess tool;
+    tool.setProcessEnvironment(environment());
+    tool.start(QStringLiteral("xdotool"), arguments);
+    tool.waitForFinished(TIMEOUT_MS);
+    return tool.readAllStandardOutput();
+}
+
+void Screen::click(const QPoint& place, int button, int times) const
+{
+    hand({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y()),
+          QStringLiteral("click"), QStringLiteral("--repeat"), QString::number(times),
+          QStringLiteral("--delay"), QStringLiteral("20"), QString::number(button)});
+}
+
+void Screen::moveTo(const QPoint& place) const
+{
+    hand({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
+}
+
+void Screen::press(const QString& keys) const
+{
+    hand({QStringLiteral("key"), keys});
+}
+
+void Screen::type(const QString& text) const
+{
+    hand({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("2"), text});
+}

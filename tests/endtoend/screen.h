@@ -1,0 +1,38 @@
+// A screen of a test's own with a window manager, and the mouse and keyboard in front of it.
+#pragma once
+
+#include <QPoint>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+class Screen {
+public:
+    Screen() = default;
+    ~Screen();
+
+    // False when the display or its window manager did not come up.
+    bool start();
+
+    // Its name for DISPLAY.
+    QString name() const { return m_name; }
+
+    // Buttons by the numbers of X: 1 left, 3 right, 4 and 5 the wheel up and down.
+    void click(const QPoint& place, int button = 1, int times = 1) const;
+    void moveTo(const QPoint& place) const;
+    // Keys by their X names, with modifiers as in "ctrl+z".
+    void press(const QString& keys) const;
+    void type(const QString& text) const;
+
+private:
+    Q_DISABLE_COPY(Screen)
+
+    bool startServer();
+    bool startWindowManager();
+    QProcessEnvironment environment() const;
+    QByteArray hand(const QStringList& arguments) const;
+
+    QProcess m_server;
+    QProcess m_windowManager;
+    QString m_name;
+};

@@ -1,0 +1,459 @@
+#include "user.h"
+
+#include <QJsonArray>
+#include <QTest>
+
+namespace {
+
+constexpr int PATIENCE_MS = 10000;
+constexpr int MOST_TURNS = 200;
+constexpr int RIGHT_BUTTON = 3;
+constexpr int WHEEL_UP = 4;
+constexpr int WHEEL_DOWN = 5;
+constexpr int ARROW_WIDTH = 16;
+
+QRect rectOf(const QJsonValue& value)
+{
+    const QJsonArray numbers = value.toArray();
+    return {numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(), numbers[3].toInt()};
+}
+
+QString textIn(const QJsonObject& facts, const char* key)
+{
+    return facts.value(QLatin1String(key)).toString();
+}
+
+// The first of the list whose fact has the value.
+QJsonObject firstOf(const QJsonValue& list, const char* key, const QString& value)
+{
+    for (const QJsonValue entry : list.toArray()) {
+        if (entry[QLatin1String(key)].toString() == value)
+            return entry.toObject();
+    }
+    return {};
+}
+
+SeenCell seenCell(const QJsonValue& facts)
+{
+    return {facts[QLatin1String("text")].toString(), facts[QLatin1String("code")].toInt(),
+            rectOf(facts[QLatin1String("rect")])};
+}
+
+// Where a combo box, which may be a plain line as well, is clicked to open its list.
+QPoint arrowOf(const QRect& place)
+{
+    return {place.right() - ARROW_WIDTH / 2, place.center().y()};
+}
+
+}  // namespace
+
+// ---- Tables ------------------------------------------------------------------------------------
+
+QString SeenTable::text(int row, int column) const
+{
+    return rows.value(row).value(column).text;
+}
+
+QStringList SeenTable::rowTexts(int row) const
+{
+    QStringList texts;
+    for (const SeenCell& cell : rows.value(row))
+        texts.append(cell.text);
+    return texts;
+}
+
+int SeenTable::rowOf(const QString& text, int column) const
+{
+    for (int row = 0; row < rows.size(); ++row) {
+        if (rows[row].value(column).text.trimmed() == text)
+            return row;
+    }
+    return -1;
+}
+
+// ---- Starting ----------------------------------------------------------------------------------
+
+User::User()
+{
+    m_editor.setVariable(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(SCRIBON_FINDER_PLUGINS));
+    m_editor.setVariable(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("finder"));
+    m_editor.setVariable(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    // A program of plain widgets draws without the GL drivers, which take their time here.
+    m_editor.setVariable(QStringLiteral("QT_XCB_GL_INTEGRATION"), QStringLiteral("none"));
+}
+
+bool User::start(const Screen& screen, const QStringList& arguments)
+{
+    m_screen = &screen;
+    m_editor.setVariable(QStringLiteral("DISPLAY"), screen.name());
+    return m_editor.start(arguments) && fillScreen();
+}
+
+// By a double click on the title bar, above the window's own corner.
+bool User::fillScreen()
+{
+    constexpr int INTO_TITLE_BAR = 8;
+    const auto widget = QStringLiteral("MainWindow");
+    if (!waitUntil([&] { return isReady(widget); }))
+        return false;
+    const QRect before = windowPlace(widget);
+    m_screen->click({before.center().x(), before.top() + INTO_TITLE_BAR}, 1, 2);
+    return waitUntil([&] { return windowPlace(widget).width() > before.width(); });
+}
+
+// ---- Looking -----------------------------------------------------------------------------------
+
+QJsonObject User::look()
+{
+    return m_editor.ask(QStringLiteral("look")).toObject();
+}
+
+SeenTable User::table(int tab)
+{
+    const QJsonValue facts = m_editor.ask(QStringLiteral("table %1").arg(tab));
+    SeenTable table{rectOf(facts[QLatin1String("viewport")]), {}};
+    for (const QJsonValue row : facts[QLatin1String("rows")].toArray()) {
+        table.rows.append(QVector<SeenCell>());
+        for (const QJsonValue cell : row.toArray())
+            table.rows.last().append(seenCell(cell));
+    }
+    return table;
+}
+
+QString User::title()
+{
+    const QJsonObject window =
+        firstOf(look()[QLatin1String("windows")], "class", QStringLiteral("MainWindow"));
+    return textIn(window, "window");
+}
+
+QString User::news()
+{
+    return textIn(look(), "news");
+}
+
+QString User::counter()
+{
+    return textIn(look(), "counter");
+}
+
+int User::errorsOfTab()
+{
+    return look()[QLatin1String("tabErrors")].toInt();
+}
+
+int User::allErrors()
+{
+    return look()[QLatin1String("allErrors")].toInt();
+}
+
+bool User::seesErrors(int ofTab, int all)
+{
+    return waitUntil([=] { return errorsOfTab() == ofTab && allErrors() == all; });
+}
+
+bool User::seesWindow(const QString& widgetClass)
+{
+    return !firstOf(look()[QLatin1String("windows")], "class", widgetClass).isEmpty();
+}
+
+// Whether the window has the keyboard and its frame.
+bool User::isReady(const QString& widgetClass)
+{
+    const QJsonObject window = firstOf(look()[QLatin1String("windows")], "class", widgetClass);
+    return window[QLatin1String("active")].toBool() &&
+           rectOf(window[QLatin1String("frame")]) != rectOf(window[QLatin1String("rect")]);
+}
+
+QRect User::windowPlace(const QString& widgetClass)
+{
+    return rectOf(
+        firstOf(look()[QLatin1String("windows")], "class", widgetClass)[QLatin1String("frame")]);
+}
+
+QString User::boxText()
+{
+    return textIn(firstOf(look()[QLatin1String("windows")], "class", QStringLiteral("QMessageBox")),
+                  "text");
+}
+
+QStringList User::offered()
+{
+    QStringList texts;
+    for (const QJsonValue item : look()[QLatin1String("items")].toArray())
+        texts.append(item[QLatin1String("text")].toString());
+    return texts;
+}
+
+QJsonObject User::focus()
+{
+    return look()[QLatin1String("focus")].toObject();
+}
+
+QString User::editorText()
+{
+    return textIn(focus(), "text");
+}
+
+QString User::editorSelection()
+{
+    return textIn(focus(), "selection");
+}
+
+QJsonObject User::widget(const QString& name)
+{
+    return firstOf(look()[QLatin1String("widgets")], "name", name);
+}
+
+bool User::waitUntil(const std::function<bool()>& condition)
+{
+    return QTest::qWaitFor(condition, PATIENCE_MS);
+}
+
+// ---- Moving about ------------------------------------------------------------------------------
+
+void User::press(const QString& keys)
+{
+    m_screen->press(keys);
+}
+
+void User::type(const QString& text)
+{
+    m_screen->type(text);
+}
+
+bool User::goToTab(int tab)
+{
+    const QJsonObject seen = look();
+    if (seen[QLatin1String("tab")].toInt() != tab)
+        m_screen->click(rectOf(seen[QLatin1String("tabs")][tab]).center());
+    return waitUntil([=] { return look()[QLatin1String("tab")].toInt() == tab; });
+}
+
+// One turn of the wheel, and whether it moved the table.
+bool User::scrollOnce(int tab, int row, int column, const QRect& viewport)
+{
+    const QRect before = table(tab).rows[row][column].place;
+    m_screen->click(viewport.center(), before.top() < viewport.top() ? WHEEL_UP : WHEEL_DOWN);
+    return waitUntil([&] { return table(tab).rows[row][column].place != before; });
+}
+
+bool User::scrollTo(int tab, int row, int column)
+{
+    for (int turn = 0; turn < MOST_TURNS; ++turn) {
+        const SeenTable seen = table(tab);
+        const QRect place = seen.rows.value(row).value(column).place;
+        if (place.isEmpty())
+            return false;
+        if (place.top() >= seen.viewport.top() && place.bottom() <= seen.viewport.bottom())
+            return place.left() < seen.viewport.right();
+        if (!scrollOnce(tab, row, column, seen.viewport))
+            return false;
+    }
+    return false;
+}
+
+bool User::select(int tab, int row, int column)
+{
+    if (!goToTab(tab) || !scrollTo(tab, row, column))
+        return false;
+    const SeenTable seen = table(tab);
+    m_screen->click((seen.rows[row][column].place & seen.viewport).center());
+    return waitUntil([&] {
+        const QJsonValue facts = m_editor.ask(QStringLiteral("table %1").arg(tab));
+        return facts[QLatin1String("rows")][row][column][QLatin1String("current")].toBool();
+    });
+}
+
+QRect User::actionPlace(const QString& text)
+{
+    const QJsonObject action = firstOf(look()[QLatin1String("actions")], "text", text);
+    return action.isEmpty() ? QRect() : rectOf(action[QLatin1String("rect")]);
+}
+
+bool User::chooseFromMenu(const QString& menu, const QString& action)
+{
+    m_screen->click(actionPlace(menu).center());
+    if (!waitUntil([&] { return !actionPlace(action).isEmpty(); }))
+        return false;
+    m_screen->click(actionPlace(action).center());
+    return waitUntil([&] { return actionPlace(action).isEmpty(); });
+}
+
+// On the current cell, which select() has just clicked on.
+bool User::chooseFromContextMenu(const QString& action)
+{
+    const SeenTable seen = table(look()[QLatin1String("tab")].toInt());
+    m_screen->click(seen.viewport.center(), RIGHT_BUTTON);
+    if (!waitUntil([&] { return !actionPlace(action).isEmpty(); }))
+        return false;
+    m_screen->click(actionPlace(action).center());
+    return waitUntil([&] { return actionPlace(action).isEmpty(); });
+}
+
+bool User::clickButton(const QString& text)
+{
+    QJsonObject button;
+    const bool there = waitUntil([&] {
+        for (const QJsonValue facts : look()[QLatin1String("widgets")].toArray()) {
+            const QString shown = facts[QLatin1String("text")].toString();
+            if (facts[QLatin1String("class")].toString() == QLatin1String("QPushButton") &&
+                QString(shown).remove(QLatin1Char('&')) == text)
+                button = facts.toObject();
+        }
+        return !button.isEmpty();
+    });
+    if (there)
+        m_screen->click(rectOf(button[QLatin1String("rect")]).center());
+    return there;
+}
+
+// The dialog offers names that begin as the typed one; the first Return may only close that offer.
+bool User::answerFileDialog(const QString& path)
+{
+    constexpr int SECOND_RETURN_MS = 1000;
+    constexpr int MOST_RETURNS = 3;
+    const auto dialog = QStringLiteral("QFileDialog");
+    if (!waitUntil([&] { return textIn(focus(), "name") == QLatin1String("fileNameEdit"); }))
+        return false;
+    type(path);
+    if (!waitUntil([&] { return editorText() == path; }))
+        return false;
+    for (int i = 0; i < MOST_RETURNS; ++i) {
+        press(QStringLiteral("Return"));
+        if (QTest::qWaitFor([&] { return !seesWindow(dialog); }, SECOND_RETURN_MS))
+            return true;
+    }
+    return false;
+}
+
+void User::undo(int times)
+{
+    for (int i = 0; i < times; ++i)
+        press(QStringLiteral("ctrl+z"));
+}
+
+void User::redo(int times)
+{
+    for (int i = 0; i < times; ++i)
+        press(QStringLiteral("ctrl+shift+z"));
+}
+
+// By the key of the window manager.
+void User::askToClose()
+{
+    press(QStringLiteral("alt+F4"));
+}
+
+bool User::waitForEnd()
+{
+    return m_editor.waitForEnd() && m_editor.endedHow() == QProcess::NormalExit &&
+           m_editor.status() == 0;
+}
+
+// ---- Editing -----------------------------------------------------------------------------------
+
+// In the table or in a dialog that has taken the keyboard.
+bool User::isEditing()
+{
+    const QJsonObject where = focus();
+    const QString window = textIn(where, "window");
+    return where[QLatin1String("inTable")].toBool() ||
+           window == QLatin1String("Variable Selection") ||
+           window == QLatin1String("ASAM3 Spec File Selection");
+}
+
+bool User::open(int tab, int row, int column)
+{
+    if (!goToTab(tab) || !scrollTo(tab, row, column))
+        return false;
+    const SeenTable seen = table(tab);
+    m_screen->click((seen.rows[row][column].place & seen.viewport).center(), 1, 2);
+    return waitUntil([this] { return isEditing(); });
+}
+
+bool User::open(const CellName& cell)
+{
+    return open(cell.tab, table(cell.tab).rowOf(cell.rowText, cell.rowColumn), cell.column);
+}
+
+// What a combo box has completed behind the typed text is deleted.
+bool User::enter(const QString& text)
+{
+    type(text);
+    press(QStringLiteral("Delete"));
+    if (!waitUntil([&] { return editorText() == text; }))
+        return false;
+    press(QStringLiteral("Return"));
+    return waitUntil([this] { return !isEditing(); });
+}
+
+QJsonObject User::item(const QString& text)
+{
+    return firstOf(look()[QLatin1String("items")], "text", text);
+}
+
+// Turns the wheel over the list until the item is seen.
+bool User::clickItem(const QString& text)
+{
+    for (int turn = 0; turn < MOST_TURNS; ++turn) {
+        const QJsonObject found = item(text);
+        if (found.isEmpty())
+            return false;
+        if (found[QLatin1String("shown")].toBool()) {
+            m_screen->click(rectOf(found[QLatin1String("rect")]).center());
+            return waitUntil([this] { return offered().isEmpty(); });
+        }
+        const QRect before = rectOf(found[QLatin1String("rect")]);
+        const QJsonArray all = look()[QLatin1String("items")].toArray();
+        QRect shown;
+        for (const QJsonValue one : all) {
+            if (one[QLatin1String("shown")].toBool())
+                shown |= rectOf(one[QLatin1String("rect")]);
+        }
+        m_screen->click(shown.center(), before.top() < shown.top() ? WHEEL_UP : WHEEL_DOWN);
+        if (!waitUntil([&] { return rectOf(item(text)[QLatin1String("rect")]) != before; }))
+            return false;
+    }
+    return false;
+}
+
+bool User::pick(const QString& item)
+{
+    m_screen->click(arrowOf(rectOf(focus()[QLatin1String("rect")])));
+    return waitUntil([&] { return offered().contains(item); }) && clickItem(item) &&
+           waitUntil([this] { return !isEditing(); });
+}
+
+bool User::pickIn(const QString& comboBox, const QString& item)
+{
+    m_screen->click(arrowOf(rectOf(widget(comboBox)[QLatin1String("rect")])));
+    return waitUntil([&] { return offered().contains(item); }) && clickItem(item) &&
+           waitUntil([&] { return textIn(widget(comboBox), "text") == item; });
+}
+
+// Names that begin as the typed one hang below it; Return closes them.
+bool User::typeVariable(const QString& name)
+{
+    type(name);
+    if (!waitUntil([&] { return editorText() == name; }))
+        return false;
+    press(QStringLiteral("Return"));
+    return waitUntil([this] { return offered().isEmpty(); });
+}
+
+// A double click selects the number.
+bool User::typeNumber(const QString& spinBox, const QString& number)
+{
+    const QRect place = rectOf(widget(spinBox)[QLatin1String("rect")]);
+    m_screen->click({place.left() + ARROW_WIDTH / 2, place.center().y()}, 1, 2);
+    if (!waitUntil([&] { return textIn(focus(), "name") == spinBox; }))
+        return false;
+    type(number);
+    return waitUntil([&] { return editorText() == number; });
+}
+
+bool User::endDialog(const QString& button)
+{
+    return clickButton(button) && waitUntil([this] { return !isEditing(); });
+}
