@@ -188,8 +188,9 @@ QString valueOfDialog(const VariableSelectionDialog& dialog, int editorType)
     return dialog.variableComboBox()->currentText();
 }
 
-// What a comment or a free text becomes. A word that is a keyword makes the row a keyword's; one
-// typed with its "@" gets a second one and stays as typed, like all other text.
+// What a comment or a free text becomes. A word that is a keyword makes the row a keyword's. One
+// that is typed with its "@" gets a second one, which is no keyword: the file gets both from a
+// comment's row, while a free text's stays as typed.
 QString freeTextOrKeyword(const QString& value, int editorType)
 {
     QString value2 = value;
