@@ -1,6 +1,7 @@
 // What the window remembers from one run to the next.
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QPoint>
 #include <QSettings>
@@ -29,9 +30,18 @@ public:
     QSettings* operator->() { return m_settings.get(); }
 
 private:
+    // Below a device there is no file: what stands in the settings' place and is none, a pipe say,
+    // would be waited for.
+    static QString directory()
+    {
+        const QFileInfo file(SETTINGS_DIRECTORY + QStringLiteral("/ScribonUI/preferences.conf"));
+        const bool isSomethingElse = file.exists() && !file.isFile();
+        return isSomethingElse ? QStringLiteral("/dev/null") : SETTINGS_DIRECTORY;
+    }
+
     static void usePath()
     {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::SystemScope, SETTINGS_DIRECTORY);
+        QSettings::setPath(QSettings::NativeFormat, QSettings::SystemScope, directory());
     }
 
     std::unique_ptr<QSettings> m_settings;
