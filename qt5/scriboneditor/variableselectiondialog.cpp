@@ -129,8 +129,9 @@ VariableSelectionDialog::VariableSelectionDialog(const QModelIndex& index, QWidg
 
 VariableSelectionDialog::~VariableSelectionDialog() = default;
 
-// The combo box would delete its own model when it gets another. A proxy that sorted by itself would
-// move a row that the combo box inserts away from it, which then writes to another variable's.
+// The combo box would delete its own model when it gets another. A proxy that sorted by itself
+// would move a row that the combo box inserts away from it, which then writes to another
+// variable's.
 void VariableSelectionDialog::putProxyBehindVariables()
 {
     QComboBox* const comboBox = ui->variableComboBox;
@@ -144,8 +145,8 @@ void VariableSelectionDialog::putProxyBehindVariables()
 }
 
 // The names are sorted, which lets the completer find the typed beginning among any number of them
-// at once; its list measures one line for all and lays out only what is seen at first. Return adds a
-// name of the user's own, and the combo box has then put it where it stands regardless of case.
+// at once; its list measures one line for all and lays out only what is seen at first. Return adds
+// a name of the user's own, and the combo box has then put it where it stands regardless of case.
 void VariableSelectionDialog::setupVariableLine()
 {
     QComboBox* const comboBox = ui->variableComboBox;

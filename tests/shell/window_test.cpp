@@ -6,8 +6,8 @@
 void WindowTest::initTestCase()
 {
     QVERIFY2(inPrivateNamespace(), "run this through scripts/in-namespace");
-    QVERIFY(m_desk.start(qEnvironmentVariable("SCRIBON_EXAMPLES") +
-                         QStringLiteral("/catalogue.json")));
+    QVERIFY(
+        m_desk.start(qEnvironmentVariable("SCRIBON_EXAMPLES") + QStringLiteral("/catalogue.json")));
     QCOMPARE(marvane_init_fn(1), int16_t(0));
 }
 
