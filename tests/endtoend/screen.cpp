@@ -1,7 +1,6 @@
 #include "screen.h"
 
 #include <QProcessEnvironment>
-#include <QTest>
 
 namespace {
 
@@ -39,14 +38,17 @@ bool Screen::startServer()
     return m_name.size() > 1;
 }
 
-// It is there when it tells of desktops. A window that comes up before that stays without a frame.
+// It tells when it is ready. A window that comes up before that stays without a frame, or without
+// the keyboard.
 bool Screen::startWindowManager()
 {
     m_windowManager.setProcessEnvironment(environment());
-    m_windowManager.start(QStringLiteral("openbox"), QStringList());
-    return m_windowManager.waitForStarted(TIMEOUT_MS) &&
-           QTest::qWaitFor([this] { return !hand({QStringLiteral("get_desktop")}).isEmpty(); },
-                           TIMEOUT_MS);
+    m_windowManager.start(QStringLiteral("openbox"),
+                          {QStringLiteral("--startup"), QStringLiteral("echo ready")});
+    QByteArray said;
+    while (!said.contains("ready") && m_windowManager.waitForReadyRead(TIMEOUT_MS))
+        said += m_windowManager.readAllStandardOutput();
+    return said.contains("ready");
 }
 
 QProcessEnvironment Screen::environment() const
@@ -56,13 +58,12 @@ QProcessEnvironment Screen::environment() const
     return environment;
 }
 
-QByteArray Screen::hand(const QStringList& arguments) const
+void Screen::hand(const QStringList& arguments) const
 {
     QProcess tool;
     tool.setProcessEnvironment(environment());
     tool.start(QStringLiteral("xdotool"), arguments);
     tool.waitForFinished(TIMEOUT_MS);
-    return tool.readAllStandardOutput();
 }
 
 void Screen::click(const QPoint& place, int button, int times) const

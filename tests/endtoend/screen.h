@@ -30,7 +30,7 @@ private:
     bool startServer();
     bool startWindowManager();
     QProcessEnvironment environment() const;
-    QByteArray hand(const QStringList& arguments) const;
+    void hand(const QStringList& arguments) const;
 
     QProcess m_server;
     QProcess m_windowManager;

@@ -107,6 +107,7 @@ private:
     bool isEditing();
     QJsonObject widget(const QString& name);
     QJsonObject item(const QString& text);
+    bool scrollListTo(const QString& text);
     bool clickItem(const QString& text);
     QRect actionPlace(const QString& text);
 

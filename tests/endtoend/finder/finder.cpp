@@ -166,11 +166,14 @@ QJsonArray items()
     const int rows = view->model()->rowCount(view->rootIndex());
     for (int row = 0; row < rows; ++row) {
         const QModelIndex index = view->model()->index(row, 0, view->rootIndex());
+        // Items may be wider than the list that hangs open.
         const QRect rect = view->visualRect(index);
-        list.append(QJsonObject{{QStringLiteral("text"), index.data().toString()},
-                                {QStringLiteral("current"), view->currentIndex() == index},
-                                {QStringLiteral("shown"), view->viewport()->rect().contains(rect)},
-                                {QStringLiteral("rect"), onScreen(view->viewport(), rect)}});
+        const QRect seen = rect & view->viewport()->rect();
+        list.append(QJsonObject{
+            {QStringLiteral("text"), index.data().toString()},
+            {QStringLiteral("current"), view->currentIndex() == index},
+            {QStringLiteral("shown"), !seen.isEmpty() && seen.height() == rect.height()},
+            {QStringLiteral("rect"), onScreen(view->viewport(), seen.isEmpty() ? rect : seen)}});
     }
     return list;
 }
