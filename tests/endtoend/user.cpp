@@ -272,12 +272,18 @@ bool User::scrollTo(int tab, int row, int column)
     return false;
 }
 
+// The middle of what is seen of a cell.
+QPoint User::placeOf(int tab, int row, int column)
+{
+    const SeenTable seen = table(tab);
+    return (seen.rows.value(row).value(column).place & seen.viewport).center();
+}
+
 bool User::select(int tab, int row, int column)
 {
     if (!goToTab(tab) || !scrollTo(tab, row, column))
         return false;
-    const SeenTable seen = table(tab);
-    m_screen->click((seen.rows[row][column].place & seen.viewport).center());
+    m_screen->click(placeOf(tab, row, column));
     return waitUntil([&] {
         const QJsonValue facts = m_editor.ask(QStringLiteral("table %1").arg(tab));
         return facts[QLatin1String("rows")][row][column][QLatin1String("current")].toBool();
@@ -290,24 +296,28 @@ QRect User::actionPlace(const QString& text)
     return action.isEmpty() ? QRect() : rectOf(action[QLatin1String("rect")]);
 }
 
-bool User::chooseFromMenu(const QString& menu, const QString& action)
+// From a menu that has just been clicked open.
+bool User::chooseAction(const QString& action)
 {
-    m_screen->click(actionPlace(menu).center());
     if (!waitUntil([&] { return !actionPlace(action).isEmpty(); }))
         return false;
     m_screen->click(actionPlace(action).center());
     return waitUntil([&] { return actionPlace(action).isEmpty(); });
 }
 
-// On the current cell, which select() has just clicked on.
-bool User::chooseFromContextMenu(const QString& action)
+bool User::chooseFromMenu(const QString& menu, const QString& action)
 {
-    const SeenTable seen = table(look()[QLatin1String("tab")].toInt());
-    m_screen->click(seen.viewport.center(), RIGHT_BUTTON);
-    if (!waitUntil([&] { return !actionPlace(action).isEmpty(); }))
+    m_screen->click(actionPlace(menu).center());
+    return chooseAction(action);
+}
+
+// The click makes the cell the current one.
+bool User::chooseFromContextMenu(int tab, int row, int column, const QString& action)
+{
+    if (!goToTab(tab) || !scrollTo(tab, row, column))
         return false;
-    m_screen->click(actionPlace(action).center());
-    return waitUntil([&] { return actionPlace(action).isEmpty(); });
+    m_screen->click(placeOf(tab, row, column), RIGHT_BUTTON);
+    return chooseAction(action);
 }
 
 bool User::clickButton(const QString& text)
@@ -372,7 +382,6 @@ bool User::waitForEnd()
 
 // ---- Editing -----------------------------------------------------------------------------------
 
-// In the table or in a dialog that has taken the keyboard.
 bool User::isEditing()
 {
     const QJsonObject where = focus();
@@ -386,8 +395,7 @@ bool User::open(int tab, int row, int column)
 {
     if (!goToTab(tab) || !scrollTo(tab, row, column))
         return false;
-    const SeenTable seen = table(tab);
-    m_screen->click((seen.rows[row][column].place & seen.viewport).center(), 1, 2);
+    m_screen->click(placeOf(tab, row, column), 1, 2);
     return waitUntil([this] { return isEditing(); });
 }
 

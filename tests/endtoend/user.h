@@ -71,7 +71,7 @@ public:
     void press(const QString& keys);
     void type(const QString& text);
     bool chooseFromMenu(const QString& menu, const QString& action);
-    bool chooseFromContextMenu(const QString& action);
+    bool chooseFromContextMenu(int tab, int row, int column, const QString& action);
     bool clickButton(const QString& text);
     bool answerFileDialog(const QString& path);
     void undo(int times = 1);
@@ -81,6 +81,8 @@ public:
 
     // ---- Editing ----
 
+    // Whether the keyboard is in an editor: one in the table, or a dialog.
+    bool isEditing();
     // Opens the editor of a cell, by a double click.
     bool open(int tab, int row, int column);
     bool open(const CellName& cell);
@@ -104,11 +106,12 @@ private:
     bool scrollTo(int tab, int row, int column);
     bool scrollOnce(int tab, int row, int column, const QRect& viewport);
     QJsonObject focus();
-    bool isEditing();
     QJsonObject widget(const QString& name);
     QJsonObject item(const QString& text);
     bool scrollListTo(const QString& text);
     bool clickItem(const QString& text);
+    QPoint placeOf(int tab, int row, int column);
+    bool chooseAction(const QString& action);
     QRect actionPlace(const QString& text);
 
     const Screen* m_screen = nullptr;
