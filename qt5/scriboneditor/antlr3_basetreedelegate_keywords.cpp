@@ -12,6 +12,7 @@
 #include "mainwindow.h"
 #include "scribon_keywords.h"
 #include "validationcharm.h"
+#include "validatorformat.h"
 #include "variableselectiondialog.h"
 
 namespace {
@@ -19,20 +20,17 @@ namespace {
 constexpr int MOST_SCANS = 1000000;
 
 struct LineFormat {
-    const char* format;
+    VaidatorFormat format;
     unsigned int length;
     const char* message;
 };
 
-constexpr auto EVENT_NAME = "^([A-Za-z_0-9][A-Za-z_0-9]?){1,31}";
-constexpr auto INTERVAL = R"(^.?\d+(.\d+)?\[(min|sec|hr|msec|MIN|SEC|HR|MSEC)\])";
-
-constexpr LineFormat EVENT_LINE{EVENT_NAME, 32, "Invalid event-name"};
-constexpr LineFormat INTERVAL_LINE{INTERVAL, 32, "Invalid interval"};
-constexpr LineFormat DESCRIPTION_LINE{R"re(^(".*")|('.*'))re", 128, "Invalid description"};
-constexpr LineFormat REGNAME_LINE{"^[A-Za-z_]([A-Za-z_0-9]*){1,31}", 32, "Invalid registered-name"};
-constexpr LineFormat SCRIBON_LINE{"^[A-Za-z_0-9]{1,79}", 80, "Invalid scribon identifier"};
-constexpr LineFormat ANY_LINE{"^.{1,32}", 80, "Invalid input"};
+constexpr LineFormat EVENT_LINE{Event_Name_VF, 32, "Invalid event-name"};
+constexpr LineFormat INTERVAL_LINE{Interval_VF, 32, "Invalid interval"};
+constexpr LineFormat DESCRIPTION_LINE{Descript_VF, 128, "Invalid description"};
+constexpr LineFormat REGNAME_LINE{RegName_VF, 32, "Invalid registered-name"};
+constexpr LineFormat SCRIBON_LINE{Scribonid_VF, 80, "Invalid scribon identifier"};
+constexpr LineFormat ANY_LINE{Default_VF, 80, "Invalid input"};
 
 const LineFormat& lineFormatOf(int editorType)
 {
@@ -51,6 +49,24 @@ const LineFormat& lineFormatOf(int editorType)
         default:
             return ANY_LINE;
     }
+}
+
+// Null where a keyword has no second value.
+const LineFormat* secondLineFormatOf(int editorType)
+{
+    switch (editorType) {
+        case TEXT_BLOCK:
+            return &ANY_LINE;
+        case INTEGER_TIME_INT_EDITOR:
+            return &EVENT_LINE;
+        default:
+            return nullptr;
+    }
+}
+
+const char* patternOf(const LineFormat& line)
+{
+    return ValidatorPatterns[line.format];
 }
 
 int keywordTypeOf(const QModelIndex& index)
@@ -213,18 +229,10 @@ QWidget* Antlr3_BaseTreeDelegate::createEditorTab1(QWidget* the_parent, View /*o
         return keywordEditor(the_parent, index);
     if (column == 1)
         return keywordValueEditor(the_parent, index);
-    if (column != 2)
+    const LineFormat* const line = column == 2 ? secondLineFormatOf(keywordTypeOf(index)) : nullptr;
+    if (line == nullptr)
         return nullptr;
-    switch (keywordTypeOf(index)) {
-        case TEXT_BLOCK:
-            return get_line_editor(the_parent, ANY_LINE.format, ANY_LINE.length, ANY_LINE.message,
-                                   index);
-        case INTEGER_TIME_INT_EDITOR:
-            return get_line_editor(the_parent, EVENT_LINE.format, EVENT_LINE.length,
-                                   EVENT_LINE.message, index);
-        default:
-            return nullptr;
-    }
+    return get_line_editor(the_parent, patternOf(*line), line->length, line->message, index);
 }
 
 QWidget* Antlr3_BaseTreeDelegate::keywordEditor(QWidget* the_parent, const QModelIndex& index) const
@@ -269,7 +277,7 @@ QWidget* Antlr3_BaseTreeDelegate::keywordValueEditor(QWidget* the_parent,
             break;
     }
     const LineFormat& line = lineFormatOf(editorType);
-    return get_line_editor(the_parent, line.format, line.length, line.message, index);
+    return get_line_editor(the_parent, patternOf(line), line.length, line.message, index);
 }
 
 QWidget* Antlr3_BaseTreeDelegate::get_line_editor(QWidget* parent, const char* format,

@@ -13,6 +13,7 @@
 #include "cell_text.h"
 #include "mainwindow.h"
 #include "stat_members.h"
+#include "validatorformat.h"
 #include "variableselectiondialog.h"
 
 const KEYWORD_MEMORY* Keyword_memory = nullptr;
@@ -387,7 +388,7 @@ QWidget* Antlr3_BaseTreeDelegate::createEditorTab4(QWidget* the_parent, View /*o
         case 1:
             return variableEditor(index, QT_MARVANE_ANY, "");
         case 2:
-            return get_line_editor(the_parent, "^([A-Za-z_0-9][A-Za-z_0-9]?){1,31}", 32,
+            return get_line_editor(the_parent, ValidatorPatterns[Event_Name_VF], 32,
                                    "Invalid Variable Name", index);
         default:
             return nullptr;
@@ -439,7 +440,8 @@ QWidget* Antlr3_BaseTreeDelegate::createEditorTab5(QWidget* the_parent, View /*o
                                                    const QModelIndex& index) const
 {
     if (index.column() == 1 && isFreeText(index))
-        return get_line_editor(the_parent, "^#.{0,79}", 128, "Invalid Comment", index);
+        return get_line_editor(the_parent, ValidatorPatterns[Comment_VF], 128, "Invalid Comment",
+                               index);
     if (index.column() == 2 && editorTypeOf(index.siblingAtColumn(1)) != COMMENT_LINE)
         return asamEditor(index);
     return nullptr;
