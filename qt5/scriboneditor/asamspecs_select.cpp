@@ -51,6 +51,8 @@ asamspecs_select::asamspecs_select(const QModelIndex& index, QWidget* parent)
     : QDialog(parent, Qt::Drawer), ui(std::make_unique<Ui::asamspecs_select>()), m_index(index)
 {
     ui->setupUi(this);
+    // The view gives its editor the keyboard, which is of no use in the dialog itself.
+    setFocusProxy(ui->specfiles);
     connectAll();
 }
 

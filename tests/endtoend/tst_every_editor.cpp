@@ -26,6 +26,8 @@ private Q_SLOTS:
     void editorsOpenOnTheValue_data();
     void editorsOpenOnTheValue();
     void leavingAnEditorKeepsWhatWasTyped();
+    void judgingTheTabLeavesAnEditorAlone();
+    void ecmDialogTakesTheKeyboard();
     void dialogsThatAreCancelledChangeNothing_data();
     void dialogsThatAreCancelledChangeNothing();
     void everyKeywordIsOfferedOnce();
@@ -306,6 +308,46 @@ void tst_EveryEditor::leavingAnEditorKeepsWhatWasTyped()
     QVERIFY(user.waitUntil([&] { return user.editorText() == QLatin1String("123"); }));
     QVERIFY(user.goToTab(1));
     QVERIFY(has(0, "123", 1));
+}
+
+// Typing marks the cell; when the tab is judged the next time, the mark goes, since the cell still
+// has its old text.
+void tst_EveryEditor::judgingTheTabLeavesAnEditorAlone()
+{
+    User& user = *m_user;
+    QVERIFY(openFull());
+    const int row = user.table(0).rowOf(QStringLiteral("@STOP_EVENT"), 0);
+    QVERIFY(user.open(0, row, 1));
+    for (const char* const text : {"no-event", "no event"}) {
+        user.press(QStringLiteral("ctrl+a"));
+        user.type(QLatin1String(text));
+        QVERIFY(user.waitUntil([&] { return user.editorText() == QLatin1String(text); }));
+        QVERIFY(user.waitUntil([&] { return user.table(0).rows[row][1].code == 0; }));
+        QCOMPARE(user.editorText(), QLatin1String(text));
+    }
+    user.press(QStringLiteral("Return"));
+    QVERIFY(has(0, "no event", 1));
+    QVERIFY(user.seesErrors(2, 2));
+}
+
+void tst_EveryEditor::ecmDialogTakesTheKeyboard()
+{
+    User& user = *m_user;
+    QVERIFY(openFull());
+    QVERIFY(user.open({4, QStringLiteral("3"), 1, 2}));
+    const auto file = QStringLiteral("/specs/asam3_specs.aftertreatment");
+    QVERIFY(user.waitUntil([&] { return user.editorText() == file; }));
+    user.press(QStringLiteral("Down"));
+    QVERIFY(user.waitUntil(
+        [&] { return user.editorText() == QLatin1String("/specs/asam3_specs.engine"); }));
+    // Over the number and the list to the button.
+    for (const char* const key : {"Tab", "Tab", "Tab", "space"})
+        user.press(QLatin1String(key));
+    QVERIFY(has(4, "/specs/asam3_specs.engine:ECM0:0", 2));
+    QVERIFY(user.waitUntil([&] {
+        return user.table(4).text(3, 2) == QLatin1String("/specs/asam3_specs.engine:ECM0:0");
+    }));
+    QVERIFY(user.seesErrors(1, 2));
 }
 
 void tst_EveryEditor::dialogsThatAreCancelledChangeNothing_data()
