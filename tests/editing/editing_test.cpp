@@ -163,6 +163,8 @@ void EditingTest::typeVariable(VariableSelectionDialog* dialog, const QString& n
 {
     dialog->variableComboBox()->setFocus();
     typeOver(name);
+    if (QApplication::activePopupWidget() != nullptr)
+        press(Qt::Key_Escape);
 }
 
 QUndoStack* EditingTest::stack() const

@@ -72,7 +72,8 @@ protected:
     // Picks the item by the keys in the list that a combo box drops down.
     static void pick(QComboBox* comboBox, const QString& item);
 
-    // Puts the text in the dialog's variable line in place of what stands there.
+    // Puts the text in the dialog's variable line in place of what stands there, and picks none of
+    // what is offered to complete it.
     static void typeVariable(VariableSelectionDialog* dialog, const QString& name);
 
     QUndoStack* stack() const;
