@@ -14,8 +14,8 @@ class EndToEndTest : public QObject {
     Q_OBJECT
 
 protected:
-    // Copies an example below /specs, under its own name.
-    static bool provide(const QString& example);
+    // Copies the example below /specs.
+    static bool provide(const QString& name);
     static QByteArray example(const QString& name);
     // An example as a save lays it out: without blank lines before comments among the keywords,
     // with tabs between the values of a row, and with all four lists.

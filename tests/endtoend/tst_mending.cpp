@@ -15,11 +15,11 @@ enum Remedy { LINE, CHOICE, VARIABLE, ECM, ROW_REMOVED };
 // What a user would do about a marked cell, which is known by its column and by the text that
 // stands first in its row.
 struct Mistake {
-    int tab;
-    int column;
-    const char* rowText;
-    Remedy remedy;
-    const char* value;
+    int tab = 0;
+    int column = 0;
+    const char* rowText = "";
+    Remedy remedy = LINE;
+    const char* value = "";
     const char* number = "";  // of the ECM list, where its dialog sets that as well
 };
 
@@ -173,7 +173,8 @@ void tst_Mending::mendTab(int tab)
     QVERIFY(user.seesErrors(marks.size(), user.allErrors()));
     for (const Mark& mark : marks) {
         const Mistake* const mistake = mistakeAt(mark, tab);
-        QVERIFY2(mistake != nullptr, qPrintable(mark.rowText));
+        if (mistake == nullptr)
+            QFAIL(qPrintable(mark.rowText));
         QVERIFY2(mend(mark, *mistake), mistake->rowText);
     }
     QVERIFY(user.seesErrors(0, others));

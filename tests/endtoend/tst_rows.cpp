@@ -9,14 +9,22 @@ const auto FILE_NAME = QStringLiteral("/specs/scrib_full");
 const auto INSERT = QStringLiteral("Insert Row");
 const auto REMOVE = QStringLiteral("Remove Row");
 
+// Where the text of a row stands by which it is known.
+int textColumn(int tab)
+{
+    return tab == 0 ? 0 : 1;
+}
+
 }  // namespace
 
 class tst_Rows : public EndToEndTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void rowsComeAndGo_data();
-    void rowsComeAndGo();
+    void rowsAreInserted_data();
+    void rowsAreInserted();
+    void rowsAreRemoved_data();
+    void rowsAreRemoved();
     void newKeywordRowIsFilledIn();
     void newScanListRowIsFilledIn();
     void requiredKeywordsStay_data();
@@ -47,62 +55,86 @@ bool tst_Rows::saves(const QByteArray& expected)
     return linesOf(readFile(FILE_NAME)) == linesOf(expected);
 }
 
-void tst_Rows::rowsComeAndGo_data()
+void tst_Rows::rowsAreInserted_data()
 {
     QTest::addColumn<int>("tab");
     QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("marks");  // of an empty row
     QTest::addColumn<int>("columns");
+    QTest::addColumn<int>("marks");  // of an empty row
     QTest::addColumn<int>("steps");  // to undo it: leaving the editor that it opens is one, too
 
-    QTest::newRow("keywords") << 0 << QStringLiteral("@MAX_SCANS") << 1 << 3 << 2;
-    QTest::newRow("scan list") << 1 << QStringLiteral("charge_air_temp") << 2 << 4 << 1;
-    QTest::newRow("meta data list") << 2 << QStringLiteral("OPERATOR") << 2 << 3 << 1;
-    QTest::newRow("scan list aux user") << 3 << QStringLiteral("fuel_flow") << 2 << 3 << 1;
-    QTest::newRow("ECM list") << 4 << QStringLiteral("2") << 2 << 3 << 1;
+    QTest::newRow("keywords") << 0 << QStringLiteral("@MAX_SCANS") << 3 << 1 << 2;
+    QTest::newRow("scan list") << 1 << QStringLiteral("charge_air_temp") << 4 << 2 << 1;
+    QTest::newRow("meta data list") << 2 << QStringLiteral("OPERATOR") << 3 << 2 << 1;
+    QTest::newRow("scan list aux user") << 3 << QStringLiteral("fuel_flow") << 3 << 2 << 1;
+    QTest::newRow("ECM list") << 4 << QStringLiteral("2") << 3 << 2 << 1;
 }
 
-void tst_Rows::rowsComeAndGo()
+void tst_Rows::rowsAreInserted()
 {
     QFETCH(int, tab);
     QFETCH(QString, text);
-    QFETCH(int, marks);
     QFETCH(int, columns);
+    QFETCH(int, marks);
     QFETCH(int, steps);
     User& user = *m_user;
     QVERIFY(openFull());
-    const int before = tab == 0 ? 1 : 0;
-    const int textColumn = tab == 0 ? 0 : 1;
-    const SeenTable table = user.table(tab);
-    const int row = table.rowOf(text, textColumn);
-    const int rows = table.rows.size();
+    const SeenTable before = user.table(tab);
+    const int marksBefore = tab == 0 ? 1 : 0;
+    const int row = before.rowOf(text, textColumn(tab));
     const auto hasNewRow = [&] {
-        return hasRows(tab, rows + 1) && user.seesErrors(before + marks, 1 + marks) &&
-               user.table(tab).rowTexts(row + 1) ==
-                   QVector<QString>(columns, QStringLiteral(" ")).toList() &&
-               user.table(tab).rowTexts(row) == table.rowTexts(row);
+        const QVector<QString> blanks(columns, QStringLiteral(" "));
+        return hasRows(tab, before.rows.size() + 1) &&
+               user.seesErrors(marksBefore + marks, 1 + marks) &&
+               user.table(tab).rowTexts(row + 1) == blanks.toList();
     };
 
-    QVERIFY(user.chooseFromContextMenu(tab, row, textColumn, INSERT));
+    QVERIFY(user.chooseFromContextMenu(tab, row, textColumn(tab), INSERT));
     QVERIFY(hasNewRow());
-    QVERIFY(user.select(tab, row, textColumn));
+    QVERIFY(user.select(tab, row, textColumn(tab)));
     user.undo(steps);
-    QVERIFY(hasRows(tab, rows) && user.seesErrors(before, 1));
+    QVERIFY(hasRows(tab, before.rows.size()));
     user.redo(steps);
     QVERIFY(hasNewRow());
     user.undo(steps);
-    QVERIFY(hasRows(tab, rows));
+    QVERIFY(hasRows(tab, before.rows.size()) && user.seesErrors(marksBefore, 1));
+    QVERIFY(saves(savedExample(QStringLiteral("scrib_full"))));
+}
 
+void tst_Rows::rowsAreRemoved_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("keywords") << 0 << QStringLiteral("@MAX_SCANS");
+    QTest::newRow("comment") << 0 << QStringLiteral("# When");
+    QTest::newRow("scan list") << 1 << QStringLiteral("turbine_in_temp");
+    QTest::newRow("meta data list") << 2 << QStringLiteral("OPERATOR");
+    QTest::newRow("scan list aux user") << 3 << QStringLiteral("fuel_flow");
+    QTest::newRow("ECM list") << 4 << QStringLiteral("2");
+}
+
+void tst_Rows::rowsAreRemoved()
+{
+    QFETCH(int, tab);
+    QFETCH(QString, text);
+    User& user = *m_user;
+    QVERIFY(openFull());
+    const SeenTable before = user.table(tab);
+    const int rows = before.rows.size();
+    const int row = before.rowOf(text, textColumn(tab));
+
+    QVERIFY(user.select(tab, row, textColumn(tab)));
     QVERIFY(user.chooseFromMenu(QStringLiteral("Edit"), REMOVE));
     QVERIFY(hasRows(tab, rows - 1));
-    QCOMPARE(user.table(tab).rowOf(text, textColumn), -1);
+    QCOMPARE(user.table(tab).rowOf(text, textColumn(tab)), -1);
     user.undo();
     QVERIFY(hasRows(tab, rows));
-    QCOMPARE(user.table(tab).rowTexts(row), table.rowTexts(row));
+    QCOMPARE(user.table(tab).rowTexts(row), before.rowTexts(row));
     user.redo();
     QVERIFY(hasRows(tab, rows - 1));
     user.undo();
-    QVERIFY(hasRows(tab, rows) && user.seesErrors(before, 1));
+    QVERIFY(hasRows(tab, rows) && user.seesErrors(tab == 0 ? 1 : 0, 1));
     QVERIFY(saves(savedExample(QStringLiteral("scrib_full"))));
 }
 

@@ -15,7 +15,7 @@
 
 struct SeenCell {
     QString text;
-    int code;  // the mark: above 0 for a wrong cell
+    int code = 0;  // the mark: above 0 for a wrong cell
     QRect place;
 };
 

@@ -122,13 +122,12 @@ QJsonArray tabs(const QWidget* window)
 template <typename Menu>
 void appendActions(const Menu* menu, QJsonArray* list)
 {
-    for (const QAction* const action : menu->actions()) {
+    for (QAction* const action : menu->actions()) {
         QString text = action->text();
         list->append(
             QJsonObject{{QStringLiteral("text"), text.remove(QLatin1Char('&'))},
                         {QStringLiteral("enabled"), action->isEnabled()},
-                        {QStringLiteral("rect"),
-                         onScreen(menu, menu->actionGeometry(const_cast<QAction*>(action)))}});
+                        {QStringLiteral("rect"), onScreen(menu, menu->actionGeometry(action))}});
     }
 }
 
