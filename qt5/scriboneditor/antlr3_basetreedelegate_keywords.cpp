@@ -204,9 +204,10 @@ QString valueOfDialog(const VariableSelectionDialog& dialog, int editorType)
     return dialog.variableComboBox()->currentText();
 }
 
-// What a comment or a free text becomes. A word that is a keyword makes the row a keyword's. One
-// that is typed with its "@" gets a second one, which is no keyword: the file gets both from a
-// comment's row, while a free text's stays as typed.
+// What a comment or a free text becomes. A word that is a keyword makes the row a keyword's; one
+// typed with its "@" gets a second one, and the file says "@@MODE" for "@mode". A comment in place
+// of a free text counts as such a word too: the file gets it in upper case. All other text stays as
+// typed.
 QString freeTextOrKeyword(const QString& value, int editorType)
 {
     QString value2 = value;
