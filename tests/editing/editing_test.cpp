@@ -165,6 +165,10 @@ void EditingTest::typeVariable(VariableSelectionDialog* dialog, const QString& n
     typeOver(name);
     if (QApplication::activePopupWidget() != nullptr)
         press(Qt::Key_Escape);
+    dialog->activateWindow();
+    if (!QTest::qWaitFor(
+            [dialog] { return QGuiApplication::focusWindow() == dialog->windowHandle(); }))
+        qFatal("the dialog did not get the keyboard back");
 }
 
 QUndoStack* EditingTest::stack() const

@@ -236,6 +236,7 @@ void TestKeywordEditors::keywordIsStoredAs_data()
     add("a comment in a new row", " ", "# A note", "# A NOTE");
     add("a keyword over a text", "Some text", "reg_name", "@REG_NAME");
     add("a text over a text", "Some text", "Another", "Another");
+    add("a keyword with its @ over a text", "Some text", "@mode", "@@MODE");
 }
 
 void TestKeywordEditors::keywordIsStoredAs()
