@@ -306,8 +306,12 @@ void tst_EveryEditor::leavingAnEditorKeepsWhatWasTyped()
     QVERIFY(has(0, "stop_by_hand", 1));
     user.type(QStringLiteral("123"));
     QVERIFY(user.waitUntil([&] { return user.editorText() == QLatin1String("123"); }));
-    QVERIFY(user.goToTab(1));
+    QVERIFY(user.open({0, QStringLiteral("# When"), 0, 0}));
     QVERIFY(has(0, "123", 1));
+    user.type(QStringLiteral("# Then"));
+    QVERIFY(user.waitUntil([&] { return user.editorText() == QLatin1String("# Then"); }));
+    QVERIFY(user.goToTab(1));
+    QVERIFY(has(0, "# Then", 0));
 }
 
 // Typing marks the cell; when the tab is judged the next time, the mark goes, since the cell still
