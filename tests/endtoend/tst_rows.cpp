@@ -27,6 +27,9 @@ private Q_SLOTS:
     void rowsAreRemoved();
     void newKeywordRowIsFilledIn();
     void newScanListRowIsFilledIn();
+    void newMetaDataRowIsFilledIn();
+    void newAuxUserRowNamesItself();
+    void newEcmRowIsFilledIn();
     void requiredKeywordsStay_data();
     void requiredKeywordsStay();
     void undoIsOfTheTabThatIsSeen();
@@ -181,6 +184,54 @@ void tst_Rows::newScanListRowIsFilledIn()
     QByteArray expected = savedExample(QStringLiteral("scrib_full"));
     expected.replace("oil_temp\t\tT_OIL\n", "oil_temp\t\tT_OIL\noil_temp_sump\t\tT_OIL_SUMP\n");
     QVERIFY(saves(expected));
+}
+
+void tst_Rows::newMetaDataRowIsFilledIn()
+{
+    User& user = *m_user;
+    QVERIFY(openFull());
+    const int row = user.table(2).rowOf(QStringLiteral("BORE"), 1);
+    QVERIFY(user.chooseFromContextMenu(2, row, 1, INSERT));
+    QVERIFY(user.open(2, row + 1, 1));
+    QVERIFY(user.pick(QStringLiteral("TEST_PURPOSE")));
+    QVERIFY(user.open(2, row + 1, 2));
+    QVERIFY(user.typeVariable(QStringLiteral("test_purpose")));
+    QVERIFY(user.endDialog(QStringLiteral("Ok")));
+    QVERIFY(user.seesErrors(0, 1));
+    QByteArray expected = savedExample(QStringLiteral("scrib_full"));
+    expected.replace("bore[MM]\n", "bore[MM]\nTEST_PURPOSE\t\ttest_purpose\n");
+    QVERIFY(saves(expected));
+}
+
+void tst_Rows::newAuxUserRowNamesItself()
+{
+    User& user = *m_user;
+    QVERIFY(openFull());
+    QVERIFY(user.chooseFromContextMenu(3, 1, 1, INSERT));
+    QVERIFY(user.open(3, 2, 1));
+    QVERIFY(user.typeVariable(QStringLiteral("oil_flow")));
+    QVERIFY(user.endDialog(QStringLiteral("Ok")));
+    QVERIFY(user.seesErrors(0, 1));
+    QByteArray expected = savedExample(QStringLiteral("scrib_full"));
+    expected.replace("\tcrank_speed\n", "\tcrank_speed\noil_flow\t\toil_flow\n");
+    QVERIFY(saves(expected));
+}
+
+void tst_Rows::newEcmRowIsFilledIn()
+{
+    User& user = *m_user;
+    QVERIFY(provide(QStringLiteral("asam3_specs.engine")));
+    QVERIFY(provide(QStringLiteral("asam3_specs.aftertreatment")));
+    QVERIFY(openFull());
+    QVERIFY(user.chooseFromContextMenu(4, 3, 1, INSERT));
+    QVERIFY(user.open(4, 4, 2));
+    QVERIFY(user.pickIn(QStringLiteral("specfiles"), QStringLiteral("/specs/asam3_specs.engine")));
+    QVERIFY(user.pickIn(QStringLiteral("ecmInstance"), QStringLiteral("ECM1:1")));
+    QVERIFY(user.typeNumber(QStringLiteral("extensionNumber"), QStringLiteral("4")));
+    QVERIFY(user.endDialog(QStringLiteral("OK")));
+    QVERIFY(user.seesErrors(0, 1));
+    QVERIFY(saves(savedExample(QStringLiteral("scrib_full")) +
+                  "4\t\t/specs/asam3_specs.engine:ECM1:1\n"));
 }
 
 void tst_Rows::requiredKeywordsStay_data()
