@@ -57,7 +57,7 @@ void tst_CellGrowth::edit(int tab, int column, const QString& text)
         else
             dialog->accept();
     } else {
-        QWidget* const editor = view->viewport()->findChild<QWidget*>();
+        auto* const editor = view->viewport()->findChild<QWidget*>();
         QVERIFY(editor != nullptr);
         auto* line = qobject_cast<QLineEdit*>(editor);
         if (line == nullptr)
