@@ -660,13 +660,13 @@ void TestVariableDialog::membersGoWithTheFilter_data()
     QTest::addColumn<int>("count");
     const struct {
         const char* name;
-        int flag;
         const char* variable;
+        int flag;
         int count;
-    } kinds[] = {{"statistics", 16, "speed_stat.", 33},
-                 {"emissions", 32, "tailpipe.", 57},
-                 {"compositions", 64, "exhaust.", 49},
-                 {"properties", 256, "intake.", 47}};
+    } kinds[] = {{"statistics", "speed_stat.", 16, 33},
+                 {"emissions", "tailpipe.", 32, 57},
+                 {"compositions", "exhaust.", 64, 49},
+                 {"properties", "intake.", 256, 47}};
     for (const auto& kind : kinds) {
         QTest::newRow(qPrintable(QStringLiteral("%1 alone").arg(QLatin1String(kind.name))))
             << kind.flag << kind.variable << kind.count;

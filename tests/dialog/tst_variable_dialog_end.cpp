@@ -201,7 +201,8 @@ void TestVariableDialogEnd::catalogueIsReadAgainForAnotherFilter()
 void TestVariableDialogEnd::openDialogKeepsItsCatalogue()
 {
     open(QT_MARVANE_LOGICAL);
-    const auto older = std::move(m_dialog);
+    std::unique_ptr<VariableSelectionDialog> older;
+    older.swap(m_dialog);
     auto* const olderGroups = older->findChild<QComboBox*>(QStringLiteral("groupComboBox"));
     open(QT_MARVANE_STRING);
     QTest::keyClick(olderGroups, Qt::Key_Down);

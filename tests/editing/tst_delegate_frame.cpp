@@ -751,9 +751,9 @@ const std::array<Sender, 6> SENDERS{{
 }};
 
 struct Slot {
-    const char* slot;
+    const char* slot = nullptr;
     QStringList senders;
-    bool isOfDialog;
+    bool isOfDialog = false;
 };
 
 const std::array<Slot, 6> EDITOR_SLOTS{{
@@ -774,10 +774,11 @@ void TestDelegateFrame::slotsTakeTheirOwnSendersOnly_data()
     QTest::addColumn<int>("result");
     for (int slot = 0; slot < int(EDITOR_SLOTS.size()); ++slot) {
         for (int sender = 0; sender < int(SENDERS.size()); ++sender) {
-            for (const int result : {-1, 0, 1, 2})
+            for (const int result : {-1, 0, 1, 2}) {
                 QTest::addRow("%s, %s, %d", EDITOR_SLOTS[size_t(slot)].slot + 1,
                               SENDERS[size_t(sender)].name, result)
                     << slot << sender << result;
+            }
         }
     }
 }

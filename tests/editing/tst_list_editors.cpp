@@ -37,8 +37,9 @@ QStringList keywordsOf(const char* kind, const char* units = nullptr)
         qFatal("there is no catalogue");
     const QJsonObject catalogue = QJsonDocument::fromJson(file.readAll()).object();
     QStringList names;
-    for (const QJsonValue& value : catalogue.value(text("keywords")).toArray()) {
-        const QJsonObject keyword = value.toObject();
+    const QJsonArray keywords = catalogue.value(text("keywords")).toArray();
+    for (const auto& entry : keywords) {
+        const QJsonObject keyword = entry.toObject();
         const bool fits =
             units == nullptr || keyword.value(text("units")).toString() == text(units);
         if (fits && keyword.value(text("kind")).toString().contains(text(kind)))
