@@ -108,6 +108,9 @@ private:
     // so the beginning of a keyword has one too; empty for none.
     QString convertKeywordText(const char* value, size_t length) const;
 
+    // Declared only: an interval is edited as one text, its units in brackets.
+    QWidget* interval_w_units_editor(QWidget* the_parent, const QModelIndex& index) const;
+
     // A line edit whose cell is marked while its text does not match the format; the length does
     // not limit it.
     QWidget* get_line_editor(QWidget* parent, const char* format, unsigned int length,
