@@ -54,6 +54,34 @@ QStringList without(QStringList list, const QString& item)
     return list;
 }
 
+// Gives one of the platform's keywords another name, for as long as it lives: no catalogue has a
+// name twice, a platform may.
+class RenamedKeyword {
+public:
+    RenamedKeyword(const DeskProcess& desk, const char* name, const char* newName)
+        : m_memory(sharedMemoryPath(desk.name(), text("KEYWORD_MEM"))), m_name(name)
+    {
+        if (!m_memory.open(QIODevice::ReadWrite))
+            qFatal("the platform has no keywords");
+        m_position = m_memory.readAll().indexOf(m_name + '\0');
+        write(newName);
+    }
+    ~RenamedKeyword() { write(m_name); }
+
+private:
+    Q_DISABLE_COPY(RenamedKeyword)
+
+    void write(const QByteArray& name)
+    {
+        if (!m_memory.seek(m_position) || m_memory.write(name + '\0') == -1 || !m_memory.flush())
+            qFatal("the keyword was not renamed");
+    }
+
+    QFile m_memory;
+    const QByteArray m_name;
+    qint64 m_position = -1;
+};
+
 }  // namespace
 
 class TestListEditors : public EditingTest {
@@ -66,6 +94,8 @@ private Q_SLOTS:
     void scanListsVariableIsStored_data();
     void scanListsVariableIsStored();
     void memberWithoutAFullStopInTheVariable();
+    void emptiedVariableStays_data();
+    void emptiedVariableStays();
     void untouchedDialogStores_data();
     void untouchedDialogStores();
 
@@ -78,7 +108,10 @@ private Q_SLOTS:
 
     void channelsAreOffered_data();
     void channelsAreOffered();
+    void channelsOfOtherRowsAreNot_data();
     void channelsOfOtherRowsAreNot();
+    void channelOfTwoUnitsIsTakenTwice_data();
+    void channelOfTwoUnitsIsTakenTwice();
     void channelsNeedAVariable_data();
     void channelsNeedAVariable();
     void channelOpensOn_data();
@@ -97,10 +130,12 @@ private Q_SLOTS:
 
     void alternateNameFollowsTheVariable_data();
     void alternateNameFollowsTheVariable();
-    void noVariableStoresNothing();
+    void emptiedVariableLeavesNoMark_data();
+    void emptiedVariableLeavesNoMark();
     void alternateNameShowsItsText_data();
     void alternateNameShowsItsText();
     void alternateNameIsUnmarkedAndStored();
+    void alternateNameIsUnmarkedFirst();
 
     void ecmNumberOpens_data();
     void ecmNumberOpens();
@@ -110,6 +145,7 @@ private Q_SLOTS:
     void ecmListOpensOn_data();
     void ecmListOpensOn();
     void ecmListIsStored();
+    void ecmListIsTrimmedAsAWhole();
     void untouchedEcmListStoresNothing();
     void ecmDialogWithoutAFileStoresNothing();
     void cancelledEcmListStoresNothing();
@@ -294,6 +330,47 @@ void TestListEditors::memberWithoutAFullStopInTheVariable()
     QCOMPARE(textAt(DE_TAB2, 1, 2), text("SD"));
 }
 
+// A text is never taken out of a cell by an edit: the step is there and does nothing.
+void TestListEditors::emptiedVariableStays_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("member");
+    QTest::addColumn<QString>("units");
+    QTest::addColumn<QString>("memberCell");
+    QTest::addColumn<int>("steps");
+    QTest::newRow("at once") << QString() << QString() << QString() << text(".IV") << 1;
+    QTest::newRow("after units were chosen")
+        << text("oil_temp") << QString() << text("DEGF") << text(".IV") << 1;
+    QTest::newRow("after a member was chosen")
+        << text("eng_speed_stat.") << text("SD") << QString() << text("SD") << 2;
+    QTest::newRow("after a member and units were chosen")
+        << text("eng_speed_stat.") << text("SD") << text("HZ") << text("SD") << 2;
+}
+
+void TestListEditors::emptiedVariableStays()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, member);
+    QFETCH(QString, units);
+    QFETCH(QString, memberCell);
+    QFETCH(int, steps);
+    const QModelIndex variable = showEntry(DE_TAB2, {text("eng_speed"), text(".IV")});
+    auto* const dialog = openAs<VariableSelectionDialog>(variable);
+    QVERIFY(dialog != nullptr);
+    typeVariable(dialog, typed);
+    chooseMember(dialog, member);
+    chooseUnits(dialog, units);
+    typeVariable(dialog, QString());
+    acceptDialog(dialog);
+    const QStringList row{QString(), text("eng_speed"), memberCell, text("N_OLD")};
+    QCOMPARE(rowTexts(*modelAt(variable), 1), row);
+    QCOMPARE(stack()->count(), steps);
+    while (stack()->canUndo())
+        stack()->undo();
+    QCOMPARE(textAt(DE_TAB2, 1, 1), text("eng_speed"));
+    QCOMPARE(textAt(DE_TAB2, 1, 2), text(".IV"));
+}
+
 void TestListEditors::untouchedDialogStores_data()
 {
     QTest::addColumn<QString>("variable");
@@ -443,18 +520,63 @@ void TestListEditors::channelsAreOffered()
     QCOMPARE(itemsOf(comboBox), offered);
 }
 
+void TestListEditors::channelsOfOtherRowsAreNot_data()
+{
+    QTest::addColumn<QStringList>("others");
+    QTest::addColumn<QStringList>("offered");
+    const QStringList rpm = keywordsOf("channel", "RPM");
+    const QStringList left = without(rpm, text("N_DYNO"));
+    QTest::newRow("a keyword") << QStringList({text("N_DYNO")}) << left;
+    QTest::newRow("one on two rows") << QStringList({text("N_DYNO"), text("N_DYNO")}) << left;
+    QTest::newRow("two") << QStringList({text("N_DYNO"), text("N_CAM")})
+                         << without(left, text("N_CAM"));
+    QTest::newRow("the row's own") << QStringList({text("N_ENG")}) << without(rpm, text("N_ENG"));
+    QTest::newRow("behind a blank") << QStringList({text(" N_DYNO")}) << rpm;
+    QTest::newRow("before a blank") << QStringList({text("N_DYNO ")}) << rpm;
+    QTest::newRow("in lower case") << QStringList({text("n_dyno")}) << rpm;
+    QTest::newRow("of other units") << QStringList({text("T_OIL")}) << rpm;
+    QTest::newRow("unknown") << QStringList({text("NOTHING")}) << rpm;
+}
+
 void TestListEditors::channelsOfOtherRowsAreNot()
 {
-    show(listOf("SCAN_LIST",
-                "eng_speed N_ENG\ndyno_speed N_DYNO\ncam_speed N_DYNO\nturbo_speed nothing"));
-    const QStringList rpm = keywordsOf("channel", "RPM");
-    const auto* const own = openAs<QComboBox>(cell(DE_TAB2, 1, 3));
-    QVERIFY(own != nullptr);
-    QCOMPARE(itemsOf(own), without(rpm, text("N_DYNO")));
-    QCOMPARE(own->currentText(), text("N_ENG"));
-    const auto* const doubled = openAs<QComboBox>(cell(DE_TAB2, 2, 3));
-    QVERIFY(doubled != nullptr);
-    QCOMPARE(itemsOf(doubled), without(without(rpm, text("N_DYNO")), text("N_ENG")));
+    QFETCH(QStringList, others);
+    QFETCH(QStringList, offered);
+    show(listOf("SCAN_LIST", "eng_speed N_ENG\ndyno_speed N_OLD\ncam_speed N_OLD"));
+    for (int i = 0; i < others.size(); ++i)
+        modelOf(*m_window, DE_TAB2)->setData(cell(DE_TAB2, i + 2, 3), others.at(i));
+    const auto* const comboBox = openAs<QComboBox>(cell(DE_TAB2, 1, 3));
+    QVERIFY(comboBox != nullptr);
+    QCOMPARE(itemsOf(comboBox), offered);
+    QCOMPARE(textAt(DE_TAB2, 1, 3), text("N_ENG"));
+}
+
+void TestListEditors::channelOfTwoUnitsIsTakenTwice_data()
+{
+    QTest::addColumn<int>("uses");
+    QTest::newRow("unused") << 0;
+    QTest::newRow("used once") << 1;
+    QTest::newRow("used twice") << 2;
+    QTest::newRow("used more often") << 3;
+}
+
+// Each of the other rows takes the first one that is left.
+void TestListEditors::channelOfTwoUnitsIsTakenTwice()
+{
+    QFETCH(int, uses);
+    const RenamedKeyword oilTemperature(m_desk, "T_OIL", "N_DYNO");
+    QStringList offered = keywordsOf("channel");
+    QVERIFY(offered.indexOf(text("N_DYNO")) < offered.indexOf(text("T_OIL")));
+    offered.replace(offered.indexOf(text("T_OIL")), text("N_DYNO"));
+    QByteArray entries = "no_such N_ENG\n";
+    for (int i = 0; i < uses; ++i) {
+        entries += "oil_temp N_DYNO\n";
+        offered.removeOne(text("N_DYNO"));
+    }
+    show(listOf("SCAN_LIST", entries));
+    const auto* const comboBox = openAs<QComboBox>(cell(DE_TAB2, 1, 3));
+    QVERIFY(comboBox != nullptr);
+    QCOMPARE(itemsOf(comboBox), offered);
 }
 
 void TestListEditors::channelsNeedAVariable_data()
@@ -684,16 +806,38 @@ void TestListEditors::alternateNameFollowsTheVariable()
     QCOMPARE(stack()->count(), follows ? 2 : 1);
 }
 
-void TestListEditors::noVariableStoresNothing()
+void TestListEditors::emptiedVariableLeavesNoMark_data()
 {
-    const QModelIndex variable = showEntry(DE_TAB4, {text("eng_speed"), text("other")});
+    QTest::addColumn<QString>("units");
+    QTest::addColumn<QString>("alternate");
+    QTest::addColumn<bool>("follows");
+    QTest::newRow("a placeholder") << QString() << FILLER << true;
+    QTest::newRow("a blank") << QString() << text(" ") << true;
+    QTest::newRow("a placeholder after units were chosen") << text("DEGF") << FILLER << true;
+    QTest::newRow("a name") << QString() << text("other") << false;
+    QTest::newRow("a name after units were chosen") << text("DEGF") << text("other") << false;
+}
+
+// An alternate name that would follow the variable keeps its text as the variable does.
+void TestListEditors::emptiedVariableLeavesNoMark()
+{
+    QFETCH(QString, units);
+    QFETCH(QString, alternate);
+    QFETCH(bool, follows);
+    const QModelIndex variable = showEntry(DE_TAB4, {text("eng_speed"), alternate});
+    const QModelIndex name = variable.siblingAtColumn(2);
+    modelAt(name)->setErrorCode(name, DE_SYNTAX_ERR);
     auto* const dialog = openAs<VariableSelectionDialog>(variable);
     QVERIFY(dialog != nullptr);
+    typeVariable(dialog, text("oil_temp"));
+    chooseUnits(dialog, units);
     typeVariable(dialog, QString());
     acceptDialog(dialog);
     QCOMPARE(rowTexts(*modelAt(variable), 1),
-             QStringList({QString(), text("eng_speed"), text("other")}));
-    QCOMPARE(stack()->count(), 0);
+             QStringList({QString(), text("eng_speed"), alternate}));
+    QCOMPARE(modelAt(name)->errorCode(name).toInt(),
+             follows ? int{DE_NOERROR} : int{DE_SYNTAX_ERR});
+    QCOMPARE(stack()->count(), follows ? 1 : 0);
 }
 
 void TestListEditors::alternateNameShowsItsText_data()
@@ -726,6 +870,24 @@ void TestListEditors::alternateNameIsUnmarkedAndStored()
     QCOMPARE(model->errorCode(name).toInt(), int{DE_NOERROR});
     m_window->checkErrorCount();
     QCOMPARE(model->errorCode(name).toInt(), int{DE_SYNTAX_ERR});
+}
+
+// Whoever hears of the new text finds the mark gone.
+void TestListEditors::alternateNameIsUnmarkedFirst()
+{
+    const QModelIndex name = showEntry(DE_TAB4, {text("x"), text("other")}).siblingAtColumn(2);
+    const TreeModel* const model = modelAt(name);
+    QVERIFY(open(name) != nullptr);
+    typeOver(text("no-name"));
+    QVector<int> codes{model->errorCode(name).toInt()};
+    const auto hearing = connect(model, &TreeModel::dataChanged, this, [&codes, &name, model] {
+        codes.append(model->errorCode(name).toInt());
+    });
+    press(Qt::Key_Return);
+    disconnect(hearing);
+    QVERIFY(codes.size() > 1);
+    QCOMPARE(codes.takeFirst(), int{DE_SYNTAX_ERR});
+    QCOMPARE(codes, QVector<int>(codes.size(), DE_NOERROR));
 }
 
 // ---- ECM List ----------------------------------------------------------------------------------
@@ -777,9 +939,11 @@ void TestListEditors::ecmNumberIsStored()
     TreeModel* const model = modelAt(index);
     QVERIFY(open(index) != nullptr);
     typeOver(typed);
+    model->setErrorCode(index, DE_DUPLICATE_ERR);
     model->setErrorCode(index.siblingAtColumn(2), DE_DUPLICATE_ERR);
     press(Qt::Key_Return);
     QCOMPARE(index.data().toString(), stored);
+    QCOMPARE(model->errorCode(index).toInt(), int{DE_DUPLICATE_ERR});
     QCOMPARE(model->errorCode(index.siblingAtColumn(2)).toInt(), int{DE_NOERROR});
     QCOMPARE(textAt(DE_TAB5, 1, 2), ENGINE + text(":ECM0:0"));
     QCOMPARE(stack()->count(), 1);
@@ -860,6 +1024,23 @@ void TestListEditors::ecmListIsStored()
     QCOMPARE(modelAt(number)->errorCode(number).toInt(), int{DE_NOERROR});
     QCOMPARE(stack()->count(), 2);
     QVERIFY(saved().contains("\n42\t\t/specs/asam3_specs.engine:ECM1:0\n"));
+}
+
+void TestListEditors::ecmListIsTrimmedAsAWhole()
+{
+    const QModelIndex index =
+        showEntry(DE_TAB5, {text("1"), ENGINE + text(":ECM0:0")}).siblingAtColumn(2);
+    auto* const dialog = openAs<asamspecs_select>(index);
+    QVERIFY(dialog != nullptr);
+    const QString file = text("  ") + ENGINE + text(" ");
+    dialog->fileComboBox()->insertItem(0, file);
+    dialog->fileComboBox()->setFocus();
+    pick(dialog->fileComboBox(), file);
+    dialog->ecmComboBox()->addItem(text(" ECM1:0  "));
+    dialog->ecmComboBox()->setFocus();
+    pick(dialog->ecmComboBox(), text(" ECM1:0  "));
+    acceptDialog(dialog);
+    QCOMPARE(index.data().toString(), ENGINE + text(" : ECM1:0"));
 }
 
 void TestListEditors::untouchedEcmListStoresNothing()
