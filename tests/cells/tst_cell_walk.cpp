@@ -2,114 +2,195 @@
 // stores, what the undo stack holds and gives back, and what the file says after a save. The cells
 // are opened by key, changed by keys and clicks, and nothing else.
 
-#include <QApplication>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSpinBox>
 #include <QUndoStack>
+#include <QtTest>
 
-#include "asamspecs_select.h"
-#include "variableselectiondialog.h"
-#include "window_test.h"
+#include "editing_test.h"
+#include "editor_types.h"
 
 namespace {
 
 // What opens for a cell.
-enum Opens { NOTHING, LINE, KEYWORDS, CHOICE, NUMBER, LIST, VARIABLE, OPTION, ECM };
+enum Opens {
+    NOTHING,
+    LINE,
+    NUMBER,
+    YES_OR_NO,
+    KEYWORDS,
+    MEMBERS,
+    CHANNELS,
+    PARAMETERS,
+    VARIABLE,            // a dialog without
+    VARIABLE_OR_OPTION,  // and with a line for what may stand in place of a variable
+    ECM
+};
 
-const auto FILE_NAME = QStringLiteral("/specs/walk");
+// How the row came into the document.
+enum Origin { FROM_FILE, INSERTED, RENAMED };
+
+struct RowKind {
+    QByteArray file;
+    int tab;
+    int row;
+    QByteArray lines;  // the row's own in the file, without the last one's end
+    Origin origin = FROM_FILE;
+};
+
+struct CellText {
+    int column;
+    const char* text;
+};
+
+struct CellKind {
+    QByteArray name;
+    int column;
+    Opens opens = NOTHING;
+    QByteArray shows = {};
+    QByteArray typed = {};
+    QVector<CellText> stored = {};  // the row's cells that change
+    int steps = 0;
+    QByteArray linesAfter = {};  // those of the row, where any cell changes
+};
+
+QString text(const char* latin1)
+{
+    return QString::fromLatin1(latin1);
+}
 
 // The file of the Keywords tab's rows: its first statement, then the one in question.
 QByteArray keywordFile(const QByteArray& statement)
 {
-    return "@SCRIBON\nwalk\n\n" + statement + "\n\n";
+    return "@SCRIBON\nwalk\n\n" + statement + "\n";
 }
 
 QByteArray listFile(const QByteArray& section, const QByteArray& entries)
 {
-    return "@SCRIBON\nwalk\n\n@" + section + "\n" + entries + "\n\n";
+    return "@SCRIBON\nwalk\n\n@" + section + "\n" + entries + "\n";
 }
 
-QByteArray asamFile()
+void addCells(const RowKind& row, const QVector<CellKind>& cells)
 {
-    return "@REG_NAME asam\nx\ny\n$\nECM0 a b\n$\nECM1 a b\n$\nECM0 a b\n$\n";
+    for (const CellKind& cell : cells)
+        QTest::newRow(cell.name.constData()) << row << cell;
 }
 
-template <typename T>
-T* visibleChild(QWidget* parent)
+Opens listOf(const QComboBox& comboBox)
 {
-    for (T* const child : parent->findChildren<T*>()) {
-        if (child->isVisible())
-            return child;
-    }
-    return nullptr;
+    const auto offers = [&comboBox](const char* item) {
+        return comboBox.findText(text(item)) != -1;
+    };
+    if (!comboBox.isEditable())
+        return YES_OR_NO;
+    if (offers("filename"))
+        return KEYWORDS;
+    if (offers(".SD"))
+        return MEMBERS;
+    return offers("N_CAM") ? CHANNELS : PARAMETERS;
 }
 
-// The editor in a cell of the view: its viewport's own child.
-template <typename T>
-T* editorIn(QTreeView* view)
+Opens kindOf(const QWidget* editor)
 {
-    for (T* const child :
-         view->viewport()->findChildren<T*>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (child->isVisible())
-            return child;
-    }
-    return nullptr;
+    if (qobject_cast<const QLineEdit*>(editor) != nullptr)
+        return LINE;
+    if (qobject_cast<const QSpinBox*>(editor) != nullptr)
+        return NUMBER;
+    if (const auto* const comboBox = qobject_cast<const QComboBox*>(editor))
+        return listOf(*comboBox);
+    if (const auto* const dialog = qobject_cast<const VariableSelectionDialog*>(editor))
+        return dialog->lineEdit()->isVisible() ? VARIABLE_OR_OPTION : VARIABLE;
+    return qobject_cast<const asamspecs_select*>(editor) != nullptr ? ECM : NOTHING;
 }
 
-QPushButton* button(QDialog* dialog, const QString& text)
+// The fields of a dialog that are not empty, parted by blanks.
+QString fieldsOf(QStringList fields)
 {
-    for (QPushButton* const candidate : dialog->findChildren<QPushButton*>()) {
-        if (candidate->text() == text)
-            return candidate;
-    }
-    return nullptr;
+    fields.removeAll(QString());
+    return fields.join(QLatin1Char(' '));
 }
 
-void retype(QLineEdit* line, const QString& text)
+QString shownBy(const QWidget* editor)
 {
-    line->setFocus();
-    line->selectAll();
-    if (text.isEmpty())
-        QTest::keyClick(line, Qt::Key_Delete);
-    else
-        QTest::keyClicks(line, text);
+    if (const auto* const line = qobject_cast<const QLineEdit*>(editor))
+        return line->text();
+    if (const auto* const spinBox = qobject_cast<const QSpinBox*>(editor))
+        return spinBox->text();
+    if (const auto* const comboBox = qobject_cast<const QComboBox*>(editor))
+        return comboBox->currentText();
+    if (const auto* const dialog = qobject_cast<const VariableSelectionDialog*>(editor))
+        return fieldsOf({dialog->lineEdit()->text(), dialog->variableComboBox()->currentText(),
+                         dialog->subText(), dialog->unitsComboBox()->currentText()});
+    if (const auto* const ecm = qobject_cast<const asamspecs_select*>(editor))
+        return fieldsOf({ecm->extSpinBoxEdit()->text(), ecm->fileComboBox()->currentText(),
+                         ecm->ecmComboBox()->currentText()});
+    return {};
+}
+
+QVector<QStringList> withTexts(QVector<QStringList> rows, int row, const QVector<CellText>& texts)
+{
+    for (const CellText& cell : texts)
+        rows[row][cell.column] = text(cell.text);
+    return rows;
+}
+
+// The file with these lines, which it must have once, replaced.
+QByteArray withLines(const QByteArray& file, const QByteArray& lines, const QByteArray& others)
+{
+    QByteArray result = "\n" + file;
+    if (result.count("\n" + lines + "\n") != 1)
+        return "it has these lines not once: " + file;
+    result.replace("\n" + lines + "\n", "\n" + others + "\n");
+    return result.mid(1);
+}
+
+bool isOption(const QString& typed)
+{
+    return !typed.isEmpty() && !typed.at(0).isLetter();
 }
 
 }  // namespace
 
-Q_DECLARE_METATYPE(Opens)
+Q_DECLARE_METATYPE(RowKind)
+Q_DECLARE_METATYPE(CellKind)
 
-class tst_CellWalk : public WindowTest {
+class tst_CellWalk : public EditingTest {
     Q_OBJECT
 
 private Q_SLOTS:
     void walk_data();
     void walk();
-    void anInsertedRowOpensOnItsKeyword();
 
 private:
-    void addKeywordRows();
-    void addListRows();
-    void open(int tab, int row, int column);
-    QString shown(Opens opens, QTreeView* view);
-    void change(Opens opens, QTreeView* view, const QString& text);
-    bool hasEditor(QTreeView* view);
+    static void addKeywordRows();
+    static void addKeyword(const QByteArray& keyword, const QByteArray& value, Opens opens,
+                           const char* typed);
+    static void addSpecialKeywordRows();
+    static void addRowsWithoutKeyword();
+    static void addScanListRows();
+    static void addMetaDataRows();
+    static void addAuxUserRows();
+    static void addEcmRows();
+
+    QModelIndex prepare(const RowKind& row, int column);
+    QWidget* openCell(const QModelIndex& index);
+    static void change(QWidget* editor, const QString& typed);
+    static void changeVariable(VariableSelectionDialog* dialog, const QString& typed);
+    static void changeEcm(asamspecs_select* dialog, const QString& typed);
+    QVector<QStringList> rowsOf(int tab) const;
 };
+
+// ---- The kinds of cells ------------------------------------------------------------------------
 
 void tst_CellWalk::walk_data()
 {
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<int>("tab");
-    QTest::addColumn<int>("row");
-    QTest::addColumn<int>("column");
-    QTest::addColumn<Opens>("opens");
-    QTest::addColumn<QString>("shows");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("stored");
+    QTest::addColumn<RowKind>("row");
+    QTest::addColumn<CellKind>("cell");
     addKeywordRows();
-    addListRows();
+    addSpecialKeywordRows();
+    addRowsWithoutKeyword();
+    addScanListRows();
+    addMetaDataRows();
+    addAuxUserRows();
+    addEcmRows();
 }
 
 void tst_CellWalk::addKeywordRows()
@@ -119,264 +200,352 @@ void tst_CellWalk::addKeywordRows()
         const char* value;
         Opens opens;
         const char* typed;
-        const char* stored;
     };
     const QVector<Kind> kinds{
-        {"CLEAR_STATISTICS_EVENT", "event_1", LINE, "event_2", "event_2"},
-        {"DESCRIPTION", "'text'", LINE, "'other text'", "'other text'"},
-        {"DONE_EVENT", "event_1", LINE, "event_2", "event_2"},
-        {"ENABLE", "dyno_enabled", VARIABLE, "other_logical", "other_logical"},
-        {"FIFO_LOG_BUFFER", "", NOTHING, "", ""},
-        {"FIFO_POST_TRIGGER_INTERVAL", "10[sec]", LINE, "20[min]", "20[min]"},
-        {"FIFO_POST_TRIGGER_SCANS", "10", NUMBER, "77", "77"},
-        {"FILENAME", "'name'", LINE, "'other'", "'other'"},
-        {"FORCE_DIRECT_FILE_WRITE", "yes", CHOICE, "no", "no"},
-        {"FTP_EVENT", "event_1", LINE, "event_2", "event_2"},
-        {"GET_NEW_SCAN_INTERVAL", "event_1", LINE, "event_2", "event_2"},
-        {"GROUP", "test_group", VARIABLE, "cell_name", "cell_name"},
-        {"LOG_DIGITAL_DESCRIPTION", "no", CHOICE, "yes", "yes"},
-        {"LOG_STATISTICS", "yes", CHOICE, "no", "no"},
-        {"LOGGING_ACTIVE_LABEL", "dyno_enabled", VARIABLE, "other_logical", "other_logical"},
-        {"MAX_SCANS", "10", NUMBER, "1000000", "1000000"},
-        {"MAX_STATISTICAL_SCANS", "10", NUMBER, "0", "0"},
-        {"MODE", "test_mode_name", VARIABLE, "cell_name", "cell_name"},
-        {"OUTPUT_PATH", "/data/one", OPTION, "/data/two", "/data/two"},
-        {"OMBRA_STEADY_STATE", "", NOTHING, "", ""},
-        {"PROGRAM", "test_program", VARIABLE, "cell_name", "cell_name"},
-        {"READ_SPEC_FILE_EVENT", "event_1", LINE, "event_2", "event_2"},
-        {"REG_NAME", "reg_one", LINE, "reg_two", "reg_two"},
-        {"RELEASE_EVENT", "event_1", LINE, "event_2", "event_2"},
-        {"RUNNING_AVERAGE", "30[sec] event_1", LINE, "40[sec]", "40[sec]"},
-        {"SCAN_INTERVAL", "100[msec]", OPTION, "200[msec]", "200[msec]"},
-        {"SEND_ON_PATH_CHANGE", "yes", CHOICE, "no", "no"},
-        {"START_EVENT", "event_1", LINE, "event_2", "event_2"},
-        {"STOP_EVENT", "event_1", LINE, "event_2", "event_2"},
-        {"SYNC_EVENT", "event_1", LINE, "event_2", "event_2"},
-        {"TEST_ID", "test_id", VARIABLE, "cell_name", "cell_name"},
-        {"TEST_TYPE", "test_type", VARIABLE, "cell_name", "cell_name"},
-        {"META_HEADER_FILENAME", "/data/head", OPTION, "/data/foot", "/data/foot"},
+        {"CLEAR_STATISTICS_EVENT", "event_1", LINE, "event_2"},
+        {"DESCRIPTION", "'text'", LINE, "'other text'"},
+        {"DONE_EVENT", "event_1", LINE, "event_2"},
+        {"ENABLE", "dyno_enabled", VARIABLE, "other_logical"},
+        {"FIFO_LOG_BUFFER", "", NOTHING, ""},
+        {"FIFO_POST_TRIGGER_INTERVAL", "10[sec]", LINE, "20[min]"},
+        {"FIFO_POST_TRIGGER_SCANS", "10", NUMBER, "77"},
+        {"FILENAME", "'name'", LINE, "'other'"},
+        {"FORCE_DIRECT_FILE_WRITE", "yes", YES_OR_NO, "no"},
+        {"FTP_EVENT", "event_1", LINE, "event_2"},
+        {"GET_NEW_SCAN_INTERVAL", "event_1", LINE, "event_2"},
+        {"GROUP", "test_group", VARIABLE, "cell_name"},
+        {"LOG_DIGITAL_DESCRIPTION", "no", YES_OR_NO, "yes"},
+        {"LOG_STATISTICS", "yes", YES_OR_NO, "no"},
+        {"LOGGING_ACTIVE_LABEL", "dyno_enabled", VARIABLE, "other_logical"},
+        {"MAX_SCANS", "10", NUMBER, "1000000"},
+        {"MAX_STATISTICAL_SCANS", "10", NUMBER, "0"},
+        {"MODE", "test_mode_name", VARIABLE, "cell_name"},
+        {"OUTPUT_PATH", "/data/one", VARIABLE_OR_OPTION, "/data/two"},
+        {"OMBRA_STEADY_STATE", "", NOTHING, ""},
+        {"PROGRAM", "test_program", VARIABLE, "cell_name"},
+        {"READ_SPEC_FILE_EVENT", "event_1", LINE, "event_2"},
+        {"REG_NAME", "reg_one", LINE, "reg_two"},
+        {"RELEASE_EVENT", "event_1", LINE, "event_2"},
+        {"SCAN_INTERVAL", "100[msec]", VARIABLE_OR_OPTION, "200[msec]"},
+        {"SEND_ON_PATH_CHANGE", "yes", YES_OR_NO, "no"},
+        {"START_EVENT", "event_1", LINE, "event_2"},
+        {"STOP_EVENT", "event_1", LINE, "event_2"},
+        {"SYNC_EVENT", "event_1", LINE, "event_2"},
+        {"TEST_ID", "test_id", VARIABLE, "cell_name"},
+        {"TEST_TYPE", "test_type", VARIABLE, "cell_name"},
     };
-    for (const Kind& kind : kinds) {
-        const QByteArray keyword = kind.keyword;
-        const QByteArray file = keywordFile("@" + keyword + "\n" + kind.value);
-        const QString text = QString::fromLatin1(kind.value).section(QLatin1Char(' '), 0, 0);
-        const bool isOffered = keyword != "META_HEADER_FILENAME";
-        QTest::newRow(("the keyword " + keyword).constData())
-            << file << 0 << 1 << 0 << KEYWORDS
-            << (isOffered ? QString::fromLatin1(keyword).toLower()
-                          : QStringLiteral("clear_statistics_event"))
-            << QStringLiteral("Sync_event_x") << QStringLiteral("@SYNC_EVENT_X");
-        QTest::newRow(("the value of " + keyword).constData())
-            << file << 0 << 1 << 1 << kind.opens << text << QString::fromLatin1(kind.typed)
-            << QString::fromLatin1(kind.stored);
-        QTest::newRow(("the second value of " + keyword).constData())
-            << file << 0 << 1 << 2 << (keyword == "RUNNING_AVERAGE" ? LINE : NOTHING)
-            << QStringLiteral("event_1") << QStringLiteral("event_9") << QStringLiteral("event_9");
+    for (const Kind& kind : kinds)
+        addKeyword(kind.keyword, kind.value, kind.opens, kind.typed);
+}
+
+void tst_CellWalk::addKeyword(const QByteArray& keyword, const QByteArray& value, Opens opens,
+                              const char* typed)
+{
+    const QByteArray valueLine = value.isEmpty() ? value : "\n" + value;
+    const QByteArray statement = "@" + keyword + valueLine;
+    CellKind valueCell{"the value of " + keyword, 1};
+    if (opens != NOTHING)
+        valueCell = {
+            valueCell.name, 1, opens, value, typed, {{1, typed}}, 1, "@" + keyword + "\n" + typed};
+    addCells({keywordFile(statement), DE_TAB1, 1, statement},
+             {{"the keyword " + keyword,
+               0,
+               KEYWORDS,
+               keyword.toLower(),
+               "Nonsense",
+               {{0, "@NONSENSE"}},
+               1,
+               "@NONSENSE" + valueLine},
+              valueCell,
+              {"no second value of " + keyword, 2}});
+}
+
+// clang-format off
+
+// Keywords whose rows are not as all others'.
+void tst_CellWalk::addSpecialKeywordRows()
+{
+    addCells({"@SCRIBON\nwalk\n", DE_TAB1, 0, "@SCRIBON\nwalk"}, {
+        {"the keyword SCRIBON", 0, KEYWORDS, "scribon", "enable", {{0, "@ENABLE"}}, 1, "@ENABLE\nwalk"},
+        {"the value of SCRIBON", 1, LINE, "walk", "walk_2", {{1, "walk_2"}}, 1, "@SCRIBON\nwalk_2"},
+        {"no second value of SCRIBON", 2},
+    });
+    const QByteArray average = "@RUNNING_AVERAGE\n30[sec]\t\tevent_1";
+    addCells({keywordFile(average), DE_TAB1, 1, average}, {
+        {"the keyword RUNNING_AVERAGE", 0, KEYWORDS, "running_average", "enable", {{0, "@ENABLE"}}, 1, "@ENABLE\n30[sec]\t\tevent_1"},
+        {"the value of RUNNING_AVERAGE", 1, LINE, "30[sec]", "40[sec]", {{1, "40[sec]"}}, 1, "@RUNNING_AVERAGE\n40[sec]\t\tevent_1"},
+        {"the second value of RUNNING_AVERAGE", 2, LINE, "event_1", "event_9", {{2, "event_9"}}, 1, "@RUNNING_AVERAGE\n30[sec]\t\tevent_9"},
+    });
+    const QByteArray header = "@META_HEADER_FILENAME\n/data/head";
+    addCells({keywordFile(header), DE_TAB1, 1, header}, {
+        {"the keyword META_HEADER_FILENAME, which is not on offer", 0, KEYWORDS, "clear_statistics_event", "enable", {{0, "@ENABLE"}}, 1, "@ENABLE\n/data/head"},
+        {"the value of META_HEADER_FILENAME", 1, VARIABLE_OR_OPTION, "/data/head", "/data/foot", {{1, "/data/foot"}}, 1, "@META_HEADER_FILENAME\n/data/foot"},
+        {"no second value of META_HEADER_FILENAME", 2},
+    });
+    addCells({keywordFile("@SCAN_INTERVAL\nscan_ms"), DE_TAB1, 1, "@SCAN_INTERVAL\nscan_ms"}, {
+        {"a variable in place of an interval", 1, VARIABLE_OR_OPTION, "scan_ms", "scan_s", {{1, "scan_s"}}, 1, "@SCAN_INTERVAL\nscan_s"},
+    });
+    addCells({keywordFile("@OUTPUT_PATH\ncell_name"), DE_TAB1, 1, "@OUTPUT_PATH\ncell_name"}, {
+        {"a variable in place of a path, which is not shown", 1, VARIABLE_OR_OPTION, "", "cell_id", {{1, "cell_id"}}, 1, "@OUTPUT_PATH\ncell_id"},
+    });
+    addCells({keywordFile("@MAX_SCANS\n10"), DE_TAB1, 1, "@MAX_SCANS\n10"}, {
+        {"a number that is typed again", 1, NUMBER, "10", "10"},
+    });
+}
+
+// The values of an unknown keyword take no edits: no statement of the file has them.
+void tst_CellWalk::addRowsWithoutKeyword()
+{
+    addCells({keywordFile("# a note"), DE_TAB1, 1, "walk\n# a note"}, {
+        {"a comment", 0, KEYWORDS, "# a note", "# Another", {{0, "# Another"}}, 1, "walk\n# Another"},
+        {"a comment that becomes a keyword", 0, KEYWORDS, "# a note", "enable", {{0, "@ENABLE"}}, 1, "walk\n\n@ENABLE"},
+        {"a comment that becomes a keyword with two at signs", 0, KEYWORDS, "# a note", "@mode", {{0, "@@MODE"}}, 1, "walk\n\n@@MODE"},
+        {"no value of a comment", 1},
+        {"no second value of a comment", 2},
+    });
+    addCells({keywordFile("@NONSENSE\n'x'"), DE_TAB1, 1, "walk\nUNKNOWN_KEYWORD"}, {
+        {"an unknown keyword", 0, KEYWORDS, "UNKNOWN_KEYWORD", "enable", {{0, "@ENABLE"}}, 1, "walk\n\n@ENABLE"},
+        {"an unknown keyword that stays unknown", 0, KEYWORDS, "UNKNOWN_KEYWORD", "Nonsense", {{0, "Nonsense"}}, 1, "walk\nNonsense"},
+        {"the value of an unknown keyword", 1, LINE, "", "text"},
+        {"the second value of an unknown keyword", 2, LINE, "", "text"},
+    });
+    addCells({keywordFile("@MAX_SCANS\n10"), DE_TAB1, 1, "@NONSENSE\n10", RENAMED}, {
+        {"an unknown keyword that was typed", 0, KEYWORDS, "clear_statistics_event", "enable", {{0, "@ENABLE"}}, 1, "@ENABLE\n10"},
+        {"the value of an unknown keyword that was typed", 1, LINE, "10", "'text'", {{1, "'text'"}}, 1, "@NONSENSE\n'text'"},
+        {"no second value of an unknown keyword that was typed", 2},
+    });
+    addCells({"@SCRIBON\nwalk\nloose\n", DE_TAB1, 1, "walk\nloose"}, {
+        {"the keyword of a free text", 0, KEYWORDS, "FILLER_TXT", "enable", {{0, "@ENABLE"}}, 1, "walk\n\n@ENABLE\nloose"},
+        {"a comment over a free text", 0, KEYWORDS, "FILLER_TXT", "# Note", {{0, "# NOTE"}}, 1, "walk\n# NOTE"},
+        {"a free text", 1, LINE, "loose", "free", {{1, "free"}}, 1, "walk\nfree"},
+        {"a second free text", 2, LINE, "", "free", {{2, "free"}}, 1, "walk\nloose\n\t\tfree"},
+    });
+    addCells({keywordFile("@MAX_SCANS\n10"), DE_TAB1, 1, "walk\n", INSERTED}, {
+        {"an inserted keyword", 0, KEYWORDS, " ", "enable", {{0, "@ENABLE"}}, 1, "walk\n\n@ENABLE"},
+        {"an inserted comment", 0, KEYWORDS, " ", "# Note", {{0, "# NOTE"}}, 1, "walk\n# NOTE"},
+        {"an inserted text", 0, KEYWORDS, " ", "Nonsense", {{0, "Nonsense"}}, 1, "walk\nNonsense"},
+        {"the value of an inserted row", 1, LINE, " ", "free", {{1, "free"}}, 1, "walk\nfree"},
+        {"the second value of an inserted row", 2, LINE, "", "free", {{2, "free"}}, 1, "walk\n\t\tfree"},
+    });
+}
+
+// The line of a comment ends with it, whatever the cells behind it hold.
+void tst_CellWalk::addScanListRows()
+{
+    const QByteArray entry = "eng_speed\t\t.SD\t\tN_ENG_AVG";
+    const QByteArray scan = listFile("SCAN_LIST", entry);
+    addCells({scan, DE_TAB2, 1, entry}, {
+        {"no keyword in the Scan List", 0},
+        {"a scanned variable", 1, VARIABLE, "eng_speed RPM", "oil_press", {{1, "oil_press"}}, 1, "oil_press\t\t.SD\t\tN_ENG_AVG"},
+        {"a scanned variable that the platform does not know", 1, VARIABLE, "eng_speed RPM", "no_such", {{1, "no_such"}}, 1, "no_such\t\t.SD\t\tN_ENG_AVG"},
+        {"a scanned statistic with its member", 1, VARIABLE, "eng_speed RPM", "eng_speed_stat.", {{1, "eng_speed_stat."}, {2, ".AV"}}, 2, "eng_speed_stat.\t\t.AV\t\tN_ENG_AVG"},
+        {"a scanned variable that is emptied", 1, VARIABLE, "eng_speed RPM", "", {}, 1},
+        {"a statistical member", 2, MEMBERS, ".SD", ".AV", {{2, "  .AV"}}, 1, "eng_speed\t\t.AV\t\tN_ENG_AVG"},
+        {"a statistical member that there is not", 2, MEMBERS, ".SD", ".XY", {{2, "  .XY"}}, 1, "eng_speed\t\t.XY\t\tN_ENG_AVG"},
+        {"a channel keyword", 3, CHANNELS, "N_ENG_AVG", "N_DYNO", {{3, "N_DYNO"}}, 1, "eng_speed\t\t.SD\t\tN_DYNO"},
+    });
+    addCells({listFile("SCAN_LIST", "# a note"), DE_TAB2, 1, "# a note"}, {
+        {"no keyword of a comment in the Scan List", 0},
+        {"a comment in the Scan List", 1, VARIABLE, "", "oil_press", {{1, "oil_press"}}, 1, "oil_press"},
+        {"the member of a comment in the Scan List", 2, MEMBERS, "LOG_DIGITAL_DESCP", ".SD", {{2, "  .SD"}}, 1, "# a note"},
+        {"the channel keyword of a comment in the Scan List", 3, CHANNELS, "N_ENG", "N_DYNO", {{3, "N_DYNO"}}, 1, "# a note"},
+    });
+    addCells({scan, DE_TAB2, 1, "@SCAN_LIST\n", INSERTED}, {
+        {"no keyword of an inserted row in the Scan List", 0},
+        {"an inserted variable in the Scan List", 1, VARIABLE, " ", "oil_press", {{1, "oil_press"}}, 1, "@SCAN_LIST\noil_press"},
+        {"an inserted statistic in the Scan List", 1, VARIABLE, " ", "eng_speed_stat.", {{1, "eng_speed_stat."}, {2, ".AV"}}, 2, "@SCAN_LIST\neng_speed_stat.\t\t.AV"},
+        {"an inserted member in the Scan List", 2, MEMBERS, "", ".SD", {{2, "  .SD"}}, 1, "@SCAN_LIST\n\t\t.SD"},
+        {"an inserted channel keyword in the Scan List", 3, CHANNELS, "N_ENG", "N_DYNO", {{3, "N_DYNO"}}, 1, "@SCAN_LIST\n\t\tN_DYNO"},
+    });
+}
+
+void tst_CellWalk::addMetaDataRows()
+{
+    const QByteArray entry = "TEST_TITLE\t\tcell_name";
+    const QByteArray meta = listFile("META_DATA", entry);
+    addCells({meta, DE_TAB3, 1, entry}, {
+        {"no keyword in the Meta Data List", 0},
+        {"a parameter keyword", 1, PARAMETERS, "TEST_TITLE", "ENGINEER", {{1, "ENGINEER"}}, 1, "ENGINEER\t\tcell_name"},
+        {"a described variable", 2, VARIABLE_OR_OPTION, "cell_name", "cell_id", {{2, "cell_id"}}, 1, "TEST_TITLE\t\tcell_id"},
+        {"a described variable that is emptied", 2, VARIABLE_OR_OPTION, "cell_name", ""},
+        {"a literal over a described variable", 2, VARIABLE_OR_OPTION, "cell_name", "\"two\"", {{2, "\"two\""}}, 1, "TEST_TITLE\t\t\"two\""},
+    });
+    addCells({listFile("META_DATA", "TEST_TITLE\t\t'one'"), DE_TAB3, 1, "TEST_TITLE\t\t'one'"}, {
+        {"a literal", 2, VARIABLE_OR_OPTION, "'one'", "\"two\"", {{2, "\"two\""}}, 1, "TEST_TITLE\t\t\"two\""},
+    });
+    addCells({listFile("META_DATA", "# a note"), DE_TAB3, 1, "# a note"}, {
+        {"no keyword of a comment in the Meta Data List", 0},
+        {"a comment in the Meta Data List", 1, PARAMETERS, "BORE", "ENGINEER", {{1, "ENGINEER"}}, 1, "ENGINEER"},
+        {"the variable of a comment in the Meta Data List", 2, VARIABLE_OR_OPTION, "", "cell_id", {{2, "cell_id"}}, 1, "# a note"},
+    });
+    addCells({meta, DE_TAB3, 1, "@META_DATA\n", INSERTED}, {
+        {"no keyword of an inserted row in the Meta Data List", 0},
+        {"an inserted parameter keyword", 1, PARAMETERS, "BORE", "ENGINEER", {{1, "ENGINEER"}}, 1, "@META_DATA\nENGINEER"},
+        {"an inserted variable in the Meta Data List", 2, VARIABLE_OR_OPTION, " ", "cell_id", {{2, "cell_id"}}, 1, "@META_DATA\n\t\tcell_id"},
+        {"an inserted literal", 2, VARIABLE_OR_OPTION, " ", "'two'", {{2, "'two'"}}, 1, "@META_DATA\n\t\t'two'"},
+    });
+}
+
+void tst_CellWalk::addAuxUserRows()
+{
+    const QByteArray entry = "eng_speed\t\tother_speed";
+    const QByteArray aux = listFile("SCAN_LIST_AUX_USER", entry);
+    addCells({aux, DE_TAB4, 1, entry}, {
+        {"no keyword in the Aux User list", 0},
+        {"an aux user's variable", 1, VARIABLE, "eng_speed RPM", "oil_press", {{1, "oil_press"}}, 1, "oil_press\t\tother_speed"},
+        {"an aux user's statistic", 1, VARIABLE, "eng_speed RPM", "eng_speed_stat.", {{1, "eng_speed_stat.AV"}}, 1, "eng_speed_stat.AV\t\tother_speed"},
+        {"an aux user's variable that is emptied", 1, VARIABLE, "eng_speed RPM", ""},
+        {"an alternate name", 2, LINE, "other_speed", "third_speed", {{2, "third_speed"}}, 1, "eng_speed\t\tthird_speed"},
+    });
+    addCells({listFile("SCAN_LIST_AUX_USER", "eng_speed"), DE_TAB4, 1, "eng_speed"}, {
+        {"an aux user's variable that its alternate name follows", 1, VARIABLE, "eng_speed RPM", "oil_press", {{1, "oil_press"}, {2, "oil_press"}}, 2, "oil_press\t\toil_press"},
+        {"an aux user's variable without an alternate name that is emptied", 1, VARIABLE, "eng_speed RPM", "", {}, 1},
+        {"an alternate name that there is not", 2, LINE, "FILLER_TXT", "third_speed", {{2, "third_speed"}}, 1, "eng_speed\t\tthird_speed"},
+    });
+    addCells({listFile("SCAN_LIST_AUX_USER", "# a note"), DE_TAB4, 1, "# a note"}, {
+        {"no keyword of a comment in the Aux User list", 0},
+        {"a comment in the Aux User list", 1, VARIABLE, "", "oil_press", {{1, "oil_press"}, {2, "oil_press"}}, 2, "oil_press\t\toil_press"},
+        {"the alternate name of a comment in the Aux User list", 2, LINE, "FILLER_TXT", "other", {{2, "other"}}, 1, "# a note"},
+    });
+    addCells({aux, DE_TAB4, 1, "@SCAN_LIST_AUX_USER\n", INSERTED}, {
+        {"no keyword of an inserted row in the Aux User list", 0},
+        {"an inserted variable in the Aux User list", 1, VARIABLE, " ", "oil_press", {{1, "oil_press"}, {2, "oil_press"}}, 2, "@SCAN_LIST_AUX_USER\noil_press\t\toil_press"},
+        {"an inserted alternate name", 2, LINE, " ", "third_speed", {{2, "third_speed"}}, 1, "@SCAN_LIST_AUX_USER\n\t\tthird_speed"},
+    });
+}
+
+void tst_CellWalk::addEcmRows()
+{
+    const QByteArray entry = "1\t\t/specs/asam3_specs.engine:ECM0:0";
+    const QByteArray ecm = listFile("ECM_LIST", entry);
+    const QByteArray shown = "1 /specs/asam3_specs.engine ECM0:0";
+    const char* const other = "/specs/asam3_specs.engine:ECM1:0";
+    addCells({ecm, DE_TAB5, 1, entry}, {
+        {"no keyword in the ECM List", 0},
+        {"an extension number", 1, LINE, "1", "# a note", {{1, "# a note"}}, 1, "# a note"},
+        {"an ECM's list", 2, ECM, shown, "1 ECM1:0", {{2, other}}, 1, "1\t\t/specs/asam3_specs.engine:ECM1:0"},
+        {"the number in an ECM's dialog", 2, ECM, shown, "42 ECM0:0", {{1, "42"}}, 1, "42\t\t/specs/asam3_specs.engine:ECM0:0"},
+        {"an ECM's list and number", 2, ECM, shown, "42 ECM1:0", {{1, "42"}, {2, other}}, 2, "42\t\t/specs/asam3_specs.engine:ECM1:0"},
+    });
+    addCells({listFile("ECM_LIST", "# a note"), DE_TAB5, 1, "# a note"}, {
+        {"no keyword of a comment in the ECM List", 0},
+        {"a comment in the ECM List", 1, LINE, "# a note", "# another", {{1, "# another"}}, 1, "# another"},
+        {"no list of a comment in the ECM List", 2},
+    });
+    addCells({ecm, DE_TAB5, 1, "@ECM_LIST\n", INSERTED}, {
+        {"no keyword of an inserted row in the ECM List", 0},
+        {"an inserted extension number", 1, LINE, " ", "7", {{1, "7"}}, 1, "@ECM_LIST\n7"},
+        {"an inserted ECM's list", 2, ECM, "0 /specs/asam3_specs.engine ECM0:0", "2 ECM1:0", {{1, "2"}, {2, other}}, 2, "@ECM_LIST\n2\t\t/specs/asam3_specs.engine:ECM1:0"},
+    });
+}
+
+// clang-format on
+
+// ---- The user's hands --------------------------------------------------------------------------
+
+// Brings the document to where the cell's edit begins. A new row of the Keywords tab is there with
+// its keyword's editor open already.
+QModelIndex tst_CellWalk::prepare(const RowKind& row, int column)
+{
+    show(row.file);
+    tabsOf(*m_window)->setCurrentIndex(row.tab);
+    if (row.origin == RENAMED)
+        edit(row.tab, row.row, 0, text("@NONSENSE"));
+    if (row.origin == INSERTED) {
+        goTo(viewOf(*m_window, row.tab), row.row - 1, 0);
+        actionOf(*m_window, "insertRowAction")->trigger();
+        if (column > 0 && openEditors() > 0)
+            press(Qt::Key_Return);
     }
-    const QByteArray first = keywordFile("");
-    QTest::newRow("the keyword SCRIBON")
-        << first << 0 << 0 << 0 << KEYWORDS << QStringLiteral("scribon") << QStringLiteral("enable")
-        << QStringLiteral("@ENABLE");
-    QTest::newRow("the value of SCRIBON") << first << 0 << 0 << 1 << LINE << QStringLiteral("walk")
-                                          << QStringLiteral("walk_2") << QStringLiteral("walk_2");
-    QTest::newRow("the value of an interval from a variable")
-        << keywordFile("@SCAN_INTERVAL\nscan_ms") << 0 << 1 << 1 << VARIABLE
-        << QStringLiteral("scan_ms") << QStringLiteral("scan_s") << QStringLiteral("scan_s");
-    QTest::newRow("a variable in place of a path is not shown")
-        << keywordFile("@OUTPUT_PATH\ncell_name") << 0 << 1 << 1 << VARIABLE << QString()
-        << QStringLiteral("cell_id") << QStringLiteral("cell_id");
-    const QByteArray comment = keywordFile("# a note");
-    QTest::newRow("a comment stays one")
-        << comment << 0 << 1 << 0 << KEYWORDS << QStringLiteral("# a note")
-        << QStringLiteral("# Another") << QStringLiteral("# Another");
-    QTest::newRow("a comment becomes a keyword")
-        << comment << 0 << 1 << 0 << KEYWORDS << QStringLiteral("# a note")
-        << QStringLiteral("enable") << QStringLiteral("@ENABLE");
-    QTest::newRow("a keyword with its own at sign gets a second one in a comment's row")
-        << comment << 0 << 1 << 0 << KEYWORDS << QStringLiteral("# a note")
-        << QStringLiteral("@mode") << QStringLiteral("@@MODE");
-    QTest::newRow("a comment has no value")
-        << comment << 0 << 1 << 1 << NOTHING << QString() << QString() << QString();
-    QTest::newRow("a comment has no second value")
-        << comment << 0 << 1 << 2 << NOTHING << QString() << QString() << QString();
+    return cell(row.tab, row.row, column);
 }
 
-void tst_CellWalk::addListRows()
+QWidget* tst_CellWalk::openCell(const QModelIndex& index)
 {
-    const auto row = [](const char* name, const QByteArray& file, int tab, int column, Opens opens,
-                        const char* shows, const char* typed, const char* stored) {
-        QTest::newRow(name) << file << tab << 1 << column << opens << QString::fromLatin1(shows)
-                            << QString::fromLatin1(typed) << QString::fromLatin1(stored);
-    };
-    const QByteArray scan = listFile("SCAN_LIST", "eng_speed .AV N_ENG_AVG");
-    row("a section's keyword", scan, 1, 0, NOTHING, "", "", "");
-    row("a scanned variable", scan, 1, 1, VARIABLE, "eng_speed", "oil_press", "oil_press");
-    row("a scanned variable that the platform does not know", scan, 1, 1, VARIABLE, "eng_speed",
-        "no_such", "no_such");
-    row("a statistical member", scan, 1, 2, LIST, ".AV", ".SD", "  .SD");
-    row("a channel keyword", scan, 1, 3, LIST, "N_ENG_AVG", "N_DYNO", "N_DYNO");
-    const QByteArray meta = listFile("META_DATA", "TEST_TITLE cell_name");
-    row("a parameter keyword", meta, 2, 1, LIST, "TEST_TITLE", "ENGINEER", "ENGINEER");
-    row("a described variable", meta, 2, 2, VARIABLE, "cell_name", "cell_id", "cell_id");
-    row("a literal", listFile("META_DATA", "TEST_TITLE 'one'"), 2, 2, OPTION, "'one'", "\"two\"",
-        "\"two\"");
-    const QByteArray aux = listFile("SCAN_LIST_AUX_USER", "eng_speed other_speed");
-    row("an aux user's variable", aux, 3, 1, VARIABLE, "eng_speed", "oil_press", "oil_press");
-    row("an alternate name", aux, 3, 2, LINE, "other_speed", "third_speed", "third_speed");
-    const QByteArray ecm = listFile("ECM_LIST", "1 /specs/asam3_specs.walk:ECM0:0");
-    row("an extension number", ecm, 4, 1, LINE, "1", "# a note", "# a note");
-    row("an ECM's list", ecm, 4, 2, ECM, "/specs/asam3_specs.walk|ECM0:0|1", "ECM1:0",
-        "/specs/asam3_specs.walk:ECM1:0");
-    const QByteArray note = listFile("ECM_LIST", "# a note");
-    row("a note in the ECM list", note, 4, 1, LINE, "# a note", "# another", "# another");
-    row("nothing beside a note in the ECM list", note, 4, 2, NOTHING, "", "", "");
+    QWidget* const editor = editorOf(index);
+    return editor != nullptr ? editor : open(index, Way::EditKey);
 }
 
-void tst_CellWalk::open(int tab, int row, int column)
+void tst_CellWalk::changeVariable(VariableSelectionDialog* dialog, const QString& typed)
 {
-    tabsOf(*m_window)->setCurrentIndex(tab);
-    QTreeView* const view = viewOf(*m_window, tab);
-    view->setFocus();
-    goTo(view, row, column);
-    QTest::keyClick(view, Qt::Key_F2);
-}
-
-bool tst_CellWalk::hasEditor(QTreeView* view)
-{
-    return editorIn<QLineEdit>(view) != nullptr || editorIn<QComboBox>(view) != nullptr ||
-           editorIn<QSpinBox>(view) != nullptr ||
-           visibleChild<VariableSelectionDialog>(m_window.get()) != nullptr ||
-           visibleChild<asamspecs_select>(m_window.get()) != nullptr;
-}
-
-// What the open editor shows; null when it is none of the kind.
-QString tst_CellWalk::shown(Opens opens, QTreeView* view)
-{
-    auto* const dialog = visibleChild<VariableSelectionDialog>(m_window.get());
-    auto* const ecm = visibleChild<asamspecs_select>(m_window.get());
-    auto* const comboBox = editorIn<QComboBox>(view);
-    auto* const line = editorIn<QLineEdit>(view);
-    auto* const spinBox = editorIn<QSpinBox>(view);
-    switch (opens) {
-        case LINE:
-            return line != nullptr ? line->text() : QString();
-        case KEYWORDS:
-        case CHOICE:
-        case LIST:
-            return comboBox != nullptr ? comboBox->currentText() : QString();
-        case NUMBER:
-            return spinBox != nullptr ? spinBox->text() : QString();
-        case VARIABLE:
-            return dialog != nullptr ? dialog->variableComboBox()->currentText() : QString();
-        case OPTION:
-            return dialog != nullptr ? dialog->lineEdit()->text() : QString();
-        case ECM:
-            return ecm == nullptr ? QString()
-                                  : ecm->fileComboBox()->currentText() + QLatin1Char('|') +
-                                        ecm->ecmComboBox()->currentText() + QLatin1Char('|') +
-                                        ecm->extSpinBoxEdit()->text();
-        case NOTHING:
-            break;
+    if (isOption(typed)) {
+        dialog->lineEdit()->setFocus();
+        typeOver(typed);
+    } else {
+        typeVariable(dialog, typed);
     }
-    return {};
+    acceptDialog(dialog);
 }
 
-void tst_CellWalk::change(Opens opens, QTreeView* view, const QString& text)
+// The number and the instance, parted by a blank.
+void tst_CellWalk::changeEcm(asamspecs_select* dialog, const QString& typed)
 {
-    auto* const dialog = visibleChild<VariableSelectionDialog>(m_window.get());
-    auto* const ecm = visibleChild<asamspecs_select>(m_window.get());
-    switch (opens) {
-        case LINE:
-            retype(editorIn<QLineEdit>(view), text);
-            QTest::keyClick(editorIn<QLineEdit>(view), Qt::Key_Return);
-            break;
-        case KEYWORDS:
-        case LIST:
-            retype(editorIn<QComboBox>(view)->lineEdit(), text);
-            QTest::keyClick(editorIn<QComboBox>(view), Qt::Key_Return);
-            break;
-        case CHOICE:
-            QTest::keyClicks(editorIn<QComboBox>(view), text);
-            break;
-        case NUMBER: {
-            auto* const spinBox = editorIn<QSpinBox>(view);
-            spinBox->selectAll();
-            QTest::keyClicks(spinBox, text);
-            QTest::keyClick(spinBox, Qt::Key_Return);
-            break;
-        }
-        case VARIABLE:
-            retype(dialog->variableComboBox()->lineEdit(), text);
-            QTest::mouseClick(button(dialog, QStringLiteral("Ok")), Qt::LeftButton);
-            break;
-        case OPTION:
-            retype(dialog->lineEdit(), text);
-            QTest::mouseClick(button(dialog, QStringLiteral("Ok")), Qt::LeftButton);
-            break;
-        case ECM:
-            QTest::keyClicks(ecm->ecmComboBox(), text);
-            QTest::mouseClick(button(ecm, QStringLiteral("OK")), Qt::LeftButton);
-            break;
-        case NOTHING:
-            break;
+    dialog->extSpinBoxEdit()->setFocus();
+    typeOver(typed.section(QLatin1Char(' '), 0, 0));
+    dialog->ecmComboBox()->setFocus();
+    pick(dialog->ecmComboBox(), typed.section(QLatin1Char(' '), 1));
+    acceptDialog(dialog);
+}
+
+void tst_CellWalk::change(QWidget* editor, const QString& typed)
+{
+    auto* const comboBox = qobject_cast<QComboBox*>(editor);
+    if (auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor)) {
+        changeVariable(dialog, typed);
+    } else if (auto* const ecm = qobject_cast<asamspecs_select*>(editor)) {
+        changeEcm(ecm, typed);
+    } else if (comboBox != nullptr && !comboBox->isEditable()) {
+        pick(comboBox, typed);
+    } else {
+        typeOver(typed);
+        press(Qt::Key_Return);
     }
+}
+
+// ---- The walk ----------------------------------------------------------------------------------
+
+QVector<QStringList> tst_CellWalk::rowsOf(int tab) const
+{
+    QVector<QStringList> rows;
+    const TreeModel* const model = modelOf(*m_window, tab);
+    for (int row = 0; row < model->rowCount(); ++row)
+        rows.append(rowTexts(*model, row));
+    return rows;
 }
 
 void tst_CellWalk::walk()
 {
-    QFETCH(QByteArray, file);
-    QFETCH(int, tab);
-    QFETCH(int, row);
-    QFETCH(int, column);
-    QFETCH(Opens, opens);
-    QFETCH(QString, shows);
-    QFETCH(QString, typed);
-    QFETCH(QString, stored);
-    QVERIFY(writeFile(QStringLiteral("/specs/asam3_specs.walk"), asamFile()));
-    QVERIFY(writeFile(FILE_NAME, file));
-    m_window->loadFile(FILE_NAME, false);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-    QTreeView* const view = viewOf(*m_window, tab);
-    const QPersistentModelIndex cell = modelOf(*m_window, tab)->index(row, column);
-    const QString before = cell.data(Qt::EditRole).toString();
+    QFETCH(RowKind, row);
+    QFETCH(CellKind, cell);
+    const QPersistentModelIndex index = prepare(row, cell.column);
+    const QVector<QStringList> before = rowsOf(row.tab);
+    const QByteArray fileBefore = saved();
+    const int steps = stack()->count();
 
-    open(tab, row, column);
-    QCOMPARE(hasEditor(view), opens != NOTHING);
-    if (opens == NOTHING)
-        return;
-    QCOMPARE(shown(opens, view), shows);
-    QCOMPARE(m_window->uStack()->count(), 0);
+    QWidget* const editor = openCell(index);
+    QCOMPARE(kindOf(editor), cell.opens);
+    QCOMPARE(shownBy(editor), QString::fromLatin1(cell.shows));
+    QCOMPARE(stack()->count(), steps);
+    QCOMPARE(rowsOf(row.tab), before);
+    if (editor != nullptr)
+        change(editor, QString::fromLatin1(cell.typed));
 
-    change(opens, view, typed);
-    QVERIFY(!hasEditor(view));
-    QCOMPARE(view->currentIndex(), QModelIndex(cell));
-    QCOMPARE(cell.data(Qt::EditRole).toString(), stored);
-    QCOMPARE(m_window->uStack()->count(), 1);
+    const QVector<QStringList> after = withTexts(before, row.row, cell.stored);
+    const QByteArray fileAfter =
+        cell.stored.isEmpty() ? fileBefore : withLines(fileBefore, row.lines, cell.linesAfter);
+    QCOMPARE(openEditors(), 0);
+    QCOMPARE(rowsOf(row.tab), after);
+    QCOMPARE(stack()->count(), steps + cell.steps);
+    QCOMPARE(saved(), fileAfter);
 
-    m_window->uStack()->undo();
-    QCOMPARE(cell.data(Qt::EditRole).toString(), before);
-    m_window->uStack()->redo();
-    QCOMPARE(cell.data(Qt::EditRole).toString(), stored);
-    QVERIFY(m_window->save());
-    QVERIFY(readFile(FILE_NAME).contains(stored.trimmed().toLatin1()));
-}
-
-void tst_CellWalk::anInsertedRowOpensOnItsKeyword()
-{
-    loadGoodFile();
-    m_window->show();
-    QTreeView* const view = viewOf(*m_window, 0);
-    goTo(view, 0, 0);
-    m_window->insertRow();
-    auto* const comboBox = editorIn<QComboBox>(view);
-    QVERIFY(comboBox != nullptr);
-    QCOMPARE(comboBox->currentText(), QStringLiteral(" "));
-    QTest::keyClicks(comboBox, QStringLiteral("max_scans"));
-    QTest::keyClick(comboBox, Qt::Key_Return);
-    QCOMPARE(view->model()->index(1, 0).data(Qt::EditRole).toString(),
-             QStringLiteral("@MAX_SCANS"));
-    QCOMPARE(m_window->uStack()->count(), 2);
+    for (int i = 0; i < cell.steps; ++i)
+        stack()->undo();
+    QCOMPARE(rowsOf(row.tab), before);
+    QCOMPARE(saved(), fileBefore);
+    for (int i = 0; i < cell.steps; ++i)
+        stack()->redo();
+    QCOMPARE(rowsOf(row.tab), after);
+    QCOMPARE(saved(), fileAfter);
 }
 
 QTEST_MAIN(tst_CellWalk)
