@@ -62,7 +62,7 @@ QString Antlr3_BaseTreeDelegate::displayText(const QVariant& value, const QLocal
     if (bytes.at(0) == '@')
         return convertKeywordText(bytes.constData(), static_cast<size_t>(bytes.size()));
     if (bytes.at(0) == ' ')
-        return QString::fromLatin1(bytes.constData() + 1);
+        return QString::fromUtf8(bytes.constData() + 1);
     return QStyledItemDelegate::displayText(value, locale);
 }
 
@@ -171,7 +171,20 @@ void Antlr3_BaseTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel* 
 
 // ---- The life of an editor ---------------------------------------------------------------------
 
-// A dialog is no child of the table: each time the table places it, it puts itself beside the cell.
+namespace {
+
+// A dialog is no child of the table, which places it in its own coordinates all the same, when it
+// opens it and again with every change of the layout. It then has to move beside its cell.
+template <typename Dialog>
+void putBesideCell(QWidget* editor)
+{
+    auto* const dialog = qobject_cast<Dialog*>(editor);
+    if (dialog != nullptr && dialog->isVisible())
+        Q_EMIT dialog->mapParent();
+}
+
+}  // namespace
+
 void Antlr3_BaseTreeDelegate::updateEditorGeometry(QWidget* editor,
                                                    const QStyleOptionViewItem& option,
                                                    const QModelIndex& /*index*/) const
@@ -180,9 +193,8 @@ void Antlr3_BaseTreeDelegate::updateEditorGeometry(QWidget* editor,
     QRect place = option.rect;
     place.setSize(place.size().expandedTo(hint));
     editor->setGeometry(place);
-    auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor);
-    if (dialog != nullptr && dialog->isVisible())
-        Q_EMIT dialog->mapParent();
+    putBesideCell<VariableSelectionDialog>(editor);
+    putBesideCell<asamspecs_select>(editor);
 }
 
 template <typename Editor>

@@ -54,13 +54,16 @@ public Q_SLOTS:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    using View = const QStyleOptionViewItem&;
-
-    QWidget* createEditorTab1(QWidget* the_parent, View option, const QModelIndex& index) const;
-    QWidget* createEditorTab2(QWidget* the_parent, View option, const QModelIndex& index) const;
-    QWidget* createEditorTab3(QWidget* the_parent, View option, const QModelIndex& index) const;
-    QWidget* createEditorTab4(QWidget* the_parent, View option, const QModelIndex& index) const;
-    QWidget* createEditorTab5(QWidget* the_parent, View option, const QModelIndex& index) const;
+    QWidget* createEditorTab1(QWidget* the_parent, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const;
+    QWidget* createEditorTab2(QWidget* the_parent, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const;
+    QWidget* createEditorTab3(QWidget* the_parent, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const;
+    QWidget* createEditorTab4(QWidget* the_parent, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const;
+    QWidget* createEditorTab5(QWidget* the_parent, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const;
 
     // Offers the keywords that no other row has.
     void keywordComboBoxSetup(QComboBox* editor, const QModelIndex& index) const;

@@ -74,11 +74,6 @@ int keywordTypeOf(const QModelIndex& index)
     return editorTypeOf(index.siblingAtColumn(0));
 }
 
-bool isFreeText(int editorType)
-{
-    return editorType == TEXT_BLOCK || editorType == COMMENT_LINE;
-}
-
 // A keyword as it is offered: in lower case without its "@".
 QString offeredName(QString keyword)
 {
@@ -222,7 +217,8 @@ QString freeTextOrKeyword(const QString& value, int editorType)
 
 // ---- Making editors ----------------------------------------------------------------------------
 
-QWidget* Antlr3_BaseTreeDelegate::createEditorTab1(QWidget* the_parent, View /*option*/,
+QWidget* Antlr3_BaseTreeDelegate::createEditorTab1(QWidget* the_parent,
+                                                   const QStyleOptionViewItem& /*option*/,
                                                    const QModelIndex& index) const
 {
     const int column = index.column();

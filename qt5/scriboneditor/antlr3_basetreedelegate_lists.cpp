@@ -89,12 +89,6 @@ void storeScanListVariable(const VariableSelectionDialog& dialog, QAbstractItemM
 
 // ---- The rest of the cells ---------------------------------------------------------------------
 
-bool isFreeText(const QModelIndex& index)
-{
-    const int editorType = editorTypeOf(index);
-    return editorType == TEXT_BLOCK || editorType == COMMENT_LINE;
-}
-
 // The first item when there is none of that text.
 void showItem(QWidget* editor, const QString& text)
 {
@@ -194,6 +188,16 @@ QHash<QString, int> keywordsOfOtherRows(const QModelIndex& index)
     return uses;
 }
 
+// False when none is left: a name that the platform has twice is taken by two rows.
+bool takeOneUse(QHash<QString, int>* uses, const QString& name)
+{
+    const auto use = uses->find(name);
+    if (use == uses->end() || *use == 0)
+        return false;
+    --*use;
+    return true;
+}
+
 }  // namespace
 
 QStringList Antlr3_BaseTreeDelegate::mPAM_Keywords(const QString& label, const QModelIndex& index,
@@ -208,8 +212,7 @@ QStringList Antlr3_BaseTreeDelegate::mPAM_Keywords(const QString& label, const Q
         if (!isOffered(entry, unitsCode, keywordType))
             continue;
         const QString name = keywordName(entry);
-        const auto use = used.find(name);
-        if (use == used.end() || (*use)-- <= 0)
+        if (!takeOneUse(&used, name))
             keywordList.append(name);
     }
     return keywordList;
@@ -240,7 +243,8 @@ QWidget* Antlr3_BaseTreeDelegate::listKeywordEditor(QWidget* the_parent,
 
 // ---- Scan List ---------------------------------------------------------------------------------
 
-QWidget* Antlr3_BaseTreeDelegate::createEditorTab2(QWidget* the_parent, View /*option*/,
+QWidget* Antlr3_BaseTreeDelegate::createEditorTab2(QWidget* the_parent,
+                                                   const QStyleOptionViewItem& /*option*/,
                                                    const QModelIndex& index) const
 {
     const int column = index.column();
@@ -326,7 +330,8 @@ void Antlr3_BaseTreeDelegate::setModelDataTab2(QWidget* editor, QAbstractItemMod
 
 // ---- Meta Data List ----------------------------------------------------------------------------
 
-QWidget* Antlr3_BaseTreeDelegate::createEditorTab3(QWidget* the_parent, View /*option*/,
+QWidget* Antlr3_BaseTreeDelegate::createEditorTab3(QWidget* the_parent,
+                                                   const QStyleOptionViewItem& /*option*/,
                                                    const QModelIndex& index) const
 {
     if (index.column() == 2)
@@ -381,7 +386,8 @@ void Antlr3_BaseTreeDelegate::setModelDataTab3(QWidget* editor, QAbstractItemMod
 
 // ---- Scan List Aux User ------------------------------------------------------------------------
 
-QWidget* Antlr3_BaseTreeDelegate::createEditorTab4(QWidget* the_parent, View /*option*/,
+QWidget* Antlr3_BaseTreeDelegate::createEditorTab4(QWidget* the_parent,
+                                                   const QStyleOptionViewItem& /*option*/,
                                                    const QModelIndex& index) const
 {
     switch (index.column()) {
@@ -436,10 +442,11 @@ void Antlr3_BaseTreeDelegate::setModelDataTab4(QWidget* editor, QAbstractItemMod
 
 // ---- ECM List ----------------------------------------------------------------------------------
 
-QWidget* Antlr3_BaseTreeDelegate::createEditorTab5(QWidget* the_parent, View /*option*/,
+QWidget* Antlr3_BaseTreeDelegate::createEditorTab5(QWidget* the_parent,
+                                                   const QStyleOptionViewItem& /*option*/,
                                                    const QModelIndex& index) const
 {
-    if (index.column() == 1 && isFreeText(index))
+    if (index.column() == 1 && isFreeText(editorTypeOf(index)))
         return get_line_editor(the_parent, ValidatorPatterns[Comment_VF], 128, "Invalid Comment",
                                index);
     if (index.column() == 2 && editorTypeOf(index.siblingAtColumn(1)) != COMMENT_LINE)
@@ -502,7 +509,7 @@ void Antlr3_BaseTreeDelegate::setModelDataTab5(QWidget* editor, QAbstractItemMod
         store(model, index, value);
         clearMark(model, index.siblingAtColumn(1));
         store(model, index.siblingAtColumn(1), indValue);
-    } else if (index.column() == 1 && lineEdit != nullptr && isFreeText(index)) {
+    } else if (index.column() == 1 && lineEdit != nullptr && isFreeText(editorTypeOf(index))) {
         clearMark(model, index.siblingAtColumn(2));
         store(model, index, lineEdit->text().trimmed());
     }

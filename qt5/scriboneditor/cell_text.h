@@ -30,6 +30,12 @@ inline int editorTypeOf(const QModelIndex& index)
     return editorTypeOf(textOf(index));
 }
 
+// Of a row that no keyword rules.
+inline bool isFreeText(int editorType)
+{
+    return editorType == TEXT_BLOCK || editorType == COMMENT_LINE;
+}
+
 // Through the active undo stack; nothing for a model of another kind.
 inline void store(QAbstractItemModel* model, const QModelIndex& index, const QVariant& value)
 {
