@@ -379,6 +379,9 @@ void MainWindow::showModel(int tab, std::unique_ptr<TreeModel> model)
                                 QAbstractItemView::EditKeyPressed);
     connect(model.get(), &TreeModel::codesChanged, view[slot]->viewport(),
             qOverload<>(&QWidget::update));
+    // What was typed and not taken over leaves its mark, which the next check puts right.
+    connect(delegates[slot].get(), &QAbstractItemDelegate::closeEditor, model.get(),
+            &TreeModel::setDirty);
     QItemSelectionModel* const before = view[slot]->selectionModel();
     view[slot]->setModel(model.get());
     dropSelectionModel(before);

@@ -1,0 +1,92 @@
+// The dialogs over cells: where they stand, and what they leave behind.
+
+#include <QHeaderView>
+#include <QtTest>
+
+#include "editing_test.h"
+#include "editor_types.h"
+
+class TestCellDialogs : public EditingTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void staysBesideItsCell_data();
+    void staysBesideItsCell();
+    void dismissedDialogLeavesNoMark_data();
+    void dismissedDialogLeavesNoMark();
+
+private:
+    // Where the dialog's content belongs: the cell's place in the table counts from the window's
+    // corner, and for the dialog with its frame.
+    QPoint placeOf(const QModelIndex& cell, int below) const;
+};
+
+QPoint TestCellDialogs::placeOf(const QModelIndex& cell, int below) const
+{
+    const QPoint inTable = viewAt(cell)->visualRect(cell).topLeft();
+    const QWidget* const dialog = editorOf(cell);
+    const QPoint frame = dialog->geometry().topLeft() - dialog->pos();
+    return m_window->mapToGlobal(inTable - frame) + QPoint(0, below);
+}
+
+void TestCellDialogs::staysBesideItsCell_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<int>("below");
+    QTest::newRow("a variable of the Scan List") << int{DE_TAB2} << 1 << 0;
+    QTest::newRow("a variable or literal of the Meta Data List") << int{DE_TAB3} << 2 << 0;
+    QTest::newRow("an ECM list") << int{DE_TAB5} << 2 << 80;
+}
+
+void TestCellDialogs::staysBesideItsCell()
+{
+    QFETCH(int, tab);
+    QFETCH(int, column);
+    QFETCH(int, below);
+    show();
+    const QModelIndex index = cell(tab, 2, column);
+    const auto* const dialog = openAs<QDialog>(index);
+    QVERIFY(dialog != nullptr);
+
+    m_window->resize(m_window->size() - QSize(120, 90));
+    QTRY_COMPARE(dialog->geometry().topLeft(), placeOf(index, below));
+
+    QHeaderView* const header = viewAt(index)->header();
+    const QPoint before = dialog->geometry().topLeft();
+    header->resizeSection(column - 1, header->sectionSize(column - 1) + 37);
+    QTRY_COMPARE(dialog->geometry().topLeft(), before + QPoint(column == 1 ? 0 : 37, 0));
+    QCOMPARE(dialog->geometry().topLeft(), placeOf(index, below));
+}
+
+void TestCellDialogs::dismissedDialogLeavesNoMark_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::newRow("a wrong text") << QStringLiteral("abc");
+    QTest::newRow("a good text") << QStringLiteral("\"abc\"");
+    QTest::newRow("no text") << QString();
+}
+
+// The next check finds nothing wrong in the cell, which kept its value.
+void TestCellDialogs::dismissedDialogLeavesNoMark()
+{
+    QFETCH(QString, typed);
+    show();
+    const QModelIndex index = cell(DE_TAB3, 3, 2);
+    const QString before = index.data().toString();
+    const TreeModel* const model = modelAt(index);
+    m_window->checkErrorCount();
+    QCOMPARE(model->errorCode(index).toInt(), int{DE_NOERROR});
+    auto* const dialog = openAs<VariableSelectionDialog>(index);
+    QVERIFY(dialog != nullptr);
+    dialog->lineEdit()->setFocus();
+    typeOver(typed);
+    cancelDialog(dialog);
+    m_window->checkErrorCount();
+    QCOMPARE(model->errorCode(index).toInt(), int{DE_NOERROR});
+    QCOMPARE(index.data().toString(), before);
+    QCOMPARE(stack()->count(), 0);
+}
+
+QTEST_MAIN(TestCellDialogs)
+#include "tst_cell_dialogs.moc"
