@@ -2,6 +2,9 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFontMetrics>
+#include <QLineEdit>
+#include <QShowEvent>
 #include <QStringList>
 
 #include "get_asam3_lists.h"
@@ -43,6 +46,21 @@ QStringList ecmInstancesOf(const QByteArray& fileName)
     return instances;
 }
 
+// The box for the number is 40 pixels wide whatever the font is: two digits get the margins of its
+// line and, where that is not enough, a smaller font.
+void fitTwoDigits(QSpinBox* box)
+{
+    constexpr int ROOM = 22;
+    constexpr int INNER_MARGIN = 2;
+    if (auto* const line = box->findChild<QLineEdit*>())
+        line->setTextMargins(-INNER_MARGIN, 0, -INNER_MARGIN, 0);
+    QFont font = box->font();
+    while (font.pointSize() > 1 &&
+           QFontMetrics(font).horizontalAdvance(QStringLiteral("99")) > ROOM)
+        font.setPointSize(font.pointSize() - 1);
+    box->setFont(font);
+}
+
 }  // namespace
 
 // ---- Construction ------------------------------------------------------------------------------
@@ -53,6 +71,7 @@ asamspecs_select::asamspecs_select(const QModelIndex& index, QWidget* parent)
     ui->setupUi(this);
     // The view gives its editor the keyboard, which is of no use in the dialog itself.
     setFocusProxy(ui->specfiles);
+    fitTwoDigits(ui->extensionNumber);
     connectAll();
 }
 
@@ -89,8 +108,11 @@ QSpinBox* asamspecs_select::extSpinBoxEdit() const
 
 // ---- Showing and hiding ------------------------------------------------------------------------
 
-void asamspecs_select::showEvent(QShowEvent* /*evt*/)
+// A window manager that brings the dialog back into sight finds in it what the user has picked.
+void asamspecs_select::showEvent(QShowEvent* evt)
 {
+    if (evt->spontaneous())
+        return;
     QStringList files;
     findRecursion(SPEC_DIRECTORY, SPEC_PATTERN, &files);
     if (!origFileName_.isEmpty())

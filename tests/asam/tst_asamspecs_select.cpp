@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QLabel>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMetaMethod>
 #include <QProcess>
 #include <QPushButton>
@@ -56,6 +57,9 @@ private Q_SLOTS:
     void ordersOfTheMetaObject();
     void remembersWhatTheCellHad();
     void takesAnExtensionNumber();
+    void twoDigitsFitInAnyFont_data();
+    void twoDigitsFitInAnyFont();
+    void keyboardGoesToTheFiles();
 
     void listsFilesBeforeThoseOfSubdirectories();
     void listsOnlyFilesWithTheName();
@@ -78,6 +82,7 @@ private Q_SLOTS:
     void fileThatIsNoneLeavesTheInstances();
     void pickedInstanceStays();
     void filledBeforeItShows();
+    void broughtBackIntoSightItKeepsWhatWasPicked();
 
     void otherAsksForAFile();
     void otherFileIsAddedBehindOther();
@@ -276,6 +281,34 @@ void tst_AsamspecsSelect::takesAnExtensionNumber()
 
 // ---- The list of files -------------------------------------------------------------------------
 
+void tst_AsamspecsSelect::twoDigitsFitInAnyFont_data()
+{
+    QTest::addColumn<int>("points");
+    for (const int points : {6, 9, 12, 16, 24, 48})
+        QTest::addRow("%d points", points) << points;
+}
+
+void tst_AsamspecsSelect::twoDigitsFitInAnyFont()
+{
+    QFETCH(int, points);
+    const QFont before = QApplication::font();
+    QFont font = before;
+    font.setPointSize(points);
+    QApplication::setFont(font);
+    m_dialog = std::make_unique<asamspecs_select>(QModelIndex(), m_window.get());
+    showFor(QString());
+    const auto* const line = dialog().extSpinBoxEdit()->findChild<QLineEdit*>();
+    const int text = line->fontMetrics().boundingRect(QStringLiteral("99")).width();
+    const int room = line->width();
+    QApplication::setFont(before);
+    QVERIFY2(text <= room, qPrintable(QStringLiteral("%1 > %2").arg(text).arg(room)));
+}
+
+void tst_AsamspecsSelect::keyboardGoesToTheFiles()
+{
+    QCOMPARE(dialog().focusProxy(), dialog().fileComboBox());
+}
+
 void tst_AsamspecsSelect::listsFilesBeforeThoseOfSubdirectories()
 {
     for (const char* const path : {"b/asam3_specs.1", "A/asam3_specs.2", "A/z/asam3_specs.3",
@@ -294,6 +327,7 @@ void tst_AsamspecsSelect::listsOnlyFilesWithTheName()
         QVERIFY(writeFile(QStringLiteral("/specs/") + QLatin1String(name), asamFile("ECM0")));
     QVERIFY(QDir().mkpath(QStringLiteral("/specs/asam3_specs.directory")));
     QVERIFY(makePipe(QStringLiteral("/specs/asam3_specs.pipe")));
+    QVERIFY(writeFile(QStringLiteral("/specs/.hidden/asam3_specs.1"), asamFile("ECM0")));
     showFor(QString());
     QCOMPARE(files(), QStringList({QStringLiteral("/specs/asam3_specs."),
                                    QStringLiteral("/specs/asam3_specs.a b"), OTHER}));
@@ -494,6 +528,20 @@ void tst_AsamspecsSelect::filledBeforeItShows()
     QCOMPARE(file(), ENGINE);
     QCOMPARE(instance(), QStringLiteral("ECM1:0"));
     QCOMPARE(dialog().extSpinBoxEdit()->value(), 7);
+}
+
+// By a window manager, which had put it out of sight.
+void tst_AsamspecsSelect::broughtBackIntoSightItKeepsWhatWasPicked()
+{
+    QVERIFY(writeFile(ENGINE, asamFile("ECM0 ECM1")));
+    showFor(ENGINE, QStringLiteral("ECM0:0"));
+    dialog().ecmComboBox()->setCurrentIndex(1);
+    const QRect place = dialog().geometry();
+    QShowEvent event;
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(&dialog(), &event);
+    QCOMPARE(instance(), QStringLiteral("ECM1:0"));
+    QCOMPARE(dialog().geometry(), place);
 }
 
 // ---- Another file ------------------------------------------------------------------------------
