@@ -34,13 +34,13 @@ bool isRegularFile(int descriptor)
     return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-// Null for what cannot be opened or is no regular file; opening does not wait for a pipe's writer.
-File openRegularFile(const char* filename)
+// Null for what cannot be opened; this does not wait for a pipe's writer.
+File openFile(const char* filename)
 {
     const int descriptor = open(filename, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (descriptor == -1)
         return {nullptr, fclose};
-    FILE* const stream = isRegularFile(descriptor) ? fdopen(descriptor, "r") : nullptr;
+    FILE* const stream = fdopen(descriptor, "r");
     if (stream == nullptr)
         close(descriptor);
     return {stream, fclose};
@@ -49,7 +49,9 @@ File openRegularFile(const char* filename)
 // False at the end of the file.
 bool readLine(FILE* file, Line& line)
 {
-    return get_next_line(file, line.data()) != -1;
+    const bool read = get_next_line(file, line.data()) != -1;
+    line.back() = '\0';
+    return read;
 }
 
 bool endsPart(const Line& line)
@@ -91,6 +93,7 @@ bool parseHead(const Line& line, Line& name)
     const int16_t tokens = parse_line(line.data(), MAX_TOKENS, MARVANE_LINE_SIZE, WITH_QUOTES,
                                       token.front().data(), token_type.data());
     name = token.front();
+    name.back() = '\0';
     return tokens == HEAD_TOKENS;
 }
 
@@ -127,10 +130,11 @@ short readSections(FILE* file, char (*ecmLists)[ASAM3_LIST_SIZE], int* numLists)
 short get_asam3_lists(const char* filename, char (*ecmLists)[ASAM3_LIST_SIZE], int* numLists)
 {
     *numLists = 0;
-    const File file = openRegularFile(filename);
+    const File file = openFile(filename);
     if (file == nullptr)
         return ASAM3_NO_FILE;
-    if (!readOpeningLines(file.get()) || !skipPreamble(file.get()))
+    if (!isRegularFile(fileno(file.get())) || !readOpeningLines(file.get()) ||
+        !skipPreamble(file.get()))
         return ASAM3_WRONG_FORM;
     return readSections(file.get(), ecmLists, numLists);
 }

@@ -14,7 +14,7 @@ enum { ASAM3_READ = 0, ASAM3_NO_FILE = -54, ASAM3_WRONG_FORM = 76 };
 // with that name. A name too long for its entry is cut so that the number fits behind it, and
 // counted as it was cut. Further sections are left out.
 //
-// ASAM3_NO_FILE is the result, with no entries, for what cannot be opened and for what is no
-// regular file: a pipe would be waited for, a device could answer without end. With
-// ASAM3_WRONG_FORM *numLists tells how many entries stood before the fault.
+// ASAM3_NO_FILE is the result, with no entries, for what cannot be opened. What is no regular file
+// has the wrong form and is not read: a pipe would be waited for, a device could answer without
+// end. With ASAM3_WRONG_FORM *numLists tells how many entries stood before the fault.
 short get_asam3_lists(const char* filename, char (*ecmLists)[ASAM3_LIST_SIZE], int* numLists);

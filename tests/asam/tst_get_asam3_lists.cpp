@@ -312,33 +312,35 @@ void tst_GetAsam3Lists::cutAtEveryByte()
 void tst_GetAsam3Lists::whatIsNoFile_data()
 {
     QTest::addColumn<QString>("path");
-    const auto row = [](const char* name, const char* path) {
-        QTest::newRow(name) << QString::fromLatin1(path);
+    QTest::addColumn<int>("result");
+    const auto row = [](const char* name, const char* path, int result) {
+        QTest::newRow(name) << QString::fromLatin1(path) << result;
     };
-    row("nothing there", "/specs/nothing");
-    row("an empty name", "");
-    row("a relative name that is nowhere", "Other");
-    row("a directory", "/specs");
-    row("a path through a file", "/specs/asam3_specs.test/x");
-    row("a device without end", "/dev/zero");
-    row("an empty device", "/dev/null");
-    row("a pipe that nobody writes", "/specs/pipe");
-    row("a link to a pipe", "/specs/link");
-    row("a link to nothing", "/specs/dangling");
-    row("a socket", "/specs/socket");
-    QTest::newRow("a path longer than any") << QString(1 << 16, QLatin1Char('/'));
+    row("nothing there", "/specs/nothing", NO_FILE);
+    row("an empty name", "", NO_FILE);
+    row("a relative name that is nowhere", "Other", NO_FILE);
+    row("a path through a file", "/specs/asam3_specs.test/x", NO_FILE);
+    row("a link to nothing", "/specs/dangling", NO_FILE);
+    row("a socket", "/specs/socket", NO_FILE);
+    row("a directory", "/specs", WRONG_FORM);
+    row("a device without end", "/dev/zero", WRONG_FORM);
+    row("an empty device", "/dev/null", WRONG_FORM);
+    row("a pipe that nobody writes", "/specs/pipe", WRONG_FORM);
+    row("a link to a pipe", "/specs/link", WRONG_FORM);
+    QTest::newRow("a path longer than any") << QString(1 << 16, QLatin1Char('/')) << NO_FILE;
 }
 
 void tst_GetAsam3Lists::whatIsNoFile()
 {
     QFETCH(QString, path);
+    QFETCH(int, result);
     QVERIFY(writeFile(FILE_NAME, asamFile("A")));
     QVERIFY(makePipe(QStringLiteral("/specs/pipe")));
     QVERIFY(makeSocket("/specs/socket"));
     QCOMPARE(symlink("/specs/pipe", "/specs/link"), 0);
     QCOMPARE(symlink("/specs/nothing", "/specs/dangling"), 0);
     const AsamLists lists = readLists(path);
-    QCOMPARE(lists.result, NO_FILE);
+    QCOMPARE(lists.result, result);
     QCOMPARE(lists.count, 0);
 }
 
