@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QRegExpValidator>
+#include <QScrollBar>
 #include <QSortFilterProxyModel>
 #include <QStandardItemModel>
 #include <algorithm>
@@ -105,6 +106,21 @@ QStringList unitsLike(const UNITS_NAME& named)
     return names;
 }
 
+// ---- Lists -------------------------------------------------------------------------------------
+
+// A list is as wide as its box, and shortens longer names in the middle. One name is measured for
+// all, since there may be thousands.
+void fitList(const QComboBox& comboBox, const QStringList& names)
+{
+    const auto isShorter = [](const QString& a, const QString& b) { return a.size() < b.size(); };
+    const auto longest = std::max_element(names.begin(), names.end(), isShorter);
+    if (longest == names.end())
+        return;
+    QAbstractItemView* const list = comboBox.view();
+    const int text = list->fontMetrics().horizontalAdvance(*longest + QLatin1String("WW"));
+    list->setMinimumWidth(text + list->verticalScrollBar()->sizeHint().width());
+}
+
 }  // namespace
 
 // ---- Construction ------------------------------------------------------------------------------
@@ -145,8 +161,7 @@ void VariableSelectionDialog::putProxyBehindVariables()
 }
 
 // The names are sorted, which lets the completer find the typed beginning among any number of them
-// at once; its list measures one line for all and lays out only what is seen at first. Return adds
-// a name of the user's own, and the combo box has then put it where it stands regardless of case.
+// at once; its list measures one line for all and lays out only what is seen at first.
 void VariableSelectionDialog::setupVariableLine()
 {
     QComboBox* const comboBox = ui->variableComboBox;
@@ -158,8 +173,8 @@ void VariableSelectionDialog::setupVariableLine()
         list->setLayoutMode(QListView::Batched);
     }
     comboBox->setCompleter(completer);
-    connect(comboBox->lineEdit(), &QLineEdit::returnPressed, proxy_,
-            [this] { proxy_->sort(0, Qt::AscendingOrder); });
+    connect(comboBox->lineEdit(), &QLineEdit::returnPressed, this,
+            &VariableSelectionDialog::sortInOwnName);
 }
 
 void VariableSelectionDialog::setupOptionalLine(const QString& optionalData,
@@ -301,7 +316,9 @@ void VariableSelectionDialog::fillGroups()
         if (varType.testFlag(QT_MARVANE_LOGICAL))
             groups.append(QStringLiteral("All Logical Variables"));
     }
-    ui->groupComboBox->addItems(groups + variables->keys());
+    groups.append(variables->keys());
+    ui->groupComboBox->addItems(groups);
+    fitList(*ui->groupComboBox, groups);
 }
 
 QStringList VariableSelectionDialog::allVariables() const
@@ -318,12 +335,25 @@ void VariableSelectionDialog::offerVariables(QStringList names)
 {
     std::sort(names.begin(), names.end());
     m_names->removeRows(0, m_names->rowCount());
+    proxy_->sort(-1);
     ui->variableComboBox->clearEditText();
     QList<QStandardItem*> items;
     items.reserve(names.size());
     for (const QString& name : qAsConst(names))
         items.append(new QStandardItem(name));
     m_names->invisibleRootItem()->appendRows(items);
+    m_sortedNames = m_names->rowCount();
+    fitList(*ui->variableComboBox, names);
+}
+
+// Return adds a name of the user's own, which the combo box puts where it stands regardless of
+// case.
+void VariableSelectionDialog::sortInOwnName()
+{
+    if (m_names->rowCount() == m_sortedNames)
+        return;
+    proxy_->sort(0, Qt::AscendingOrder);
+    m_sortedNames = m_names->rowCount();
 }
 
 // A text with colons is a variable with a suffix, which is shown whole; one with a full stop is a

@@ -54,6 +54,9 @@ public:
     // Those of the variable in the line, as the platform told them last.
     QString defaultUnits() const;
 
+    // The item whose data is the text in the line; -1 for none. The names have no data.
+    int indexOfSelectedVarName() const;
+
 Q_SIGNALS:
     void closeDialog();
     void mapParent();
@@ -82,6 +85,7 @@ private:
     void fillGroups();
     QStringList allVariables() const;
     void offerVariables(QStringList names);
+    void sortInOwnName();
     void showOriginal();
     void showPlainOriginal();
     void showMember(const QString& variable, const QString& member);
@@ -92,7 +96,6 @@ private:
     void offerMembers(const QStringList& members);
     void offerUnits();
     int indexOfUnits() const;
-    int indexOfSelectedVarName() const;
 
     std::unique_ptr<Ui::VariableSelectionDialog> ui;
     QT_MARVANE_VAR_TYPE varType;
@@ -100,6 +103,7 @@ private:
     std::shared_ptr<const VariablesByGroup> variables;
     QStandardItemModel* m_names = nullptr;  // what variableComboBox holds, behind the proxy
     QSortFilterProxyModel* proxy_ = nullptr;
+    int m_sortedNames = 0;
     UNITS_NAME m_units{};
     UNITS_NAME default_units{};
     bool initializingClass = false;  // the slots do nothing meanwhile

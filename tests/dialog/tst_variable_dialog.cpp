@@ -66,6 +66,7 @@ class TestVariableDialog : public DialogTest {
 
 private Q_SLOTS:
     void form();
+    void rowOfButtons();
     void fieldsOfTheForm_data();
     void fieldsOfTheForm();
     void greyGroupThatIsNoTextLine();
@@ -74,6 +75,7 @@ private Q_SLOTS:
     void completesTheVariable();
     void completionKnowsTheCase();
     void lengthOfANameDoesNotWidenTheDialog();
+    void listsShowWholeNames();
 
     void groupsOnOffer_data();
     void groupsOnOffer();
@@ -120,9 +122,16 @@ private Q_SLOTS:
 
     void labelThatFillsItsField();
     void unitsThatFillTheirField();
+    void ownUnitsThatFillTheirField();
+    void ownUnitsAreTheSameInAnyCase();
+    void namesOfTheListHaveNoData();
 
     void besideItsCell();
     void withoutAParent();
+
+private:
+    // Wherever the platform's library looks them up.
+    void replaceUnits(const QByteArray& units, const QByteArray& by);
 };
 
 // ---- The form ----------------------------------------------------------------------------------
@@ -140,6 +149,16 @@ void TestVariableDialog::form()
     QVERIFY(!dialog().isSizeGripEnabled());
     QCOMPARE(okButton().text(), QStringLiteral("Ok"));
     QCOMPARE(cancelButton().text(), QStringLiteral("Cancel"));
+}
+
+void TestVariableDialog::rowOfButtons()
+{
+    QCOMPARE(make(QT_MARVANE_ANY).size(), QSize(375, 164));
+    const auto* const row = dialog().findChild<QHBoxLayout*>(QStringLiteral("horizontalLayout"));
+    QCOMPARE(row->spacing(), 0);
+    QCOMPARE(row->itemAt(0)->sizeHint(), QSize(120, 20));
+    QCOMPARE(row->itemAt(1)->widget(), &okButton());
+    QCOMPARE(row->itemAt(2)->widget(), &cancelButton());
 }
 
 void TestVariableDialog::fieldsOfTheForm_data()
@@ -254,6 +273,20 @@ void TestVariableDialog::lengthOfANameDoesNotWidenTheDialog()
     Master_variables.reset();
     QCOMPARE(open(QT_MARVANE_ANY).sizeHint(), hint);
     QVERIFY(itemsOf(variables()).contains(longest));
+}
+
+void TestVariableDialog::listsShowWholeNames()
+{
+    const QString longest(80, QLatin1Char('w'));
+    QVERIFY(m_platform->overwrite("AI_REAL_MEM", 64, longest.toLatin1()));
+    Master_variables.reset();
+    open(QT_MARVANE_ANY);
+    for (QComboBox* const comboBox : {&groups(), &variables()}) {
+        comboBox->showPopup();
+        QTRY_VERIFY(comboBox->view()->isVisible());
+        QVERIFY(comboBox->view()->viewport()->width() >= comboBox->view()->sizeHintForColumn(0));
+        comboBox->hidePopup();
+    }
 }
 
 // ---- What is on offer --------------------------------------------------------------------------
@@ -834,16 +867,49 @@ void TestVariableDialog::labelThatFillsItsField()
     QCOMPARE(dialog().subText(), QString());
 }
 
+void TestVariableDialog::replaceUnits(const QByteArray& units, const QByteArray& by)
+{
+    const QByteArray directory = directoryOfPlatform();
+    int place = 0;
+    while ((place = directory.indexOf(units.leftJustified(16, '\0'), place)) != -1)
+        QVERIFY(m_platform->overwrite("directory", place++, by));
+}
+
 void TestVariableDialog::unitsThatFillTheirField()
 {
     const QByteArray units16 = "ABCDEFGHIJKLMNOP";
     make(QT_MARVANE_ANY);
-    const QByteArray directory = directoryOfPlatform();
-    int place = 0;
-    while ((place = directory.indexOf(QByteArray("HZ").leftJustified(16, '\0'), place)) != -1)
-        QVERIFY(m_platform->overwrite("directory", place++, units16));
+    replaceUnits("HZ", units16);
     show(QStringLiteral("engine_speed"));
     QCOMPARE(itemsOf(units()), lines({"RPM", units16.constData(), "RAD/S"}));
+}
+
+void TestVariableDialog::ownUnitsThatFillTheirField()
+{
+    const QByteArray units16 = "ABCDEFGHIJKLMNOP";
+    make(QT_MARVANE_ANY);
+    replaceUnits("RPM", units16);
+    show(QStringLiteral("engine_speed"));
+    QCOMPARE(dialog().defaultUnits(), QString::fromLatin1(units16));
+    QCOMPARE(units().itemText(0), QString::fromLatin1(units16));
+}
+
+// The platform tells them in the variable's record and again among those of their dimension.
+void TestVariableDialog::ownUnitsAreTheSameInAnyCase()
+{
+    make(QT_MARVANE_ANY);
+    replaceUnits("RPM", "rpm");
+    show(QStringLiteral("engine_speed"));
+    QCOMPARE(itemsOf(units()).filter(QStringLiteral("rpm"), Qt::CaseInsensitive).size(), 1);
+    QCOMPARE(units().count(), 3);
+}
+
+void TestVariableDialog::namesOfTheListHaveNoData()
+{
+    open(QT_MARVANE_ANY, QStringLiteral("oil_temp"));
+    QCOMPARE(dialog().indexOfSelectedVarName(), -1);
+    variables().setItemData(3, QStringLiteral("oil_temp"));
+    QCOMPARE(dialog().indexOfSelectedVarName(), 3);
 }
 
 // ---- Its place ---------------------------------------------------------------------------------
