@@ -7,6 +7,8 @@
 #include <QSettings>
 #include <QSize>
 #include <QTreeView>
+#include <algorithm>
+#include <array>
 
 #include "mainwindow.h"
 #include "preferences.h"
@@ -14,6 +16,16 @@
 namespace {
 
 const auto SETTINGS_DIRECTORY = QStringLiteral("/specs/qt");
+
+// What the toolkit opens there: the settings, those that it falls back to, and the lock it writes.
+constexpr std::array<const char*, 3> SETTINGS_FILES{"ScribonUI/preferences.conf", "ScribonUI.conf",
+                                                    "ScribonUI/preferences.conf.lock"};
+
+bool isSomethingElse(const char* name)
+{
+    const QFileInfo file(SETTINGS_DIRECTORY + QLatin1Char('/') + QLatin1String(name));
+    return file.exists() && !file.isFile();
+}
 
 // The settings of all users of the cell, in a folder beside their spec files.
 class CellSettings {
@@ -30,13 +42,13 @@ public:
     QSettings* operator->() { return m_settings.get(); }
 
 private:
-    // Below a device there is no file: what stands in the settings' place and is none, a pipe say,
-    // would be waited for.
+    // Below a device there is no file: what stands in a file's place and is none, a pipe say, would
+    // be waited for.
     static QString directory()
     {
-        const QFileInfo file(SETTINGS_DIRECTORY + QStringLiteral("/ScribonUI/preferences.conf"));
-        const bool isSomethingElse = file.exists() && !file.isFile();
-        return isSomethingElse ? QStringLiteral("/dev/null") : SETTINGS_DIRECTORY;
+        const bool usable =
+            std::none_of(SETTINGS_FILES.begin(), SETTINGS_FILES.end(), isSomethingElse);
+        return usable ? SETTINGS_DIRECTORY : QStringLiteral("/dev/null");
     }
 
     static void usePath()
