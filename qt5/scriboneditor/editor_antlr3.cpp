@@ -242,8 +242,7 @@ int appGrammerMaxType()
     return TOKEN_YESNO_DECL;
 }
 
-// ---- Error recovery
-// ------------------------------------------------------------------------------
+// ---- Error recovery ----------------------------------------------------------------------------
 
 void AntlrErrorHandler(pANTLR3_BASE_RECOGNIZER recognizer)
 {
