@@ -101,7 +101,6 @@ private Q_SLOTS:
     void uselessFile_data();
     void uselessFile();
     void unreadableFile();
-    void pipeInPlaceOfTheFile();
     void hugeFontsDoNoHarm_data();
     void hugeFontsDoNoHarm();
     void editorFontBecomesTheApplications();
@@ -302,18 +301,6 @@ void tst_Settings::unreadableFile()
     m_window->readSettings();
     QCOMPARE(factsOf(*m_window), defaultFacts());
     QVERIFY(m_dialogs->boxes.isEmpty());
-}
-
-// Opening one would wait for its other end.
-void tst_Settings::pipeInPlaceOfTheFile()
-{
-    QVERIFY(writeSettingsLines(otherSettings()));
-    QVERIFY(QFile::remove(settingsPath()));
-    QVERIFY(makePipe(settingsPath()));
-    m_window->readSettings();
-    QCOMPARE(m_window->syntaxColor(), QColor(Qt::red));
-    m_window->close();
-    QVERIFY(QFile::exists(settingsPath()));
 }
 
 void tst_Settings::hugeFontsDoNoHarm_data()

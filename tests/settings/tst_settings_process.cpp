@@ -1,0 +1,167 @@
+// The settings file beside the real program: when it is read and when it is written, and what
+// stands in its place and is no file.
+
+#include <QColor>
+#include <QFile>
+#include <QPoint>
+#include <QSize>
+#include <QTest>
+#include <memory>
+
+#include "desk_process.h"
+#include "editor_process.h"
+#include "places.h"
+#include "settings_file.h"
+
+namespace {
+
+const auto EMPTY = QStringLiteral("Scribon Specification Editor:Empty File");
+const auto CANNOT_READ = QStringLiteral("Scribon Specification Editor");
+
+bool writeSomeSettings()
+{
+    return writeSettingsLines(
+        "pos=@Point(31 47)\n"
+        "size=@Size(812 723)\n"
+        "syntaxfgcolor=#0000ff\n"
+        "editorFont=DejaVu Serif\n"
+        "editorFontSize=15\n");
+}
+
+// Nothing when there are none.
+QByteArray settings()
+{
+    return QFile::exists(settingsPath()) ? readFile(settingsPath()) : QByteArray();
+}
+
+}  // namespace
+
+class tst_SettingsProcess : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void windowIsAsItWasLeft();
+    void fileOfTheCommandLineComesFirst();
+    void pipeIsNotRead_data();
+    void pipeIsNotRead();
+    void pipeIsNotWritten_data();
+    void pipeIsNotWritten();
+
+private:
+    bool isShown();
+    bool closes();
+    void compareWithWhatIsLeft();
+
+    std::unique_ptr<DeskProcess> m_desk;
+    std::unique_ptr<EditorProcess> m_editor;
+};
+
+void tst_SettingsProcess::initTestCase()
+{
+    QVERIFY2(inPrivateNamespace(), "run this through scripts/in-namespace");
+}
+
+void tst_SettingsProcess::init()
+{
+    emptyPlaces();
+    m_desk = std::make_unique<DeskProcess>();
+    QVERIFY(m_desk->start(qEnvironmentVariable("SCRIBON_EXAMPLES") +
+                          QStringLiteral("/catalogue.json")));
+    m_editor = std::make_unique<EditorProcess>();
+}
+
+void tst_SettingsProcess::cleanup()
+{
+    m_editor.reset();
+    m_desk.reset();
+}
+
+bool tst_SettingsProcess::isShown()
+{
+    return !m_editor->window(EMPTY).isEmpty();
+}
+
+bool tst_SettingsProcess::closes()
+{
+    m_editor->ask(QStringLiteral("close"));
+    return m_editor->waitForEnd() && m_editor->endedHow() == QProcess::NormalExit;
+}
+
+// The file goes before the window does, so that what is there afterwards is how the window was.
+void tst_SettingsProcess::compareWithWhatIsLeft()
+{
+    QVERIFY(QFile::remove(settingsPath()));
+    QVERIFY(closes());
+    QCOMPARE(stored(QStringLiteral("pos")), QVariant(QPoint(31, 47)));
+    QCOMPARE(stored(QStringLiteral("size")), QVariant(QSize(812, 723)));
+    QCOMPARE(stored(QStringLiteral("syntaxfgcolor")).value<QColor>(), QColor(Qt::blue));
+    QCOMPARE(stored(QStringLiteral("editorFont")).toString(), QStringLiteral("DejaVu Serif"));
+    QCOMPARE(stored(QStringLiteral("editorFontSize")).toInt(), 15);
+}
+
+void tst_SettingsProcess::windowIsAsItWasLeft()
+{
+    QVERIFY(writeSomeSettings());
+    QVERIFY(m_editor->start());
+    QVERIFY(isShown());
+    compareWithWhatIsLeft();
+}
+
+// While the box says that the file cannot be read, the settings have not been.
+void tst_SettingsProcess::fileOfTheCommandLineComesFirst()
+{
+    QVERIFY(m_editor->start({QStringLiteral("none")}));
+    const QJsonObject box = m_editor->window(CANNOT_READ);
+    QVERIFY(box.value(QLatin1String("text")).toString().startsWith(QLatin1String("Cannot read")));
+    QVERIFY(writeSomeSettings());
+    m_editor->ask(QStringLiteral("press ok"));
+    QVERIFY(isShown());
+    compareWithWhatIsLeft();
+}
+
+void tst_SettingsProcess::pipeIsNotRead_data()
+{
+    QTest::addColumn<QString>("path");
+
+    QTest::newRow("for the settings") << settingsPath();
+    QTest::newRow("for those that the toolkit falls back to")
+        << QStringLiteral("/specs/qt/ScribonUI.conf");
+    QTest::newRow("for the lock") << settingsPath() + QStringLiteral(".lock");
+}
+
+// Opening one would wait for its other end.
+void tst_SettingsProcess::pipeIsNotRead()
+{
+    QFETCH(QString, path);
+    QVERIFY(writeSomeSettings());
+    QFile::remove(path);
+    QVERIFY(makePipe(path));
+    QVERIFY(m_editor->start());
+    QVERIFY(isShown());
+}
+
+void tst_SettingsProcess::pipeIsNotWritten_data()
+{
+    pipeIsNotRead_data();
+}
+
+void tst_SettingsProcess::pipeIsNotWritten()
+{
+    QFETCH(QString, path);
+    QVERIFY(m_editor->start());
+    QVERIFY(isShown());
+    QVERIFY(writeSomeSettings());
+    QFile::remove(path);
+    const QByteArray before = settings();
+    QVERIFY(makePipe(path));
+    QVERIFY(closes());
+    QVERIFY(QFile::remove(path));
+    QCOMPARE(settings(), before);
+}
+
+QTEST_GUILESS_MAIN(tst_SettingsProcess)
+#include "tst_settings_process.moc"
