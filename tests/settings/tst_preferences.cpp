@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QFontComboBox>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -19,6 +20,7 @@ namespace {
 const auto SANS = QStringLiteral("DejaVu Sans");
 const auto SERIF = QStringLiteral("DejaVu Serif");
 const auto MISSING = QStringLiteral("No Such Family");
+const auto SPACER = QStringLiteral("a spacer");
 
 template <typename Widget>
 Widget* part(const QWidget* dialog, const char* name)
@@ -46,9 +48,41 @@ void setSize(const QDialog* dialog, int size)
     part<QSpinBox>(dialog, "editorFontSize")->setValue(size);
 }
 
+// The dialog of colours comes with the press already.
 void pressColorButton(const QDialog* dialog)
 {
-    part<QPushButton>(dialog, "syntaxErrorColorButton")->click();
+    QTest::mousePress(part<QPushButton>(dialog, "syntaxErrorColorButton"), Qt::LeftButton);
+}
+
+// The parts of a layout in their order, with those of a layout in it behind its name.
+QStringList partsOf(QLayout* layout)
+{
+    QStringList names{layout->objectName()};
+    for (int i = 0; i < layout->count(); ++i) {
+        QLayoutItem* const item = layout->itemAt(i);
+        if (item->layout() != nullptr)
+            names += partsOf(item->layout());
+        else
+            names += item->widget() == nullptr ? SPACER : item->widget()->objectName();
+    }
+    return names;
+}
+
+// The place of a part in the dialog.
+QRect placeOf(const QWidget* dialog, const char* name)
+{
+    const auto* const found = part<QWidget>(dialog, name);
+    return {found->mapTo(dialog, QPoint()), found->size()};
+}
+
+bool isAbove(const QRect& upper, const QRect& lower)
+{
+    return upper.bottom() < lower.top();
+}
+
+bool isLeftOf(const QRect& left, const QRect& right)
+{
+    return left.right() < right.left();
 }
 
 void chooseIn(QDialog* dialog, const QColor& color)
@@ -99,6 +133,8 @@ class tst_Preferences : public WindowTest {
 private Q_SLOTS:
     void formIsAsDescribed();
     void partsInOrder();
+    void rowsAndColumns();
+    void spacerBeforeTheColor();
     void textsOfTheForm();
     void nothingIsCutOff_data();
     void nothingIsCutOff();
@@ -161,27 +197,49 @@ void tst_Preferences::formIsAsDescribed()
 
 void tst_Preferences::partsInOrder()
 {
-    Preferences dialog;
-    QStringList names;
-    for (const QObject* const child : dialog.findChildren<QObject*>()) {
-        if (!child->objectName().isEmpty() && !child->objectName().startsWith(QLatin1String("qt_")))
-            names.append(child->objectName());
-    }
-    names.sort(Qt::CaseInsensitive);
-    const QStringList expected{QStringLiteral("buttonBox"),
-                               QStringLiteral("ColorLabel"),
-                               QStringLiteral("editorFontComboBox"),
-                               QStringLiteral("editorFontSize"),
+    const Preferences dialog;
+    const QStringList expected{QStringLiteral("verticalLayout_2"),
                                QStringLiteral("horizontalLayout"),
-                               QStringLiteral("horizontalLayout_3"),
-                               QStringLiteral("label"),
-                               QStringLiteral("label_3"),
-                               QStringLiteral("syntaxErrorColorButton"),
                                QStringLiteral("verticalLayout"),
-                               QStringLiteral("verticalLayout_2"),
-                               QStringLiteral("verticalLayout_4")};
-    QCOMPARE(names, expected);
-    QCOMPARE(dialog.layout()->objectName(), QStringLiteral("verticalLayout_2"));
+                               QStringLiteral("label"),
+                               QStringLiteral("editorFontComboBox"),
+                               QStringLiteral("verticalLayout_4"),
+                               QStringLiteral("label_3"),
+                               QStringLiteral("editorFontSize"),
+                               QStringLiteral("horizontalLayout_3"),
+                               QStringLiteral("syntaxErrorColorButton"),
+                               SPACER,
+                               QStringLiteral("ColorLabel"),
+                               QStringLiteral("buttonBox")};
+    QCOMPARE(partsOf(dialog.layout()), expected);
+}
+
+void tst_Preferences::rowsAndColumns()
+{
+    Preferences dialog;
+    dialog.show();
+    const QRect font = placeOf(&dialog, "editorFontComboBox");
+    const QRect size = placeOf(&dialog, "editorFontSize");
+    const QRect button = placeOf(&dialog, "syntaxErrorColorButton");
+    const QRect color = placeOf(&dialog, "ColorLabel");
+    QVERIFY(isAbove(placeOf(&dialog, "label"), font));
+    QVERIFY(isAbove(placeOf(&dialog, "label_3"), size));
+    QVERIFY(isLeftOf(font, size));
+    QVERIFY(isLeftOf(placeOf(&dialog, "label"), placeOf(&dialog, "label_3")));
+    QVERIFY(isAbove(font, button) && isAbove(size, color));
+    QVERIFY(isLeftOf(button, color));
+    QVERIFY(isAbove(button, placeOf(&dialog, "buttonBox")));
+    QVERIFY(isAbove(color, placeOf(&dialog, "buttonBox")));
+}
+
+void tst_Preferences::spacerBeforeTheColor()
+{
+    const Preferences dialog;
+    const auto* const row = dialog.findChild<QLayout*>(QStringLiteral("horizontalLayout_3"));
+    const QSpacerItem* const spacer = row->itemAt(1)->spacerItem();
+    QVERIFY(spacer != nullptr);
+    QCOMPARE(spacer->sizeHint(), QSize(20, 20));
+    QVERIFY(spacer->expandingDirections() == Qt::Horizontal);
 }
 
 void tst_Preferences::textsOfTheForm()
