@@ -1,5 +1,7 @@
 // The Help menu of the window: the platform's version, the About boxes, and the ways to help.
 
+#include <QTranslator>
+
 #include "help_viewer.h"
 #include "marvane_headers.h"
 #include "window_test.h"
@@ -18,6 +20,24 @@ private:
     const char* const m_own = MARVANE_VER;
 };
 
+// Knows the texts of the About box.
+class Translation : public QTranslator {
+public:
+    Translation() { QCoreApplication::installTranslator(this); }
+
+    QString translate(const char* context, const char* text, const char* /*disambiguation*/,
+                      int /*n*/) const override
+    {
+        if (QLatin1String(context) != QLatin1String("MainWindow"))
+            return {};
+        if (QLatin1String(text) == QLatin1String("About Scribon Specification Editor"))
+            return QStringLiteral("The editor");
+        return QLatin1String(text).startsWith(QLatin1String("The <b>"))
+                   ? QStringLiteral("This is version %1.")
+                   : QString();
+    }
+};
+
 }  // namespace
 
 class tst_About : public WindowTest {
@@ -27,6 +47,7 @@ private Q_SLOTS:
     void versionNumber_data();
     void versionNumber();
     void aboutBox();
+    void aboutBoxIsTranslated();
     void aboutQtBox();
     void actionsAreConnected_data();
     void actionsAreConnected();
@@ -86,6 +107,16 @@ void tst_About::aboutBox()
                  "under the <a href=\"file:///usr/local/share/doc/marvane/qt/scriboneditor/"
                  "LICENSE\">MIT License</a>."));
     QCOMPARE(box.parent, m_window.get());
+}
+
+void tst_About::aboutBoxIsTranslated()
+{
+    const OtherVersion version("$Version: E-7.0.23   $");
+    const Translation translation;
+    m_window->about();
+    QCOMPARE(m_dialogs->boxes.size(), 1);
+    QCOMPARE(m_dialogs->boxes.first().title, QStringLiteral("The editor"));
+    QCOMPARE(m_dialogs->boxes.first().text, QStringLiteral("This is version E-7.0.23 ."));
 }
 
 void tst_About::aboutQtBox()
