@@ -107,6 +107,19 @@ void typeAndEraseInDialog(benchmark::State& state)
 }
 BENCHMARK(typeAndEraseInDialog)->Apply(measure);
 
+// Return behind a name of the list. The combo box itself looks through all items for it.
+void endNameInDialog(benchmark::State& state)
+{
+    allNames(variablesOf(state));
+    QWidget parent;
+    const auto dialog = shownDialog(&parent, QStringLiteral("cell_variable_500"));
+    QLineEdit* const line = dialog->variableComboBox()->lineEdit();
+    line->setFocus();
+    for (auto _ : state)
+        press(line, Qt::Key_Return, QString());
+}
+BENCHMARK(endNameInDialog)->Apply(measure);
+
 }  // namespace
 
 int main(int argc, char** argv)
