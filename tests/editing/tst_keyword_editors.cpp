@@ -25,6 +25,14 @@ QString firstGroup(const QWidget* dialog)
     return partOf<QComboBox>(dialog, "groupComboBox")->itemText(0);
 }
 
+// The keywords of lists that may stand on this tab, too, with a variable for their value.
+void addListKeywords()
+{
+    QTest::addColumn<QByteArray>("keyword");
+    for (const char* const keyword : {"@SCAN_LIST", "@META_DATA", "@SCAN_LIST_AUX_USER"})
+        QTest::newRow(keyword) << QByteArray(keyword);
+}
+
 }  // namespace
 
 class TestKeywordEditors : public EditingTest {
@@ -62,8 +70,14 @@ private Q_SLOTS:
     void variableIsShownTrimmed();
     void variableThatIsNoneStandsInTheLine();
     void pickedVariableIsStored();
+    void variableOfAListIsShown_data() { addListKeywords(); }
+    void variableOfAListIsShown();
+    void pickedVariableOfAListIsStored_data() { addListKeywords(); }
+    void pickedVariableOfAListIsStored();
     void intervalFillsTheOptionalLine();
     void variableInPlaceOfAnIntervalIsChosen();
+    void intervalThatBeginsWithNoDigitIsAVariable_data();
+    void intervalThatBeginsWithNoDigitIsAVariable();
     void intervalOrVariableIsStored_data();
     void intervalOrVariableIsStored();
     void pathFillsTheOptionalLine();
@@ -78,7 +92,8 @@ private Q_SLOTS:
 
     void eventOfAnAverageShowsItsText_data();
     void eventOfAnAverageShowsItsText();
-    void secondValueOfNoKeywordOpensEmpty();
+    void secondValueOfATextOpens_data();
+    void secondValueOfATextOpens();
 
 private:
     // The dialog of a keyword's value, in a document with these two variables in it.
@@ -521,6 +536,34 @@ void TestKeywordEditors::pickedVariableIsStored()
     QCOMPARE(stack()->count(), 1);
 }
 
+void TestKeywordEditors::variableOfAListIsShown()
+{
+    QFETCH(QByteArray, keyword);
+    auto* const dialog = dialogOf(keyword.constData(), text(" eng_speed "));
+    const QComboBox* const comboBox = dialog->variableComboBox();
+    QCOMPARE(comboBox->currentText(), text("eng_speed"));
+    QCOMPARE(comboBox->currentIndex(), comboBox->findText(text("eng_speed")));
+    QVERIFY(!dialog->lineEdit()->isVisible());
+    cancelDialog(dialog);
+    QCOMPARE(cell(DE_TAB1, 1, 1).data().toString(), text(" eng_speed "));
+    QCOMPARE(stack()->count(), 0);
+}
+
+void TestKeywordEditors::pickedVariableOfAListIsStored()
+{
+    QFETCH(QByteArray, keyword);
+    auto* const dialog = dialogOf(keyword.constData(), text("eng_speed"));
+    dialog->variableComboBox()->setFocus();
+    pick(dialog->variableComboBox(), text("scan_number"));
+    QCOMPARE(stack()->count(), 0);
+    acceptDialog(dialog);
+    const QModelIndex value = cell(DE_TAB1, 1, 1);
+    QCOMPARE(value.data().toString(), text("scan_number"));
+    QCOMPARE(stack()->count(), 1);
+    stack()->undo();
+    QCOMPARE(value.data().toString(), text("eng_speed"));
+}
+
 void TestKeywordEditors::intervalFillsTheOptionalLine()
 {
     auto* const dialog = dialogOf("@SCAN_INTERVAL", text("10[msec]"));
@@ -538,6 +581,29 @@ void TestKeywordEditors::variableInPlaceOfAnIntervalIsChosen()
     QCOMPARE(dialog->variableComboBox()->currentText(), text("scan_number"));
     acceptDialog(dialog);
     QCOMPARE(cell(DE_TAB1, 1, 1).data().toString(), text("scan_number"));
+}
+
+void TestKeywordEditors::intervalThatBeginsWithNoDigitIsAVariable_data()
+{
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("a blank") << text(" 10[sec]") << text("10[sec]");
+    QTest::newRow("a sign") << text("-10[sec]") << text("-10[sec]");
+    QTest::newRow("a digit of another script")
+        << QStringLiteral("\u0663[sec]") << QStringLiteral("\u0663[sec]");
+}
+
+// Its first byte tells it; a variable is shown without the blanks around it.
+void TestKeywordEditors::intervalThatBeginsWithNoDigitIsAVariable()
+{
+    QFETCH(QString, value);
+    QFETCH(QString, shown);
+    auto* const dialog = dialogOf("@SCAN_INTERVAL", value);
+    QCOMPARE(dialog->lineEdit()->text(), QString());
+    QCOMPARE(dialog->optionalText(), QString());
+    QCOMPARE(dialog->variableComboBox()->currentText(), shown);
+    acceptDialog(dialog);
+    QCOMPARE(cell(DE_TAB1, 1, 1).data().toString(), shown);
 }
 
 void TestKeywordEditors::intervalOrVariableIsStored_data()
@@ -688,14 +754,29 @@ void TestKeywordEditors::eventOfAnAverageShowsItsText()
     QCOMPARE(second.data().toString(), text("other"));
 }
 
-void TestKeywordEditors::secondValueOfNoKeywordOpensEmpty()
+void TestKeywordEditors::secondValueOfATextOpens_data()
 {
-    show(ONE_KEYWORD + "\n@RUNNING_AVERAGE\n30[sec] event\n");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("shown");
+    for (const char* const keyword : {"@START_EVENT", "@GET_NEW_SCAN_INTERVAL"})
+        QTest::newRow(keyword) << text(keyword) << text(keyword);
+    for (const char* const other :
+         {"event", "any thing", "FILLER_TXT", "@MODE", "@RUNNING_AVERAGE", "# a note"})
+        QTest::newRow(other) << text(other) << QString();
+}
+
+// The keyword of an event is shown; everything else has to be typed anew.
+void TestKeywordEditors::secondValueOfATextOpens()
+{
+    QFETCH(QString, value);
+    QFETCH(QString, shown);
+    show(ONE_KEYWORD + "\n@RUNNING_AVERAGE\n30[sec] start\n");
     edit(DE_TAB1, 1, 0, text("Some text"));
+    edit(DE_TAB1, 1, 2, value);
     const QModelIndex second = cell(DE_TAB1, 1, 2);
     const auto* const line = openAs<QLineEdit>(second);
     QVERIFY(line != nullptr);
-    QCOMPARE(line->text(), QString());
+    QCOMPARE(line->text(), shown);
     typeOver(text("other"));
     press(Qt::Key_Return);
     QCOMPARE(second.data().toString(), text("other"));
