@@ -239,7 +239,7 @@ int appGrammerMinType()
 
 int appGrammerMaxType()
 {
-    return TOKEN_YESNO_DECL;
+    return TOKEN_TYPE_COUNT - 1;
 }
 
 // ---- Error recovery ----------------------------------------------------------------------------
