@@ -96,8 +96,8 @@ void tst_SettingsProcess::compareWithWhatIsLeft()
 {
     QVERIFY(QFile::remove(settingsPath()));
     QVERIFY(closes());
-    QCOMPARE(stored(QStringLiteral("pos")), QVariant(QPoint(31, 47)));
-    QCOMPARE(stored(QStringLiteral("size")), QVariant(QSize(812, 723)));
+    QCOMPARE(stored(QStringLiteral("pos")).toPoint(), QPoint(31, 47));
+    QCOMPARE(stored(QStringLiteral("size")).toSize(), QSize(812, 723));
     QCOMPARE(stored(QStringLiteral("syntaxfgcolor")).value<QColor>(), QColor(Qt::blue));
     QCOMPARE(stored(QStringLiteral("editorFont")).toString(), QStringLiteral("DejaVu Serif"));
     QCOMPARE(stored(QStringLiteral("editorFontSize")).toInt(), 15);
