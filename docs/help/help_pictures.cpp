@@ -101,6 +101,8 @@ private:
     void takeCell(const QModelIndex& index, const QString& name, const QString& typed);
     void takeEditors();
     void takeDialog(int tab, const QModelIndex& index, const QString& name);
+    void takeChangedDialog(int tab, const QModelIndex& index, const QString& text,
+                           const QString& name);
     void takeDialogs();
     void takePreferences();
     std::function<QRect()> tablePlace(int tab, int height) const;
@@ -280,6 +282,15 @@ void Photographer::takeDialog(int tab, const QModelIndex& index, const QString& 
     }
 }
 
+// Of a list's row whose first cell has another text than in the example.
+void Photographer::takeChangedDialog(int tab, const QModelIndex& index, const QString& text,
+                                     const QString& name)
+{
+    view(tab)->model()->setData(index.siblingAtColumn(1), text);
+    takeDialog(tab, index, name);
+    open(QStringLiteral("scrib_full"));
+}
+
 void Photographer::takeDialogs()
 {
     takeDialog(DE_TAB2, cell(DE_TAB2, 1, QStringLiteral("N_ENG"), 3),
@@ -288,7 +299,12 @@ void Photographer::takeDialogs()
     takeDialog(DE_TAB1, statement("@OUTPUT_PATH", 1), QStringLiteral("editor_variable_path"));
     takeDialog(DE_TAB3, cell(DE_TAB3, 2, QStringLiteral("FUEL_NAME"), 1),
                QStringLiteral("editor_variable_literal"));
-    takeDialog(DE_TAB5, cell(DE_TAB5, 2, QStringLiteral("2"), 1), QStringLiteral("editor_ecm"));
+    takeChangedDialog(DE_TAB2, cell(DE_TAB2, 1, QStringLiteral("N_ENG_AVG"), 3),
+                      QStringLiteral("eng_speed_stat.AV"),
+                      QStringLiteral("editor_variable_member"));
+    // Two digits show how much room the number has.
+    takeChangedDialog(DE_TAB5, cell(DE_TAB5, 2, QStringLiteral("2"), 1), QStringLiteral("12"),
+                      QStringLiteral("editor_ecm"));
 }
 
 // The dialog waits for its end while it is shown.
