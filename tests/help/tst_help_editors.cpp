@@ -1,18 +1,24 @@
-// What the help says about the editors of the Keywords tab, held against the editors.
+// What the help says about the editors and what they take over, held against the editors.
 
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
+#include <QUndoGroup>
+#include <QUndoStack>
 #include <QtTest>
 
 #include "help_collection.h"
 #include "scribon_keywords.h"
+#include "variableselectiondialog.h"
 #include "window_test.h"
 
 namespace {
 
 constexpr int KEYWORD = 0;
 constexpr int VALUE = 1;
+constexpr int FIRST_LIST_ROW = 1;  // below the section's keyword
+constexpr int FIRST_LIST_COLUMN = 1;
 
 QString pageOf(const QString& keyword)
 {
@@ -53,9 +59,22 @@ private Q_SLOTS:
     void linesAcceptWhatTheHelpSays_data();
     void linesAcceptWhatTheHelpSays();
     void numbersHaveTheLimitsThatTheHelpSays();
+    void commentRowsOpenWhatTheHelpSays_data();
+    void commentRowsOpenWhatTheHelpSays();
+    void listsTakeOverTheirFirstEntryAsTheHelpSays_data();
+    void listsTakeOverTheirFirstEntryAsTheHelpSays();
+    void variablesBecomeOfCommentsAsTheHelpSays_data();
+    void variablesBecomeOfCommentsAsTheHelpSays();
+    void commentIsTypedIntoTheListAsTheHelpSays();
+    void literalsAreJudgedAsTheHelpSays_data();
+    void literalsAreJudgedAsTheHelpSays();
 
 private:
     void loadFullExample();
+    void showComments();
+    QWidget* openEditor(const QModelIndex& index);
+    void leaveEditor(const QModelIndex& index);
+    QString textOfPage(const char* page);
     QModelIndex valueOf(const QString& keyword);
     int codeAfterTyping(const QString& keyword, const QString& text);
 
@@ -189,6 +208,263 @@ void tst_HelpEditors::numbersHaveTheLimitsThatTheHelpSays()
         const QString text = m_help.page(QLatin1String(page)).text;
         QVERIFY2(text.contains(said), qPrintable(text));
     }
+}
+
+// ---- Comment rows and texts that are not on offer ----------------------------------------------
+
+// The full example, with a comment as the first row of each list.
+void tst_HelpEditors::showComments()
+{
+    QFile file(qEnvironmentVariable("SCRIBON_EXAMPLES") + QStringLiteral("/scrib_full"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QByteArray text = file.readAll();
+    for (const char* const list : {"@META_DATA\n", "@SCAN_LIST_AUX_USER\n", "@ECM_LIST\n"})
+        text.replace(list, QByteArray(list) + "# A note\n");
+    loadGoodFile(text);
+    QVERIFY(m_help.open());
+    m_window->resize(1200, 900);
+    m_window->show();
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+}
+
+// Null for a cell that stays closed.
+QWidget* tst_HelpEditors::openEditor(const QModelIndex& index)
+{
+    for (int tab = 0; tab < TAB_COUNT; ++tab) {
+        QTreeView* const view = viewOf(*m_window, tab);
+        if (view->model() != index.model())
+            continue;
+        tabsOf(*m_window)->setCurrentIndex(tab);
+        view->setCurrentIndex(index);
+        view->setFocus();
+        QTest::keyClick(view, Qt::Key_F2);
+        return view->indexWidget(index);
+    }
+    return nullptr;
+}
+
+// By a click on the row below.
+void tst_HelpEditors::leaveEditor(const QModelIndex& index)
+{
+    QTreeView* const view = viewOf(*m_window, tabsOf(*m_window)->currentIndex());
+    const QRect below = view->visualRect(index.siblingAtRow(index.row() + 1));
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, below.center());
+    QTRY_VERIFY(view->indexWidget(index) == nullptr);
+}
+
+QString tst_HelpEditors::textOfPage(const char* page)
+{
+    return m_help.page(QLatin1String(page)).text;
+}
+
+void tst_HelpEditors::commentRowsOpenWhatTheHelpSays_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("said");
+    QTest::addColumn<QString>("editor");
+    const auto add = [](const char* name, int tab, int column, const char* page, const char* said,
+                        const char* editor) {
+        QTest::newRow(name) << tab << (tab == DE_TAB1 ? 0 : FIRST_LIST_ROW) << column
+                            << QString::fromLatin1(page) << QString::fromLatin1(said)
+                            << QString::fromLatin1(editor);
+    };
+    const char* const closed = "on the Keywords tab and the ECM List the other cells of a comment";
+    add("a comment of the Keywords tab", DE_TAB1, 0, "editor_keyword.htm",
+        "In a comment row the field holds the comment", "QComboBox");
+    add("the value beside a comment", DE_TAB1, 1, "cell_editors.htm", closed, "");
+    add("the second value beside a comment", DE_TAB1, 2, "cell_editors.htm", closed, "");
+    add("a comment of the Scan List", DE_TAB2, 1, "scan_list_tab.htm",
+        "Marvane Variable the variable dialog with an empty line", "VariableSelectionDialog");
+    add("the member beside a comment", DE_TAB2, 2, "scan_list_tab.htm",
+        "Statistical Member the list on its first entry", "QComboBox");
+    add("the channel beside a comment", DE_TAB2, 3, "scan_list_tab.htm",
+        "Channel Keyword the list of all channel keywords", "QComboBox");
+    add("a comment of the Meta Data List", DE_TAB3, 1, "meta_data_list_tab.htm",
+        "PAM Keyword the list of all PAM keywords", "QComboBox");
+    add("the variable beside a comment", DE_TAB3, 2, "meta_data_list_tab.htm",
+        "Marvane Variable the variable dialog with empty lines", "VariableSelectionDialog");
+    add("a comment of the Scan List Aux User", DE_TAB4, 1, "scan_list_aux_user_tab.htm",
+        "Marvane Variable the variable dialog with an empty line", "VariableSelectionDialog");
+    add("the name beside a comment", DE_TAB4, 2, "scan_list_aux_user_tab.htm",
+        "Alternate Name the line.", "QLineEdit");
+    add("a comment of the ECM List", DE_TAB5, 1, "ecm_list_tab.htm",
+        "this is its one cell: a double click opens the line", "QLineEdit");
+    add("the path beside a comment", DE_TAB5, 2, "cell_editors.htm", closed, "");
+}
+
+void tst_HelpEditors::commentRowsOpenWhatTheHelpSays()
+{
+    QFETCH(int, tab);
+    QFETCH(int, row);
+    QFETCH(int, column);
+    QFETCH(QString, page);
+    QFETCH(QString, said);
+    QFETCH(QString, editor);
+    showComments();
+    QVERIFY2(m_help.page(page).text.contains(said), qPrintable(m_help.page(page).text));
+    const QModelIndex index = modelOf(*m_window, tab)->index(row, column);
+    const QWidget* const opened = openEditor(index);
+    QCOMPARE(opened == nullptr ? QString() : QLatin1String(opened->metaObject()->className()),
+             editor);
+    const auto* const dialog = qobject_cast<const VariableSelectionDialog*>(opened);
+    if (dialog != nullptr)
+        QCOMPARE(dialog->variableComboBox()->currentText(), QString());
+}
+
+void tst_HelpEditors::listsTakeOverTheirFirstEntryAsTheHelpSays_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("page");
+    const auto add = [](const char* name, int tab, int row, int column, const char* text,
+                        const char* page) {
+        QTest::newRow(name) << tab << row << column << QString::fromLatin1(text)
+                            << QString::fromLatin1(page);
+    };
+    const char* const choices = "editor_choice.htm";
+    add("a comment of the Meta Data List", DE_TAB3, 1, 1, "# A note", choices);
+    add("an empty member", DE_TAB2, 2, 2, "FILLER_TXT", choices);
+    add("an unknown member", DE_TAB2, 2, 2, ".XY", choices);
+    add("a channel keyword of one's own", DE_TAB2, 2, 3, "MY_CHANNEL", choices);
+    add("a channel keyword of other units", DE_TAB2, 2, 3, "T_OIL_SUMP", choices);
+    add("no channel keyword beside a comment", DE_TAB2, 1, 3, "FILLER_TXT", choices);
+    add("a PAM keyword of one's own", DE_TAB3, 2, 1, "MY_PARAMETER", choices);
+    add("a keyword that stands twice", DE_TAB1, 3, 0, "@SCRIBON", "editor_keyword.htm");
+    add("a list's keyword", DE_TAB1, 3, 0, "@SCAN_LIST", "editor_keyword.htm");
+    add("the one keyword that is never offered", DE_TAB1, 3, 0, "@META_HEADER_FILENAME",
+        "editor_keyword.htm");
+}
+
+void tst_HelpEditors::listsTakeOverTheirFirstEntryAsTheHelpSays()
+{
+    QFETCH(int, tab);
+    QFETCH(int, row);
+    QFETCH(int, column);
+    QFETCH(QString, text);
+    QFETCH(QString, page);
+    showComments();
+    QVERIFY(m_help.page(page).text.contains(
+        QRegularExpression(QStringLiteral("opens on (its|the) first .*Escape does nothing.*Undo "
+                                          "brings the old \\w+ back"))));
+    const QModelIndex index = modelOf(*m_window, tab)->index(row, column);
+    modelOf(*m_window, tab)->setData(index, text);
+    auto* const list = qobject_cast<QComboBox*>(openEditor(index));
+    QVERIFY(list != nullptr);
+    const QString first = list->itemText(0);
+    QCOMPARE(list->currentText(), first);
+    QTest::keyClick(list, Qt::Key_Escape);
+    QCOMPARE(index.data().toString(), text);
+    leaveEditor(index);
+    QCOMPARE(index.data().toString().remove(QLatin1Char('@')).trimmed().toLower(), first.toLower());
+    m_window->undoGroup->activeStack()->undo();
+    QCOMPARE(index.data().toString(), text);
+}
+
+void tst_HelpEditors::variablesBecomeOfCommentsAsTheHelpSays_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("said");
+    QTest::addColumn<QString>("besideIt");
+    QTest::addColumn<int>("changes");
+    QTest::newRow("on the Scan List")
+        << int(DE_TAB2) << QStringLiteral("scan_list_tab.htm")
+        << QStringLiteral("the comment becomes that variable") << QStringLiteral("FILLER_TXT") << 1;
+    QTest::newRow("on the Scan List Aux User")
+        << int(DE_TAB4) << QStringLiteral("scan_list_aux_user_tab.htm")
+        << QStringLiteral("becomes that variable, under an alternate name of the same text")
+        << QStringLiteral("oil_temp") << 2;
+}
+
+void tst_HelpEditors::variablesBecomeOfCommentsAsTheHelpSays()
+{
+    QFETCH(int, tab);
+    QFETCH(QString, page);
+    QFETCH(QString, said);
+    QFETCH(QString, besideIt);
+    QFETCH(int, changes);
+    showComments();
+    QVERIFY(m_help.page(page).text.contains(said));
+    const QModelIndex index = modelOf(*m_window, tab)->index(FIRST_LIST_ROW, FIRST_LIST_COLUMN);
+    const QString comment = index.data().toString();
+    auto* dialog = qobject_cast<VariableSelectionDialog*>(openEditor(index));
+    QVERIFY(dialog != nullptr);
+    dialog->accept();
+    QCOMPARE(index.data().toString(), comment);
+    QTRY_VERIFY(viewOf(*m_window, tab)->indexWidget(index) == nullptr);
+    dialog = qobject_cast<VariableSelectionDialog*>(openEditor(index));
+    QVERIFY(dialog != nullptr);
+    dialog->variableComboBox()->setCurrentText(QStringLiteral("oil_temp"));
+    dialog->accept();
+    QCOMPARE(index.data().toString(), QStringLiteral("oil_temp"));
+    QCOMPARE(index.siblingAtColumn(2).data().toString(), besideIt);
+    for (int i = 0; i < changes; ++i)
+        m_window->undoGroup->activeStack()->undo();
+    QCOMPARE(index.data().toString(), comment);
+}
+
+void tst_HelpEditors::commentIsTypedIntoTheListAsTheHelpSays()
+{
+    showComments();
+    QVERIFY(textOfPage("meta_data_list_tab.htm")
+                .contains(QStringLiteral("type it into the list, # first, and press Return")));
+    const QModelIndex index = modelOf(*m_window, DE_TAB3)->index(FIRST_LIST_ROW, FIRST_LIST_COLUMN);
+    QWidget* const list = openEditor(index);
+    QVERIFY(list != nullptr);
+    QTest::keyClicks(list, QStringLiteral("# Another"));
+    QTest::keyClick(list, Qt::Key_Return);
+    QCOMPARE(index.data().toString(), QStringLiteral("# Another"));
+}
+
+// ---- Literals ----------------------------------------------------------------------------------
+
+void tst_HelpEditors::literalsAreJudgedAsTheHelpSays_data()
+{
+    QTest::addColumn<QString>("said");
+    QTest::addColumn<QString>("good");
+    QTest::addColumn<QString>("marked");
+    const auto add = [](const char* name, const char* good, const char* marked) {
+        QTest::newRow(name) << QStringLiteral("%1 %2").arg(QLatin1String(good),
+                                                           QLatin1String(marked))
+                            << QString::fromLatin1(good) << QString::fromLatin1(marked);
+    };
+    add("a sign that stands nowhere", "\"Lot 7\"", "\"Lot #7\"");
+    add("signs that stand at the end", "\"Reference diesel (EN590)\"", "\"Diesel (EN590) lot 7\"");
+    add("single quotes", "\"Driver's choice\"", "'Driver's choice'");
+    for (const char sign : QByteArray("%()*+,-/:;<=>?@[\\]^")) {
+        const QString text = QStringLiteral("'Lot 7%1'");
+        const auto name = QStringLiteral("a text with %1").arg(QLatin1Char(sign));
+        QTest::newRow(qPrintable(name))
+            << QStringLiteral(" %1 ").arg(QLatin1Char(sign)) << text.arg(QLatin1Char(sign))
+            << text.arg(QLatin1Char(sign) + QStringLiteral(" 8"));
+    }
+    const QString signs(32, QLatin1Char('+'));
+    QTest::newRow("32 characters at the end")
+        << QStringLiteral("at most 32 characters") << QStringLiteral("'Lot %1'").arg(signs)
+        << QStringLiteral("'Lot %1+'").arg(signs);
+}
+
+void tst_HelpEditors::literalsAreJudgedAsTheHelpSays()
+{
+    QFETCH(QString, said);
+    QFETCH(QString, good);
+    QFETCH(QString, marked);
+    showComments();
+    QVERIFY2(textOfPage("editor_variable.htm").contains(said), qPrintable(said));
+    TreeModel* const model = modelOf(*m_window, DE_TAB3);
+    const QModelIndex value = model->index(FIRST_LIST_ROW + 1, 2);
+    model->setData(value, good);
+    model->validate_model();
+    QCOMPARE(value.data(Qt::UserRole).toInt(), int(DE_NOERROR));
+    model->setData(value, marked);
+    model->validate_model();
+    QCOMPARE(value.data(Qt::UserRole).toInt(), int(DE_SYNTAX_ERR));
 }
 
 QTEST_MAIN(tst_HelpEditors)
