@@ -94,6 +94,8 @@ private Q_SLOTS:
     void scanListsVariableIsStored_data();
     void scanListsVariableIsStored();
     void memberWithoutAFullStopInTheVariable();
+    void unitsOfTheVariablesOwnAreLeftOut_data();
+    void unitsOfTheVariablesOwnAreLeftOut();
     void emptiedVariableStays_data();
     void emptiedVariableStays();
     void untouchedDialogStores_data();
@@ -156,7 +158,10 @@ private:
     QModelIndex showEntry(int tab, const QStringList& texts);
     QString textAt(int tab, int row, int column) const;
 
-    // By the keys; nothing for an empty one. A member that is not offered is typed.
+    // By the keys; what is not offered is typed.
+    static void enter(QComboBox* comboBox, const QString& wanted);
+
+    // Nothing for an empty one.
     static void chooseMember(VariableSelectionDialog* dialog, const QString& member);
     static void chooseUnits(VariableSelectionDialog* dialog, const QString& units);
 };
@@ -181,24 +186,25 @@ QString TestListEditors::textAt(int tab, int row, int column) const
     return cell(tab, row, column).data().toString();
 }
 
+void TestListEditors::enter(QComboBox* comboBox, const QString& wanted)
+{
+    comboBox->setFocus();
+    if (comboBox->findText(wanted, Qt::MatchExactly | Qt::MatchCaseSensitive) == -1)
+        typeOver(wanted);
+    else
+        pick(comboBox, wanted);
+}
+
 void TestListEditors::chooseMember(VariableSelectionDialog* dialog, const QString& member)
 {
-    QComboBox* const comboBox = dialog->subComboBox();
-    if (member.isEmpty())
-        return;
-    comboBox->setFocus();
-    if (comboBox->findText(member, Qt::MatchExactly | Qt::MatchCaseSensitive) == -1)
-        typeOver(member);
-    else
-        pick(comboBox, member);
+    if (!member.isEmpty())
+        enter(dialog->subComboBox(), member);
 }
 
 void TestListEditors::chooseUnits(VariableSelectionDialog* dialog, const QString& units)
 {
-    if (units.isEmpty())
-        return;
-    dialog->unitsComboBox()->setFocus();
-    pick(dialog->unitsComboBox(), units);
+    if (!units.isEmpty())
+        enter(dialog->unitsComboBox(), units);
 }
 
 // ---- Scan List: variables ----------------------------------------------------------------------
@@ -292,6 +298,8 @@ void TestListEditors::scanListsVariableIsStored_data()
     add("a composition's member", "exhaust_comp.", "CO", "", text("exhaust_comp.CO"), ".IV");
     add("an emission's member", "engine_out_emis.", "MF_CO", "", text("engine_out_emis.MF_CO"),
         ".IV");
+    add("an emission's member with units", "engine_out_emis.", "MF_CO", "G/S",
+        text("engine_out_emis.MF_CO[G/S]"), ".IV");
     add("a property's member with its full stop", "intake_air_prop.", ".GM", "",
         text("intake_air_prop.M") + QChar(0), ".IV");
     add("a full stop alone for a member", "intake_air_prop.", ".", "", text("intake_air_prop."),
@@ -328,6 +336,31 @@ void TestListEditors::memberWithoutAFullStopInTheVariable()
     acceptDialog(dialog);
     QCOMPARE(textAt(DE_TAB2, 1, 1), text("oil_temp"));
     QCOMPARE(textAt(DE_TAB2, 1, 2), text("SD"));
+}
+
+// A cell that names other units is not offered them, so they have to be typed.
+void TestListEditors::unitsOfTheVariablesOwnAreLeftOut_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("as the variable has them") << text("RPM") << text("eng_speed");
+    QTest::newRow("in lower case") << text("rpm") << text("eng_speed[rpm]");
+    QTest::newRow("unknown") << text("turns") << text("eng_speed[turns]");
+}
+
+void TestListEditors::unitsOfTheVariablesOwnAreLeftOut()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, stored);
+    for (const int tab : {DE_TAB2, DE_TAB4}) {
+        const QModelIndex variable = showEntry(tab, {text("eng_speed[HZ]"), text("other")});
+        auto* const dialog = openAs<VariableSelectionDialog>(variable);
+        QVERIFY(dialog != nullptr);
+        QCOMPARE(dialog->unitsComboBox()->findText(text("RPM")), -1);
+        chooseUnits(dialog, typed);
+        acceptDialog(dialog);
+        QCOMPARE(variable.data().toString(), stored);
+    }
 }
 
 // A text is never taken out of a cell by an edit: the step is there and does nothing.
