@@ -82,6 +82,14 @@ int SeenTable::rowOf(const QString& text, int column) const
     return -1;
 }
 
+// An editor's dialog opens on its cell, and would reach over the screen's edge from further below.
+bool SeenTable::hasRoomBelow(const QRect& cell) const
+{
+    const bool isAtTheEnd = rows.last().first().place.bottom() <= viewport.bottom();
+    const int lowest = isAtTheEnd ? viewport.bottom() : viewport.center().y();
+    return cell.top() >= viewport.top() && cell.bottom() <= lowest;
+}
+
 // ---- Starting ----------------------------------------------------------------------------------
 
 User::User()
@@ -264,7 +272,7 @@ bool User::scrollTo(int tab, int row, int column)
         const QRect place = seen.rows.value(row).value(column).place;
         if (place.isEmpty())
             return false;
-        if (place.top() >= seen.viewport.top() && place.bottom() <= seen.viewport.bottom())
+        if (seen.hasRoomBelow(place))
             return place.left() < seen.viewport.right();
         if (!scrollOnce(tab, row, column, seen.viewport))
             return false;

@@ -27,6 +27,8 @@ struct SeenTable {
     QStringList rowTexts(int row) const;
     // The first row with the text, blanks around it aside, in the column; -1 when there is none.
     int rowOf(const QString& text, int column) const;
+    // Whether the cell is seen in the upper half, or as near to it as the table scrolls.
+    bool hasRoomBelow(const QRect& cell) const;
 };
 
 // A cell by its tab and the first row with a text.
