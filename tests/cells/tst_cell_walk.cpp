@@ -30,8 +30,8 @@ enum Origin { FROM_FILE, INSERTED, RENAMED };
 
 struct RowKind {
     QByteArray file;
-    int tab;
-    int row;
+    int tab = 0;
+    int row = 0;
     QByteArray lines;  // the row's own in the file, without the last one's end
     Origin origin = FROM_FILE;
 };
@@ -43,7 +43,7 @@ struct CellText {
 
 struct CellKind {
     QByteArray name;
-    int column;
+    int column = 0;
     Opens opens = NOTHING;
     QByteArray shows = {};
     QByteArray typed = {};
