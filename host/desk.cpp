@@ -62,8 +62,10 @@ std::optional<SharedObject> lockNewDirectory(const std::string& name, std::strin
         const Unlocked state = stateOf(descriptor.get());
         if (state == Unlocked::New)
             return SharedObject(object, std::move(descriptor));
-        if (state == Unlocked::Left)
-            shm_unlink(object.c_str());
+        if (state == Unlocked::Left && shm_unlink(object.c_str()) != 0 && errno != ENOENT) {
+            *complaint = failureOf(object);
+            return std::nullopt;
+        }
     }
 }
 

@@ -43,7 +43,7 @@ std::unique_ptr<DeskDirectory> DeskDirectory::open(const std::string& deskName)
     if (address == MAP_FAILED)
         return nullptr;
     std::unique_ptr<DeskDirectory> directory(new DeskDirectory(std::move(object), address, size));
-    return directory->isWellFormed() && directory->isLive() ? std::move(directory) : nullptr;
+    return directory->isLive() && directory->takeHeader() ? std::move(directory) : nullptr;
 }
 
 DeskDirectory::DeskDirectory(FileDescriptor object, const void* address, size_t size)
@@ -58,7 +58,7 @@ DeskDirectory::~DeskDirectory()
 
 bool DeskDirectory::isLive() const
 {
-    if (__atomic_load_n(&header().ready, __ATOMIC_ACQUIRE) == 0)
+    if (__atomic_load_n(&sharedHeader().ready, __ATOMIC_ACQUIRE) == 0)
         return false;
     struct flock lock {};
     lock.l_type = F_RDLCK;
@@ -66,13 +66,14 @@ bool DeskDirectory::isLive() const
     return fcntl(object_.get(), F_OFD_GETLK, &lock) == 0 && lock.l_type == F_WRLCK;
 }
 
-bool DeskDirectory::isWellFormed() const
+bool DeskDirectory::takeHeader()
 {
-    const DirectoryHeader& head = header();
-    return std::memcmp(head.magic, DIRECTORY_MAGIC, sizeof head.magic) == 0 &&
-           head.version == DIRECTORY_VERSION && head.size == size_ && holds<UnitsRow>(head.units) &&
-           holds<VariableRow>(head.variables) && holds<uint32_t>(head.buckets) &&
-           (head.buckets.count & (head.buckets.count - 1)) == 0;
+    header_ = sharedHeader();
+    return std::memcmp(header_.magic, DIRECTORY_MAGIC, sizeof header_.magic) == 0 &&
+           header_.version == DIRECTORY_VERSION && header_.size == size_ &&
+           holds<UnitsRow>(header_.units) && holds<VariableRow>(header_.variables) &&
+           holds<uint32_t>(header_.buckets) &&
+           (header_.buckets.count & (header_.buckets.count - 1)) == 0;
 }
 
 template <typename Element>
@@ -87,8 +88,8 @@ std::optional<DeskDirectory::NameMatch> DeskDirectory::findName(std::string_view
     const bool mustBeStructured = !name.empty() && name.back() == '.';
     if (mustBeStructured)
         name.remove_suffix(1);
-    const auto* buckets = array<uint32_t>(header().buckets);
-    const uint32_t count = header().buckets.count;
+    const auto* buckets = array<uint32_t>(header_.buckets);
+    const uint32_t count = header_.buckets.count;
     const uint32_t hash = hashOfName(name.data(), name.size());
     for (uint32_t probe = 0; probe < count; ++probe) {
         const uint32_t bucket = buckets[(hash + probe) & (count - 1)];
@@ -105,9 +106,9 @@ std::optional<DeskDirectory::NameMatch> DeskDirectory::matchInBucket(uint32_t bu
                                                                      std::string_view name) const
 {
     const uint32_t row = rowOfBucket(bucket);
-    if (row >= header().variables.count)
+    if (row >= header_.variables.count)
         return std::nullopt;
-    const VariableRow& variable = array<VariableRow>(header().variables)[row];
+    const VariableRow& variable = array<VariableRow>(header_.variables)[row];
     const NameKind kind = kindOfBucket(bucket);
     const std::string_view text = textIn(kind == NameKind::Label ? variable.label : variable.alias);
     if (text != name)
@@ -122,8 +123,8 @@ const VariableRow* DeskDirectory::variableOf(const SHARED_MEMORY& handle) const
     };
     const std::tuple wanted(SM_AREA_ID{handle.code}, SM_VARI_TYPE{handle.vari_type},
                             static_cast<uint16_t>(handle.index));
-    const auto* begin = array<VariableRow>(header().variables);
-    const auto* end = begin + header().variables.count;
+    const auto* begin = array<VariableRow>(header_.variables);
+    const auto* end = begin + header_.variables.count;
     const auto* row = std::lower_bound(
         begin, end, wanted, [&key](const VariableRow& a, const auto& b) { return key(a) < b; });
     return row != end && key(*row) == wanted ? row : nullptr;

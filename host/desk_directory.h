@@ -36,8 +36,8 @@ public:
     // Null when the handle is not one of a variable in use.
     const VariableRow* variableOf(const SHARED_MEMORY& handle) const;
 
-    uint32_t unitsCount() const { return header().units.count; }
-    const UnitsRow& units(uint32_t index) const { return array<UnitsRow>(header().units)[index]; }
+    uint32_t unitsCount() const { return header_.units.count; }
+    const UnitsRow& units(uint32_t index) const { return array<UnitsRow>(header_.units)[index]; }
 
     // The index of the units of this name in any case.
     std::optional<uint32_t> findUnits(std::string_view name) const;
@@ -45,11 +45,15 @@ public:
 private:
     DeskDirectory(FileDescriptor object, const void* address, size_t size);
 
-    bool isWellFormed() const;
+    // False when it does not fit together.
+    bool takeHeader();
     template <typename Element>
     bool holds(const DirectoryArray& array) const;
 
-    const DirectoryHeader& header() const { return *static_cast<const DirectoryHeader*>(address_); }
+    const DirectoryHeader& sharedHeader() const
+    {
+        return *static_cast<const DirectoryHeader*>(address_);
+    }
     template <typename Element>
     const Element* array(const DirectoryArray& array) const
     {
@@ -60,6 +64,8 @@ private:
     FileDescriptor object_;  // whose lock tells whether the platform runs
     const void* address_;
     size_t size_;
+    // As it was checked: the shared one may have been written to since.
+    DirectoryHeader header_{};
 };
 
 // The text in a field of fixed width, which need not have a terminating zero.

@@ -36,7 +36,8 @@ private:
     std::string deskName_;
     std::unique_ptr<DeskDirectory> directory_;
     std::array<AreaMapping, MAX_NUM_SHRD_MEM> areas_;
-    // Areas of a platform that has been followed by another, whose addresses are still in hands.
+    // Areas of a platform that has been followed by another. Their addresses are still in hands,
+    // and nobody tells when no more, so each restart of a platform leaves those that were attached.
     std::vector<AreaMapping> retired_;
 };
 

@@ -8,6 +8,7 @@
 
 #include <QFile>
 #include <QtTest>
+#include <array>
 #include <cstring>
 #include <memory>
 
@@ -83,6 +84,13 @@ bool canRead(const char* byte)
     int status = 0;
     waitpid(child, &status, 0);
     return WIFEXITED(status);
+}
+
+// The lines that the system has of what this process has mapped.
+QByteArray mappedObjects()
+{
+    QFile file(QStringLiteral("/proc/self/maps"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 bool isZero(const char* begin, size_t size)
@@ -184,6 +192,26 @@ private Q_SLOTS:
         for (size_t i = 0; i < counts->real_arrays; ++i)
             active += arrays[i].active != 0 || arrays[i].label[0] != 0 ? 1 : 0;
         QCOMPARE(active, 2);
+    }
+
+    void freedAreaIsGone()
+    {
+        const int before = mappedObjects().count("REAL_ARRAY_MEM");
+        const auto* area = static_cast<const char*>(get_shrd_mem(REAL_ARRAY_MEM, 0));
+        QVERIFY(area != nullptr);
+        QVERIFY(canRead(area));
+        fre_shrd_mem(REAL_ARRAY_MEM);
+        QVERIFY(!canRead(area));
+        QCOMPARE(mappedObjects().count("REAL_ARRAY_MEM"), before);
+    }
+
+    void directoryIsMappedOnce()
+    {
+        for (int i = 0; i < 3; ++i) {
+            marvane_init_fn(1);
+            QVERIFY(isFound("eng_speed"));
+        }
+        QCOMPARE(mappedObjects().count(".directory"), 1);
     }
 
     void areaThatIsShorterThanItsTable_data()
@@ -293,6 +321,32 @@ private Q_SLOTS:
         QVERIFY(overwrite("directory", at, damage));
         QVERIFY(!isPlatformThere());
         QVERIFY(!isFound("eng_speed"));
+    }
+
+    // What has been found to fit together is not read again.
+    void directoryThatIsDamagedLater_data()
+    {
+        QTest::addColumn<int>("at");
+        QTest::addColumn<uint>("number");
+        for (const int array : {UNITS_AT, VARIABLES_AT, BUCKETS_AT}) {
+            QTest::addRow("the array at %d begins behind the end", array) << array << 0x40000000U;
+            QTest::addRow("the array at %d ends behind the end", array) << array + 4 << 0x40000000U;
+        }
+    }
+    void directoryThatIsDamagedLater()
+    {
+        QFETCH(int, at);
+        QFETCH(uint, number);
+        QVERIFY(isFound("eng_speed"));
+        QVERIFY(overwrite("directory", at, bytesOf(uint32_t{number})));
+        QVERIFY(isFound("eng_speed"));
+        SHARED_MEMORY handle;
+        QCOMPARE(find_variable("eng_speed", &handle), int16_t{0});
+        QCOMPARE(get_variable_units(handle), "RPM");
+        int16_t count = 30;
+        std::array<UNITS_NAME, 30> names{};
+        LV_get_units2("RPM", &count, names.data());
+        QVERIFY(count > 0);
     }
 
     void shortDirectory_data()

@@ -2,7 +2,9 @@
 
 #include <marvane_headers.h>
 #include <signal.h>
+#include <sys/stat.h>
 
+#include <QFileInfo>
 #include <QtTest>
 #include <memory>
 
@@ -131,6 +133,21 @@ private Q_SLOTS:
         QVERIFY(isPlatformThere());
         QVERIFY(desk_->terminate());
         QCOMPARE(sharedMemoryOf(desk_->name()), QStringList());
+    }
+
+    void leftOneThatCannotBeRemovedIsToldOf()
+    {
+        QFile left(sharedMemoryPath(desk_->name(), QStringLiteral("directory")));
+        QVERIFY(left.open(QIODevice::WriteOnly) && left.write("x") == 1 && left.flush());
+        const QByteArray directory = QFileInfo(left).path().toLocal8Bit();
+        QCOMPARE(chmod(directory.constData(), 0555), 0);
+        const auto result = DeskProcess::run(
+            {QStringLiteral("--name"), desk_->name(),
+             qEnvironmentVariable("SCRIBON_EXAMPLES") + QStringLiteral("/catalogue.json")});
+        QCOMPARE(chmod(directory.constData(), 01777), 0);
+        QCOMPARE(result.status, 1);
+        QVERIFY(result.complaints.contains("Permission denied"));
+        QCOMPARE(result.complaints.count('\n'), 1);
     }
 
     void clientGoesOverToTheNextPlatform_data() { endOfThePlatform_data(); }
