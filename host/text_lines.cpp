@@ -28,8 +28,9 @@ bool isNumber(std::string_view text)
 
 TOKEN_TYPE typeOfWord(std::string_view word)
 {
-    constexpr std::string_view NUMBER_STARTS = "-.0123456789";
-    if (NUMBER_STARTS.find(word.front()) == std::string_view::npos)
+    constexpr std::string_view NUMBER_STARTS = ".0123456789";
+    const std::string_view digits = word.substr(word.front() == '-' ? 1 : 0);
+    if (digits.empty() || NUMBER_STARTS.find(digits.front()) == std::string_view::npos)
         return PARSED_WORD;
     if (isNumber<int64_t>(word))
         return PARSED_INTEGER;

@@ -103,6 +103,10 @@ private Q_SLOTS:
         QTest::newRow("words that resemble numbers")
             << QByteArray("1-2 e5 1.2.3 - nan") << "1-2|e5|1.2.3|-|nan"
             << "wwwww";
+        QTest::newRow("names of no finite number")
+            << QByteArray("inf -inf -nan -infinity -nan(1) -.")
+            << "inf|-inf|-nan|-infinity|-nan(1)|-."
+            << "wwwwww";
         QTest::newRow("a text in double quotes") << QByteArray("a \"b c\" d") << "a|b c|d"
                                                  << "wqw";
         QTest::newRow("a text in single quotes") << QByteArray("'b \"c'") << "b \"c"
