@@ -183,7 +183,7 @@ enum { MAX_PAM_KEYWORDS = 8000 };
 
 typedef struct PAM_KEYWORD {
     char keyword[80];  /* empty in an entry that is not in use */
-    int32_t unitscode; /* of the units that the keyword is meant for; 0 for any */
+    int32_t unitscode; /* of the units that the keyword is meant for; 0 for none */
     char type;
     char filler[3];
 } PAM_KEYWORD;

@@ -65,7 +65,8 @@ struct VariableMapList::Table {
     const char* group;
 };
 
-// The tables of an area stand together. Two groups of channels differ in a blank.
+// The tables of an area stand together. Among the channels, and only there, the group of digital
+// inputs ends in a blank.
 struct VariableMapList::Tables {
     using A = SYSTEM_ATTRIBUTES;
     static constexpr int R = QT_MARVANE_REAL | QT_MARVANE_REAL_INTEGER;
@@ -226,7 +227,9 @@ void VariableMapList::walkArea(const Table* begin, const Table* end, QT_MARVANE_
 void VariableMapList::walkTables(const Table* begin, const Table* end, const void* area,
                                  QT_MARVANE_VAR_TYPE type, bool useKeys, bool useIndexNumber)
 {
-    for (const Table* table = begin; area != nullptr && table != end; ++table) {
+    if (area == nullptr)
+        return;
+    for (const Table* table = begin; table != end; ++table) {
         if (table->isWanted(type))
             table->walk(this, *table, static_cast<const char*>(area) + table->offset,
                         table->count(*m_attributes), useKeys, useIndexNumber);
@@ -250,17 +253,25 @@ void VariableMapList::x_label(const T* ptr, unsigned short n, const char* sectio
         else
             list.append(labelText(record->label));
     }
-    for (const T* record = ptr; record != ptr + n && !useIndexNumber; ++record) {
+    if (!useIndexNumber)
+        addAliases(ptr, n, section_label, useKeys, &list);
+    insertGroup(section_label, list);
+}
+
+template <typename T>
+void VariableMapList::addAliases(const T* ptr, unsigned short n, const char* section_label,
+                                 bool useKeys, QStringList* list)
+{
+    for (const T* record = ptr; record != ptr + n; ++record) {
         SHARED_MEMORY mem{};
         char* alias_label = nullptr;
         if (record->active == 0 || find_alias_of_target(record->label, &mem, &alias_label) != 0)
             continue;
         if (useKeys)
-            list.append(labelText(alias_label));
+            list->append(labelText(alias_label));
         else
             m_variables->insert(labelText(record->label), QString::fromLatin1(section_label));
     }
-    insertGroup(section_label, list);
 }
 
 template <typename T>

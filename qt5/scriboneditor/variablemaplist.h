@@ -63,6 +63,9 @@ private:
     void x_label(const T* ptr, unsigned short n, const char* section_label, bool useKeys,
                  bool useIndexNumber);
     template <typename T>
+    void addAliases(const T* ptr, unsigned short n, const char* section_label, bool useKeys,
+                    QStringList* list);
+    template <typename T>
     void other_label(const T* ptr, unsigned short n, const char* section_title, bool useKeys);
     void insertGroup(const char* section_label, const QStringList& list);
 
