@@ -376,10 +376,20 @@ void User::redo(int times)
         press(QStringLiteral("ctrl+shift+z"));
 }
 
-// By the key of the window manager.
+// By the key of the window manager, which may miss one while it is at work on a new window's frame.
 void User::askToClose()
 {
-    press(QStringLiteral("alt+F4"));
+    constexpr int MISSED_MS = 3000;
+    constexpr int MOST_TRIES = 3;
+    const auto isAnswered = [this] {
+        return !seesWindow(QStringLiteral("MainWindow")) ||
+               seesWindow(QStringLiteral("QMessageBox"));
+    };
+    for (int i = 0; i < MOST_TRIES; ++i) {
+        press(QStringLiteral("alt+F4"));
+        if (QTest::qWaitFor(isAnswered, MISSED_MS))
+            return;
+    }
 }
 
 bool User::waitForEnd()
