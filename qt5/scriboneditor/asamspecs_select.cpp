@@ -7,6 +7,7 @@
 #include <QShowEvent>
 #include <QStringList>
 
+#include "dialog_place.h"
 #include "get_asam3_lists.h"
 #include "ui_asamspecs_select.h"
 
@@ -83,6 +84,7 @@ void asamspecs_select::connectAll()
     connect(ui->cancel_button, &QPushButton::clicked, this, &asamspecs_select::cancel_asam);
     connect(this, &asamspecs_select::closeDialog, this, &QDialog::reject);
     connect(this, &asamspecs_select::mapParent, this, &asamspecs_select::mapDialog);
+    connect(this, &asamspecs_select::mapParent, this, [this] { keepOnScreen(this); });
     connect(ui->specfiles, &QComboBox::currentTextChanged, this,
             &asamspecs_select::fileEditTextChanged);
     connect(ui->ecmInstance, qOverload<int>(&QComboBox::currentIndexChanged), this,

@@ -11,6 +11,7 @@
 #include <cstring>
 #include <vector>
 
+#include "dialog_place.h"
 #include "treeitem.h"
 #include "ui_variableselectiondialog.h"
 #include "validationcharm.h"
@@ -197,6 +198,7 @@ void VariableSelectionDialog::connectAll()
     connect(ui->Cancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &VariableSelectionDialog::closeDialog, this, &QDialog::reject);
     connect(this, &VariableSelectionDialog::mapParent, this, &VariableSelectionDialog::mapDialog);
+    connect(this, &VariableSelectionDialog::mapParent, this, [this] { keepOnScreen(this); });
     connectText(ui->groupComboBox, &VariableSelectionDialog::groupIndexChanged);
     connect(ui->variableComboBox, &QComboBox::editTextChanged, this,
             &VariableSelectionDialog::variableEditTextChanged);

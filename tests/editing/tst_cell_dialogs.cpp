@@ -1,6 +1,7 @@
 // The dialogs over cells: where they stand, and what they leave behind.
 
 #include <QHeaderView>
+#include <QScreen>
 #include <QtTest>
 
 #include "editing_test.h"
@@ -12,6 +13,8 @@ class TestCellDialogs : public EditingTest {
 private Q_SLOTS:
     void staysBesideItsCell_data();
     void staysBesideItsCell();
+    void staysOnTheScreen_data() { staysBesideItsCell_data(); }
+    void staysOnTheScreen();
     void dismissedDialogLeavesNoMark_data();
     void dismissedDialogLeavesNoMark();
 
@@ -57,6 +60,23 @@ void TestCellDialogs::staysBesideItsCell()
     header->resizeSection(column - 1, header->sectionSize(column - 1) + 37);
     QTRY_COMPARE(dialog->geometry().topLeft(), before + QPoint(column == 1 ? 0 : 37, 0));
     QCOMPARE(dialog->geometry().topLeft(), placeOf(index, below));
+}
+
+// Over a cell near its lower right corner, the buttons would be out of reach.
+void TestCellDialogs::staysOnTheScreen()
+{
+    QFETCH(int, tab);
+    QFETCH(int, column);
+    show();
+    const QRect area = m_window->screen()->availableGeometry();
+    m_window->move(area.bottomRight() - QPoint(250, 150));
+    const QModelIndex index = cell(tab, 2, column);
+    const auto* const dialog = openAs<QDialog>(index);
+    QVERIFY(dialog != nullptr);
+    QTRY_VERIFY(area.contains(dialog->geometry()));
+    m_window->resize(m_window->size() - QSize(20, 20));
+    QCoreApplication::processEvents();
+    QVERIFY(area.contains(dialog->geometry()));
 }
 
 void TestCellDialogs::dismissedDialogLeavesNoMark_data()
