@@ -184,12 +184,17 @@ bool User::seesWindow(const QString& widgetClass)
     return !firstOf(look()[QLatin1String("windows")], "class", widgetClass).isEmpty();
 }
 
-// Whether the window has the keyboard and its frame.
+bool User::hasFrame(const QString& widgetClass)
+{
+    const QJsonObject window = firstOf(look()[QLatin1String("windows")], "class", widgetClass);
+    return rectOf(window[QLatin1String("frame")]) != rectOf(window[QLatin1String("rect")]);
+}
+
+// Whether the window has its frame and the keyboard.
 bool User::isReady(const QString& widgetClass)
 {
     const QJsonObject window = firstOf(look()[QLatin1String("windows")], "class", widgetClass);
-    return window[QLatin1String("active")].toBool() &&
-           rectOf(window[QLatin1String("frame")]) != rectOf(window[QLatin1String("rect")]);
+    return hasFrame(widgetClass) && window[QLatin1String("active")].toBool();
 }
 
 QRect User::windowPlace(const QString& widgetClass)
@@ -328,10 +333,14 @@ bool User::chooseFromContextMenu(int tab, int row, int column, const QString& ac
     return chooseAction(action);
 }
 
+// A message box is moved by the window manager until it has its frame, away from under the mouse.
 bool User::clickButton(const QString& text)
 {
+    const auto box = QStringLiteral("QMessageBox");
     QJsonObject button;
     const bool there = waitUntil([&] {
+        if (seesWindow(box) && !hasFrame(box))
+            return false;
         for (const QJsonValue facts : look()[QLatin1String("widgets")].toArray()) {
             const QString shown = facts[QLatin1String("text")].toString();
             if (facts[QLatin1String("class")].toString() == QLatin1String("QPushButton") &&

@@ -104,6 +104,7 @@ private:
     Q_DISABLE_COPY(User)
 
     bool fillScreen();
+    bool hasFrame(const QString& widgetClass);
     bool isReady(const QString& widgetClass);
     bool scrollTo(int tab, int row, int column);
     bool scrollOnce(int tab, int row, int column, const QRect& viewport);
