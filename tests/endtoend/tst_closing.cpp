@@ -62,7 +62,7 @@ void tst_Closing::withUnsavedWork()
     QFETCH(QByteArray, file);
     QVERIFY(changeAndClose());
     QCOMPARE(readFile(FILE_NAME), m_before);
-    QVERIFY(m_user->clickButton(button));
+    QVERIFY(m_user->answerBox(button));
     QVERIFY(m_user->waitForEnd());
     QCOMPARE(linesOf(readFile(FILE_NAME)), linesOf(file));
 }
@@ -71,8 +71,7 @@ void tst_Closing::afterCancelTheWorkGoesOn()
 {
     User& user = *m_user;
     QVERIFY(changeAndClose());
-    QVERIFY(user.clickButton(QStringLiteral("Cancel")));
-    QVERIFY(user.waitUntil([&] { return user.boxText().isEmpty(); }));
+    QVERIFY(user.answerBox(QStringLiteral("Cancel")));
     QCOMPARE(user.table(0).text(0, 1), QStringLiteral("night_watch"));
     QCOMPARE(readFile(FILE_NAME), m_before);
 

@@ -184,17 +184,12 @@ bool User::seesWindow(const QString& widgetClass)
     return !firstOf(look()[QLatin1String("windows")], "class", widgetClass).isEmpty();
 }
 
-bool User::hasFrame(const QString& widgetClass)
-{
-    const QJsonObject window = firstOf(look()[QLatin1String("windows")], "class", widgetClass);
-    return rectOf(window[QLatin1String("frame")]) != rectOf(window[QLatin1String("rect")]);
-}
-
-// Whether the window has its frame and the keyboard.
+// Whether the window has the keyboard and its frame.
 bool User::isReady(const QString& widgetClass)
 {
     const QJsonObject window = firstOf(look()[QLatin1String("windows")], "class", widgetClass);
-    return hasFrame(widgetClass) && window[QLatin1String("active")].toBool();
+    return window[QLatin1String("active")].toBool() &&
+           rectOf(window[QLatin1String("frame")]) != rectOf(window[QLatin1String("rect")]);
 }
 
 QRect User::windowPlace(const QString& widgetClass)
@@ -333,14 +328,10 @@ bool User::chooseFromContextMenu(int tab, int row, int column, const QString& ac
     return chooseAction(action);
 }
 
-// A message box is moved by the window manager until it has its frame, away from under the mouse.
 bool User::clickButton(const QString& text)
 {
-    const auto box = QStringLiteral("QMessageBox");
     QJsonObject button;
     const bool there = waitUntil([&] {
-        if (seesWindow(box) && !hasFrame(box))
-            return false;
         for (const QJsonValue facts : look()[QLatin1String("widgets")].toArray()) {
             const QString shown = facts[QLatin1String("text")].toString();
             if (facts[QLatin1String("class")].toString() == QLatin1String("QPushButton") &&
@@ -352,6 +343,21 @@ bool User::clickButton(const QString& text)
     if (there)
         m_screen->click(rectOf(button[QLatin1String("rect")]).center());
     return there;
+}
+
+// The window manager may still move a new box away from under the mouse.
+bool User::answerBox(const QString& button)
+{
+    constexpr int MISSED_MS = 1500;
+    constexpr int MOST_TRIES = 5;
+    const auto isGone = [this] { return !seesWindow(QStringLiteral("QMessageBox")); };
+    for (int i = 0; i < MOST_TRIES; ++i) {
+        if (!clickButton(button))
+            return isGone();
+        if (QTest::qWaitFor(isGone, MISSED_MS))
+            return true;
+    }
+    return false;
 }
 
 // The dialog offers names that begin as the typed one; the first Return may only close that offer.

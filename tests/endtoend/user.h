@@ -74,7 +74,8 @@ public:
     void type(const QString& text);
     bool chooseFromMenu(const QString& menu, const QString& action);
     bool chooseFromContextMenu(int tab, int row, int column, const QString& action);
-    bool clickButton(const QString& text);
+    // Clicks on the message box's button and sees the box go.
+    bool answerBox(const QString& button);
     bool answerFileDialog(const QString& path);
     void undo(int times = 1);
     void redo(int times = 1);
@@ -104,7 +105,6 @@ private:
     Q_DISABLE_COPY(User)
 
     bool fillScreen();
-    bool hasFrame(const QString& widgetClass);
     bool isReady(const QString& widgetClass);
     bool scrollTo(int tab, int row, int column);
     bool scrollOnce(int tab, int row, int column, const QRect& viewport);
@@ -113,6 +113,7 @@ private:
     QJsonObject item(const QString& text);
     bool scrollListTo(const QString& text);
     bool clickItem(const QString& text);
+    bool clickButton(const QString& text);
     QPoint placeOf(int tab, int row, int column);
     bool chooseAction(const QString& action);
     QRect actionPlace(const QString& text);
