@@ -46,7 +46,7 @@ File openFile(const char* filename)
     return {stream, fclose};
 }
 
-// False at the end of the file.
+// False at the end of the file. The texts that the platform gives end here even where it ends none.
 bool readLine(FILE* file, Line& line)
 {
     const bool read = get_next_line(file, line.data()) != -1;

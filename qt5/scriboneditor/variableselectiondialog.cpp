@@ -9,7 +9,6 @@
 #include <QStandardItemModel>
 #include <algorithm>
 #include <cstring>
-#include <vector>
 
 #include "dialog_place.h"
 #include "treeitem.h"

@@ -17,6 +17,7 @@
 
 #include "asam_files.h"
 #include "asamspecs_select.h"
+#include "combo_items.h"
 #include "file_dialogs.h"
 #include "places.h"
 
@@ -25,19 +26,6 @@ namespace {
 const auto ENGINE = QStringLiteral("/specs/asam3_specs.engine");
 const auto DRIVE = QStringLiteral("/specs/hybrid/asam3_specs.drive");
 const auto OTHER = QStringLiteral("Other");
-
-QStringList words(const char* text)
-{
-    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
-QStringList itemsOf(const QComboBox* comboBox)
-{
-    QStringList items;
-    for (int i = 0; i < comboBox->count(); ++i)
-        items.append(comboBox->itemText(i));
-    return items;
-}
 
 }  // namespace
 

@@ -52,11 +52,6 @@ struct CellKind {
     QByteArray linesAfter = {};  // those of the row, where any cell changes
 };
 
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 // The file of the Keywords tab's rows: its first statement, then the one in question.
 QByteArray keywordFile(const QByteArray& statement)
 {

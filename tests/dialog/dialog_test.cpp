@@ -54,11 +54,3 @@ void DialogTest::type(const QString& text)
     QTest::keyClick(variables().lineEdit(), Qt::Key_Delete);
     QTest::keyClicks(variables().lineEdit(), text);
 }
-
-QStringList itemsOf(const QComboBox& comboBox)
-{
-    QStringList items;
-    for (int i = 0; i < comboBox.count(); ++i)
-        items.append(comboBox.itemText(i));
-    return items;
-}

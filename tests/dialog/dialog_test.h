@@ -9,6 +9,7 @@
 #include <QWidget>
 #include <memory>
 
+#include "combo_items.h"
 #include "live_platform.h"
 #include "variableselectiondialog.h"
 
@@ -55,5 +56,3 @@ protected:
     std::unique_ptr<QWidget> m_parent;
     std::unique_ptr<VariableSelectionDialog> m_dialog;
 };
-
-QStringList itemsOf(const QComboBox& comboBox);

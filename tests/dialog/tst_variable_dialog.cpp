@@ -52,11 +52,6 @@ QByteArray directoryOfPlatform()
 
 using Pick = void (*)(QComboBox*, int);
 
-QStringList words(const char* text)
-{
-    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
 }  // namespace
 
 Q_DECLARE_METATYPE(Pick)
@@ -272,7 +267,7 @@ void TestVariableDialog::lengthOfANameDoesNotWidenTheDialog()
     QVERIFY(m_platform->overwrite("AI_REAL_MEM", 64, longest.toLatin1()));
     Master_variables.reset();
     QCOMPARE(open(QT_MARVANE_ANY).sizeHint(), hint);
-    QVERIFY(itemsOf(variables()).contains(longest));
+    QVERIFY(itemsOf(&variables()).contains(longest));
 }
 
 void TestVariableDialog::listsShowWholeNames()
@@ -324,14 +319,14 @@ void TestVariableDialog::groupsOnOffer()
 {
     QFETCH(int, filter);
     open(filter);
-    QTEST(itemsOf(groups()), "expected");
+    QTEST(itemsOf(&groups()), "expected");
     QCOMPARE(groups().currentIndex(), groups().count() == 0 ? -1 : 0);
 }
 
 void TestVariableDialog::variablesOnOffer()
 {
     open(QT_MARVANE_ANY);
-    QCOMPARE(itemsOf(variables()), ALL_NAMES);
+    QCOMPARE(itemsOf(&variables()), ALL_NAMES);
     QCOMPARE(variables().currentText(), QString());
     QVERIFY(variables().isEnabled());
 }
@@ -343,7 +338,7 @@ void TestVariableDialog::shownAnewItFillsItselfAnew()
     dialog().hide();
     show(QStringLiteral("air_temp"));
     QCOMPARE(groups().currentIndex(), 0);
-    QCOMPARE(itemsOf(variables()), ALL_NAMES);
+    QCOMPARE(itemsOf(&variables()), ALL_NAMES);
     QCOMPARE(variables().currentText(), QStringLiteral("air_temp"));
 }
 
@@ -483,7 +478,7 @@ void TestVariableDialog::pickedGroup()
     QFETCH(QStringList, names);
     open(filter, QStringLiteral("nobody"));
     pick(&groups(), row);
-    QCOMPARE(itemsOf(variables()), names);
+    QCOMPARE(itemsOf(&variables()), names);
     QCOMPARE(variables().currentIndex(), 0);
     QCOMPARE(variables().currentText(), names.first());
     QVERIFY(variables().isEnabled());
@@ -496,7 +491,7 @@ void TestVariableDialog::firstGroupStandsForAll()
     variables().setMaxVisibleItems(3);
     pickByKeyboard(&groups(), 0);
     QCOMPARE(groups().currentText(), QStringLiteral("Counter Inputs (counts)"));
-    QCOMPARE(itemsOf(variables()), lines({"big_count", "cycle_count", "pulse_count"}));
+    QCOMPARE(itemsOf(&variables()), lines({"big_count", "cycle_count", "pulse_count"}));
     QCOMPARE(variables().currentText(), QStringLiteral("big_count"));
     QCOMPARE(variables().maxVisibleItems(), 10);
 }
@@ -514,11 +509,11 @@ void TestVariableDialog::entryThatIsNoGroupHasNoVariables()
     open(QT_MARVANE_STRING | QT_MARVANE_LOGICAL, QStringLiteral("door_open"));
     pick(&groups(), 1);
     QCOMPARE(groups().currentText(), QStringLiteral("All Logical Variables"));
-    QCOMPARE(itemsOf(variables()), QStringList());
+    QCOMPARE(itemsOf(&variables()), QStringList());
     QCOMPARE(variables().currentText(), QString());
     QVERIFY(variables().isEnabled());
     pick(&groups(), 2);
-    QCOMPARE(itemsOf(variables()), lines({"bay_clear", "door_open"}));
+    QCOMPARE(itemsOf(&variables()), lines({"bay_clear", "door_open"}));
 }
 
 void TestVariableDialog::groupIsNotTyped()
@@ -589,7 +584,7 @@ void TestVariableDialog::pickedVariable()
     pick(&variables(), ALL_NAMES.indexOf(QStringLiteral("speed_stat.")));
     QCOMPARE(variables().currentText(), QStringLiteral("speed_stat."));
     QCOMPARE(members().count(), 33);
-    QCOMPARE(itemsOf(units()), lines({"RPM", "HZ", "RAD/S"}));
+    QCOMPARE(itemsOf(&units()), lines({"RPM", "HZ", "RAD/S"}));
 }
 
 void TestVariableDialog::nameEndedByReturnIsSortedIn_data()
@@ -620,7 +615,7 @@ void TestVariableDialog::nameEndedByReturnIsSortedIn()
     type(typed);
     variables().completer()->popup()->hide();
     QTest::keyClick(variables().lineEdit(), Qt::Key_Return);
-    QTEST(itemsOf(variables()), "expected");
+    QTEST(itemsOf(&variables()), "expected");
     QCOMPARE(variables().currentText(), typed);
     QCOMPARE(variables().itemText(variables().currentIndex()), typed);
     type(typed.left(2));
@@ -630,7 +625,7 @@ void TestVariableDialog::nameEndedByReturnIsSortedIn()
     QCOMPARE(variables().count(), 5);
     type(typed);
     QTest::keyClick(variables().lineEdit(), Qt::Key_Return);
-    QTEST(itemsOf(variables()), "expected");
+    QTEST(itemsOf(&variables()), "expected");
     QCOMPARE(variables().currentText(), typed);
 }
 
@@ -680,7 +675,7 @@ void TestVariableDialog::membersOnOffer()
     QFETCH(QStringList, expected);
     open(QT_MARVANE_ANY, QStringLiteral("tailpipe.CBE"));
     type(typed);
-    QCOMPARE(itemsOf(members()), expected);
+    QCOMPARE(itemsOf(&members()), expected);
     QTEST(members().count(), "count");
     QCOMPARE(members().isEnabled(), !expected.isEmpty());
     QCOMPARE(dialog().subText(), expected.value(0));
@@ -723,28 +718,28 @@ void TestVariableDialog::memberKeepsTheMembersOfItsVariable()
 {
     open(QT_MARVANE_ANY, QStringLiteral("oil_temp"));
     variables().setEditText(QStringLiteral("speed_stat.MX"));
-    QCOMPARE(itemsOf(members()), words(STAT_MEMBERS_TOLD));
+    QCOMPARE(itemsOf(&members()), words(STAT_MEMBERS_TOLD));
     QVERIFY(members().isEnabled());
     QCOMPARE(dialog().defaultUnits(), QStringLiteral("RPM"));
-    QCOMPARE(itemsOf(units()), lines({"RPM", "HZ", "RAD/S"}));
+    QCOMPARE(itemsOf(&units()), lines({"RPM", "HZ", "RAD/S"}));
     variables().setEditText(QStringLiteral("nobody.MX"));
     QCOMPARE(members().count(), 0);
     QVERIFY(!members().isEnabled());
     variables().setEditText(QStringLiteral("exhaust.CO.x"));
-    QCOMPARE(itemsOf(members()), words(COMP_MEMBERS_TOLD));
+    QCOMPARE(itemsOf(&members()), words(COMP_MEMBERS_TOLD));
     variables().setEditText(QStringLiteral(".MX"));
-    QCOMPARE(itemsOf(members()), words(COMP_MEMBERS_TOLD));
+    QCOMPARE(itemsOf(&members()), words(COMP_MEMBERS_TOLD));
 }
 
 void TestVariableDialog::emptyTextLeavesMembersAndUnits()
 {
     open(QT_MARVANE_ANY, QStringLiteral("speed_stat.MX"));
-    const QStringList unitsBefore = itemsOf(units());
+    const QStringList unitsBefore = itemsOf(&units());
     type(QString());
     QCOMPARE(variables().currentText(), QString());
     QCOMPARE(dialog().subText(), QStringLiteral("MX"));
     QCOMPARE(members().count(), 33);
-    QCOMPARE(itemsOf(units()), unitsBefore);
+    QCOMPARE(itemsOf(&units()), unitsBefore);
     QCOMPARE(dialog().defaultUnits(), QStringLiteral("RPM"));
 }
 
@@ -767,7 +762,7 @@ void TestVariableDialog::unitsOnOffer()
     QFETCH(QStringList, expected);
     open(QT_MARVANE_ANY, QStringLiteral("user_real"));
     type(typed);
-    QCOMPARE(itemsOf(units()), expected);
+    QCOMPARE(itemsOf(&units()), expected);
     QCOMPARE(units().currentText(), expected.first());
     QCOMPARE(dialog().defaultUnits(), expected.first());
     QVERIFY(units().isEnabled());
@@ -780,7 +775,7 @@ void TestVariableDialog::unknownVariableKeepsTheUnitsOfTheLast()
     QCOMPARE(variables().currentText(), QStringLiteral("nobody"));
     QVERIFY(!members().isEnabled());
     QCOMPARE(dialog().defaultUnits(), QStringLiteral("DEGC"));
-    QCOMPARE(itemsOf(units()), lines({"DEGC", "DEGF", "K"}));
+    QCOMPARE(itemsOf(&units()), lines({"DEGC", "DEGF", "K"}));
 }
 
 void TestVariableDialog::onlyAFilterOfAllKindsHasUnits_data()
@@ -800,7 +795,7 @@ void TestVariableDialog::onlyAFilterOfAllKindsHasUnits()
     open(filter);
     type(typed);
     QCOMPARE(dialog().defaultUnits(), QString());
-    QCOMPARE(itemsOf(units()), lines({""}));
+    QCOMPARE(itemsOf(&units()), lines({""}));
     QCOMPARE(units().currentIndex(), 0);
 }
 
@@ -834,11 +829,11 @@ void TestVariableDialog::unitsOfTheCell()
     make(QT_MARVANE_ANY);
     dialog().setUnits(cellUnits);
     show(typed);
-    QTEST(itemsOf(units()), "expected");
+    QTEST(itemsOf(&units()), "expected");
     QCOMPARE(units().currentText(), selected);
-    QCOMPARE(units().currentIndex(), itemsOf(units()).indexOf(selected));
+    QCOMPARE(units().currentIndex(), itemsOf(&units()).indexOf(selected));
     type(typed);
-    QTEST(itemsOf(units()), "expected");
+    QTEST(itemsOf(&units()), "expected");
     QCOMPARE(units().currentText(), selected);
 }
 
@@ -860,7 +855,7 @@ void TestVariableDialog::labelThatFillsItsField()
     const QString label = QStringLiteral("x") + QString(79, QLatin1Char('y'));
     QVERIFY(m_platform->overwrite("AI_REAL_MEM", 64, label.toLatin1()));
     open(QT_MARVANE_ANY, label + QStringLiteral("z"));
-    QVERIFY(itemsOf(variables()).contains(label));
+    QVERIFY(itemsOf(&variables()).contains(label));
     QCOMPARE(variables().currentText(), label + QStringLiteral("z"));
     type(label);
     QCOMPARE(variables().currentText(), label);
@@ -881,7 +876,7 @@ void TestVariableDialog::unitsThatFillTheirField()
     make(QT_MARVANE_ANY);
     replaceUnits("HZ", units16);
     show(QStringLiteral("engine_speed"));
-    QCOMPARE(itemsOf(units()), lines({"RPM", units16.constData(), "RAD/S"}));
+    QCOMPARE(itemsOf(&units()), lines({"RPM", units16.constData(), "RAD/S"}));
 }
 
 void TestVariableDialog::ownUnitsThatFillTheirField()
@@ -900,7 +895,7 @@ void TestVariableDialog::ownUnitsAreTheSameInAnyCase()
     make(QT_MARVANE_ANY);
     replaceUnits("RPM", "rpm");
     show(QStringLiteral("engine_speed"));
-    QCOMPARE(itemsOf(units()).filter(QStringLiteral("rpm"), Qt::CaseInsensitive).size(), 1);
+    QCOMPARE(itemsOf(&units()).filter(QStringLiteral("rpm"), Qt::CaseInsensitive).size(), 1);
     QCOMPARE(units().count(), 3);
 }
 

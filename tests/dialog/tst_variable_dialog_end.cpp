@@ -180,8 +180,8 @@ void TestVariableDialogEnd::catalogueIsKeptForTheSameFilter()
     QVERIFY(renameFirstAnalogInput(m_platform.get()));
     open(QT_MARVANE_REAL);
     QCOMPARE(Master_variables, catalogue);
-    QVERIFY(itemsOf(variables()).contains(QStringLiteral("oil_temp")));
-    QVERIFY(!itemsOf(variables()).contains(QStringLiteral("renamed")));
+    QVERIFY(itemsOf(&variables()).contains(QStringLiteral("oil_temp")));
+    QVERIFY(!itemsOf(&variables()).contains(QStringLiteral("renamed")));
     QCOMPARE(VMLType, int{QT_MARVANE_REAL});
 }
 
@@ -190,11 +190,11 @@ void TestVariableDialogEnd::catalogueIsReadAgainForAnotherFilter()
     open(QT_MARVANE_REAL);
     QVERIFY(renameFirstAnalogInput(m_platform.get()));
     open(QT_MARVANE_ANY);
-    QVERIFY(itemsOf(variables()).contains(QStringLiteral("renamed")));
-    QVERIFY(!itemsOf(variables()).contains(QStringLiteral("oil_temp")));
+    QVERIFY(itemsOf(&variables()).contains(QStringLiteral("renamed")));
+    QVERIFY(!itemsOf(&variables()).contains(QStringLiteral("oil_temp")));
     QCOMPARE(VMLType, int{QT_MARVANE_ANY});
     open(QT_MARVANE_REAL);
-    QVERIFY(itemsOf(variables()).contains(QStringLiteral("renamed")));
+    QVERIFY(itemsOf(&variables()).contains(QStringLiteral("renamed")));
     QCOMPARE(VMLType, int{QT_MARVANE_REAL});
 }
 
@@ -206,12 +206,12 @@ void TestVariableDialogEnd::openDialogKeepsItsCatalogue()
     auto* const olderGroups = older->findChild<QComboBox*>(QStringLiteral("groupComboBox"));
     open(QT_MARVANE_STRING);
     QTest::keyClick(olderGroups, Qt::Key_Down);
-    QCOMPARE(itemsOf(*older->variableComboBox()), lines({"bay_clear", "door_open"}));
+    QCOMPARE(itemsOf(older->variableComboBox()), lines({"bay_clear", "door_open"}));
     QTest::keyClick(olderGroups, Qt::Key_Up);
     older->hide();
     older->show();
-    QCOMPARE(itemsOf(*older->variableComboBox()), lines({"bay_clear", "door_open"}));
-    QCOMPARE(itemsOf(variables()), lines({"engine_name", "user_text"}));
+    QCOMPARE(itemsOf(older->variableComboBox()), lines({"bay_clear", "door_open"}));
+    QCOMPARE(itemsOf(&variables()), lines({"engine_name", "user_text"}));
 }
 
 // ---- Without a platform ------------------------------------------------------------------------
@@ -232,7 +232,7 @@ void TestVariableDialogEnd::killedPlatform()
     QCOMPARE(variables().currentText(), QStringLiteral("exhaust."));
     QCOMPARE(members().count(), 0);
     QVERIFY(!members().isEnabled());
-    QCOMPARE(itemsOf(units()), lines({"RPM"}));
+    QCOMPARE(itemsOf(&units()), lines({"RPM"}));
     QTest::keyClick(&groups(), Qt::Key_Down);
     QCOMPARE(variables().currentText(), QStringLiteral("T_oil"));
     QCOMPARE(variables().count(), 5);

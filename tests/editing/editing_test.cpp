@@ -183,6 +183,11 @@ QByteArray EditingTest::saved()
     return readFile(QStringLiteral("/specs/good"));
 }
 
+QString text(const char* latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
 namespace {
 
 void clickButton(const QDialog* dialog, const char* ofAsam, const char* ofVariable)
@@ -201,14 +206,6 @@ void acceptDialog(QDialog* dialog)
 void cancelDialog(QDialog* dialog)
 {
     clickButton(dialog, "cancel_button", "Cancel");
-}
-
-QStringList itemsOf(const QComboBox* comboBox)
-{
-    QStringList items;
-    for (int i = 0; i < comboBox->count(); ++i)
-        items.append(comboBox->itemText(i));
-    return items;
 }
 
 QString toolTipOf(const QComboBox* comboBox, const QString& item)

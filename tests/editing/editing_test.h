@@ -9,6 +9,7 @@
 
 #include "antlr3_basetreedelegate.h"
 #include "asamspecs_select.h"
+#include "combo_items.h"
 #include "spec_document.h"
 #include "variableselectiondialog.h"
 #include "window_test.h"
@@ -82,6 +83,9 @@ protected:
     QByteArray saved();
 };
 
+// A text of a source file as a string.
+QString text(const char* latin1);
+
 // The widget of this kind and name in the dialog, which must have it.
 template <typename Part>
 Part* partOf(const QWidget* dialog, const char* name)
@@ -96,5 +100,4 @@ Part* partOf(const QWidget* dialog, const char* name)
 void acceptDialog(QDialog* dialog);
 void cancelDialog(QDialog* dialog);
 
-QStringList itemsOf(const QComboBox* comboBox);
 QString toolTipOf(const QComboBox* comboBox, const QString& item);

@@ -15,11 +15,6 @@ namespace {
 const QByteArray ONE_KEYWORD = "@SCRIBON\nlog\n";
 const auto FIRST_CHOICE = QStringLiteral("clear_statistics_event");
 
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 QString firstGroup(const QWidget* dialog)
 {
     return partOf<QComboBox>(dialog, "groupComboBox")->itemText(0);

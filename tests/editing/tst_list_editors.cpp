@@ -19,11 +19,6 @@ namespace {
 const auto ENGINE = QStringLiteral("/specs/asam3_specs.engine");
 const auto FILLER = QStringLiteral("FILLER_TXT");
 
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
 QByteArray listOf(const char* section, const QByteArray& entries)
 {
     return QByteArray("@SCRIBON\nlog\n\n@") + section + '\n' + entries + "\n\n";
@@ -119,6 +114,7 @@ private Q_SLOTS:
     void channelOpensOn_data();
     void channelOpensOn();
     void channelIsStored();
+    void channelsOutlastThePlatform();
 
     void parametersAreOffered_data();
     void parametersAreOffered();
@@ -667,6 +663,20 @@ void TestListEditors::channelIsStored()
     press(Qt::Key_Return);
     QCOMPARE(index.data().toString(), text("my own "));
     QCOMPARE(stack()->count(), 2);
+}
+
+// The keywords stay attached; without a platform the variable's units are not known.
+void TestListEditors::channelsOutlastThePlatform()
+{
+    const QModelIndex index = showEntry(DE_TAB2, {text("eng_speed")}).siblingAtColumn(3);
+    QVERIFY(openAs<QComboBox>(index) != nullptr);
+    press(Qt::Key_Return);
+    QCOMPARE(openEditors(), 0);
+    QVERIFY(m_desk.kill());
+    const auto* const comboBox = openAs<QComboBox>(index);
+    QVERIFY(comboBox != nullptr);
+    QCOMPARE(itemsOf(comboBox), keywordsOf("channel"));
+    QVERIFY(m_desk.start(qEnvironmentVariable("SCRIBON_EXAMPLES") + text("/catalogue.json")));
 }
 
 // ---- Meta Data List ----------------------------------------------------------------------------

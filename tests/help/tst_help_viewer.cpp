@@ -14,6 +14,7 @@
 #include "desk_process.h"
 #include "editor_process.h"
 #include "help_collection.h"
+#include "places.h"
 #include "virtual_display.h"
 
 namespace {
@@ -33,20 +34,14 @@ unset LD_PRELOAD
 exec '%2' "$@"
 )";
 
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 QList<QByteArray> starts()
 {
-    return contentOf(STARTS).split('\n').mid(0, contentOf(STARTS).count('\n'));
+    return readFile(STARTS).split('\n').mid(0, readFile(STARTS).count('\n'));
 }
 
 QJsonArray viewerWindows()
 {
-    return QJsonDocument::fromJson(contentOf(STATE)).array();
+    return QJsonDocument::fromJson(readFile(STATE)).array();
 }
 
 QJsonObject docks()

@@ -1,9 +1,5 @@
 // Tells where things are on the screen and what they say: a plugin that the toolkit loads into the
-// real program. It only looks. A request a line on standard input is answered by a line of JSON on
-// standard output, also while the program waits in a menu or a message box. All rectangles are
-// [x, y, width, height] on the screen.
-
-#include <unistd.h>
+// real program. It only looks. All rectangles are [x, y, width, height] on the screen.
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -12,20 +8,19 @@
 #include <QComboBox>
 #include <QGenericPlugin>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QSocketNotifier>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTabBar>
-#include <QTextStream>
 #include <QToolTip>
 #include <QTreeView>
+
+#include "plugin_requests.h"
 
 namespace {
 
@@ -238,42 +233,17 @@ QJsonObject table(const QString& tab)
             {QStringLiteral("rows"), rows}};
 }
 
-QJsonObject answer(const QString& request)
-{
-    const auto aboutTable = QStringLiteral("table ");
-    if (request.startsWith(aboutTable))
-        return table(request.mid(aboutTable.size()));
-    return look();
-}
-
-}  // namespace
-
-class Finder : public QObject {
-public:
-    Finder();
-
-private:
-    void readRequest();
-
-    QSocketNotifier m_input{STDIN_FILENO, QSocketNotifier::Read};
-    QTextStream m_requests{stdin, QIODevice::ReadOnly};
+class Finder : public PluginRequests {
+    QJsonValue answer(const QString& request) const override
+    {
+        const auto aboutTable = QStringLiteral("table ");
+        if (request.startsWith(aboutTable))
+            return table(request.mid(aboutTable.size()));
+        return look();
+    }
 };
 
-Finder::Finder()
-{
-    connect(&m_input, &QSocketNotifier::activated, this, &Finder::readRequest);
-}
-
-void Finder::readRequest()
-{
-    const QString request = m_requests.readLine();
-    if (request.isNull()) {
-        m_input.setEnabled(false);
-        return;
-    }
-    const QJsonObject reply{{QStringLiteral("answer"), answer(request)}};
-    QTextStream(stdout) << QJsonDocument(reply).toJson(QJsonDocument::Compact) << Qt::endl;
-}
+}  // namespace
 
 class FinderPlugin : public QGenericPlugin {
     Q_OBJECT

@@ -1,8 +1,5 @@
 // Looks into the real program from within: a plugin that the toolkit loads while it makes the
-// application object. It answers a request a line on standard input by a line of JSON on standard
-// output, also while the program waits in a message box.
-
-#include <unistd.h>
+// application object.
 
 #include <QAbstractButton>
 #include <QAction>
@@ -12,14 +9,13 @@
 #include <QGenericPlugin>
 #include <QImage>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QMessageBox>
 #include <QMetaType>
-#include <QSocketNotifier>
 #include <QStatusBar>
-#include <QTextStream>
 #include <functional>
+
+#include "plugin_requests.h"
 
 namespace {
 
@@ -90,17 +86,13 @@ void trigger(const QString& action)
 
 }  // namespace
 
-class Probe : public QObject {
+class Probe : public PluginRequests {
 public:
     Probe();
 
 private:
-    void readRequest();
-    QJsonValue answer(const QString& request) const;
+    QJsonValue answer(const QString& request) const override;
     QJsonObject state() const;
-
-    QSocketNotifier m_input{STDIN_FILENO, QSocketNotifier::Read};
-    QTextStream m_requests{stdin, QIODevice::ReadOnly};
 
     // As they were before the application object was complete.
     const int m_metaType = QMetaType::type("pANTLR3_BASE_TREE");
@@ -109,7 +101,6 @@ private:
 Probe::Probe()
 {
     qCritical("the application object is being made");
-    connect(&m_input, &QSocketNotifier::activated, this, &Probe::readRequest);
 }
 
 QJsonObject Probe::state() const
@@ -140,17 +131,6 @@ QJsonValue Probe::answer(const QString& request) const
     if (deeds.contains(request))
         QMetaObject::invokeMethod(qApp, deeds.value(request), Qt::QueuedConnection);
     return state();
-}
-
-void Probe::readRequest()
-{
-    const QString request = m_requests.readLine();
-    if (request.isNull()) {
-        m_input.setEnabled(false);
-        return;
-    }
-    const QJsonObject reply{{QStringLiteral("answer"), answer(request)}};
-    QTextStream(stdout) << QJsonDocument(reply).toJson(QJsonDocument::Compact) << Qt::endl;
 }
 
 class ProbePlugin : public QGenericPlugin {
