@@ -8,19 +8,30 @@
 
 namespace {
 
-void emptyDirectory(const QString& path)
+bool areOnOneFileSystem(const QString& one, const QString& other)
 {
-    // Where the display's sockets and the session's files are.
-    const QStringList kept{QStringLiteral(".X11-unix"), QStringLiteral("runtime")};
+    struct stat first {};
+    struct stat second {};
+    return lstat(QFile::encodeName(one).constData(), &first) == 0 &&
+           lstat(QFile::encodeName(other).constData(), &second) == 0 &&
+           first.st_dev == second.st_dev;
+}
+
+// Links are removed and not followed. A directory on another file system is one that was given to
+// the test, such as the source tree; it stays, and so does the way to it.
+void emptyDirectory(const QString& path, const QStringList& kept = {})
+{
     const auto entries = QDir(path).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System |
                                                   QDir::NoDotAndDotDot);
     for (const QFileInfo& entry : entries) {
         if (kept.contains(entry.fileName()))
             continue;
-        if (entry.isDir() && !entry.isSymLink())
-            QDir(entry.filePath()).removeRecursively();
-        else
+        if (entry.isSymLink() || !entry.isDir()) {
             QFile::remove(entry.filePath());
+        } else if (areOnOneFileSystem(path, entry.filePath())) {
+            emptyDirectory(entry.filePath());
+            QDir().rmdir(entry.filePath());
+        }
     }
 }
 
@@ -53,8 +64,10 @@ bool inPrivateNamespace()
 
 void emptyPlaces()
 {
+    // Where the display's sockets and the session's files are.
+    const QStringList kept{QStringLiteral(".X11-unix"), QStringLiteral("runtime")};
     for (const char* const place : {"/specs", "/tmp", "/small-disk"})
-        emptyDirectory(QLatin1String(place));
+        emptyDirectory(QLatin1String(place), kept);
 }
 
 bool writeFile(const QString& path, const QByteArray& bytes)

@@ -8,7 +8,8 @@
 // Whether /specs and /tmp are this test's own.
 bool inPrivateNamespace();
 
-// Empties /specs, /tmp and the small disk, but for what this test did not make.
+// Empties /specs, /tmp and the small disk, but for the session's files and what is mounted there,
+// which this test did not make.
 void emptyPlaces();
 
 // Creates or replaces the file, and the directories that it lies in; false when that failed.
