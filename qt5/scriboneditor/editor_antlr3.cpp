@@ -1,10 +1,10 @@
 #include "editor_antlr3.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstring>
+#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,6 +12,7 @@
 #include "editor_antlr3_objects.h"
 #include "scribon_keywords.h"
 #include "scribonspecs_hooks.h"
+#include "wholefile.h"
 
 pscribonspecsParser Parser = nullptr;
 pANTLR3_COMMON_TOKEN_STREAM TokenStream = nullptr;
@@ -22,16 +23,43 @@ pANTLR3_INPUT_STREAM Input = nullptr;
 pscribonspecsLexer Lex = nullptr;
 scribonspecsParser_expr_return Result{};
 
+// The bytes behind Input, which does not copy them.
+std::string fileBytes;
+
+// What preload_file has read for the next read_file.
+struct {
+    bool there = false;
+    std::string name;
+    std::string bytes;
+} preloaded;
+
 std::vector<std::unique_ptr<char[]>> editedTokenTexts;
 
 constexpr ANTLR3_UINT32 FILE_TOKENS_HINT = 1025;
 constexpr ANTLR3_UINT32 CELL_TOKENS_HINT = 10;
 
-// The runtime's file stream would parse a directory's garbage and hang on a pipe.
-bool isRegularFile(const char* filename)
+// The runtime counts the bytes of a stream in 32 bits.
+int readBytes(const char* filename, std::string* bytes)
 {
-    struct stat status {};
-    return stat(filename, &status) == 0 && S_ISREG(status.st_mode);
+    const int error = readWholeFile(filename, bytes);
+    const bool tooLong = bytes->size() > std::numeric_limits<ANTLR3_UINT32>::max();
+    return error == 0 && tooLong ? EFBIG : error;
+}
+
+bool takeFileBytes(const char* filename)
+{
+    const bool known = std::exchange(preloaded.there, false) && preloaded.name == filename;
+    fileBytes = std::exchange(preloaded.bytes, {});
+    return known || readBytes(filename, &fileBytes) == 0;
+}
+
+// A stream on the bytes that were read and checked: the runtime's own file stream takes no notice
+// of a read that fails or comes back short. It copies the name.
+pANTLR3_INPUT_STREAM streamOfFileBytes(std::string name)
+{
+    return antlr3StringStreamNew(reinterpret_cast<pANTLR3_UINT8>(fileBytes.data()), ANTLR3_ENC_8BIT,
+                                 static_cast<ANTLR3_UINT32>(fileBytes.size()),
+                                 reinterpret_cast<pANTLR3_UINT8>(name.data()));
 }
 
 pANTLR3_BASE_TREE firstChildOfType(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 type)
@@ -134,15 +162,21 @@ bool isRequiredKeyword(int tokenType)
 // ---- The load
 // ------------------------------------------------------------------------------------
 
+int preload_file(const char* filename)
+{
+    preloaded.name = filename;
+    const int error = readBytes(filename, &preloaded.bytes);
+    preloaded.there = error == 0;
+    return error;
+}
+
 int read_file(const char* filename)
 {
     if (Input != nullptr)
         free_resources();
-    if (!isRegularFile(filename))
+    if (!takeFileBytes(filename))
         return -1;
-    // The runtime takes the name as bytes that it may change, but only ever copies it.
-    std::string name(filename);
-    Input = antlr3FileStreamNew(reinterpret_cast<pANTLR3_UINT8>(name.data()), 0);
+    Input = streamOfFileBytes(filename);
     if (Input == nullptr)
         return -1;
     parseInput();
@@ -162,7 +196,13 @@ int free_resources()
     RuntimePtr<pANTLR3_COMMON_TOKEN_STREAM>(std::exchange(TokenStream, nullptr)).reset();
     Result = {};
     editedTokenTexts.clear();
+    fileBytes = {};
     return 0;
+}
+
+FileBytes getFileBytes()
+{
+    return {fileBytes.data(), fileBytes.size()};
 }
 
 pANTLR3_BASE_TREE getTree()
@@ -267,8 +307,14 @@ void* AntlrErrorNode(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_TOKEN_STREAM /*c
     pANTLR3_COMMON_TOKEN token = startToken;
     if (e != nullptr && e->token != nullptr)
         token = static_cast<pANTLR3_COMMON_TOKEN>(e->token);
-    // The token's string belongs to the input's factory and outlives the tree.
-    return adaptor->createTypeText(adaptor, TOKEN_INVALID, token->getText(token)->chars);
+    // The token's string belongs to the input's factory and outlives the tree. It is set as a
+    // whole, since a C string ends at a zero byte inside quotes.
+    const pANTLR3_STRING text = token->getText(token);
+    const auto node = static_cast<pANTLR3_BASE_TREE>(
+        adaptor->createTypeText(adaptor, TOKEN_INVALID, text->chars));
+    const pANTLR3_COMMON_TOKEN own = node->getToken(node);
+    own->setText(own, text);
+    return node;
 }
 
 void syncToSet(void)

@@ -17,6 +17,12 @@
 // ---- The load
 // ------------------------------------------------------------------------------------
 
+// Reads the whole file `filename` (local 8-bit encoding) for the next read_file of the same name,
+// which then parses these bytes whatever happens to the file meanwhile. Leaves the tree as it is.
+// Returns 0, or the system's error number when not all of the file could be read; read_file then
+// reads the file itself.
+int preload_file(const char* filename);
+
 // Parses the file `filename` (local 8-bit encoding) and keeps its tree for getTree. Frees the tree
 // of the load before. Returns
 //    0  the file is a spec file; missing optional sections have been added to the tree,
@@ -30,6 +36,13 @@ int free_resources();
 
 // The root of the tree of the last read_file; null when there is none.
 pANTLR3_BASE_TREE getTree();
+
+// The bytes that the tree was made from; none without a tree.
+struct FileBytes {
+    const char* data;
+    size_t size;
+};
+FileBytes getFileBytes();
 
 // The root's children; 0 and null where there is none.
 ANTLR3_UINT32 treeChildCount();

@@ -153,6 +153,8 @@ private Q_SLOTS:
     void slipsThatDoNotLoadAgain();
     void valuesThatAreNoWordsMultiply_data();
     void valuesThatAreNoWordsMultiply();
+    void zeroByteInAMisplacedTextLosesNothing_data();
+    void zeroByteInAMisplacedTextLosesNothing();
 };
 
 void tst_SaveLoadSave::examples_data()
@@ -316,6 +318,31 @@ void tst_SaveLoadSave::valuesThatAreNoWordsMultiply()
     const QByteArray head = "@SCRIBON\nx\n\n" + keyword + "\n" + value + "\n";
     QVERIFY(saves.first.startsWith(head + value + "\n\n"));
     QVERIFY(saves.second.startsWith(head + value + "\n" + value + "\n\n"));
+}
+
+void tst_SaveLoadSave::zeroByteInAMisplacedTextLosesNothing_data()
+{
+    QTest::addColumn<QByteArray>("keyword");
+    for (const QByteArray& keyword : WORD_TAKERS + Pieces{"@RUNNING_AVERAGE"})
+        QTest::newRow(keyword.constData()) << keyword;
+}
+
+// Cut at the zero byte, the text would lose its closing quote, and the quote would swallow what
+// stands behind it in the file.
+void tst_SaveLoadSave::zeroByteInAMisplacedTextLosesNothing()
+{
+    QFETCH(QByteArray, keyword);
+    const QByteArray text("\"a\0b\"", 5);
+    const Saves saves = saveLoadSave("@SCRIBON x\n" + keyword + ' ' + text +
+                                     "\n@DESCRIPTION \"some text\"\n@MODE m\n@GROUP g\n"
+                                     "@SCAN_LIST\na b\n");
+    QCOMPARE(saves.secondVerdict, 0);
+    const QByteArray rest =
+        "@DESCRIPTION\n\"some text\"\n\n@MODE\nm\n\n@GROUP\ng\n\n@SCAN_LIST\na\t\tb\n";
+    for (const QByteArray& saved : {saves.first, saves.second}) {
+        QVERIFY(saved.contains(text + '\n'));
+        QVERIFY(saved.contains(rest));
+    }
 }
 
 QTEST_MAIN(tst_SaveLoadSave)

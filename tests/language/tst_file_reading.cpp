@@ -1,0 +1,184 @@
+// A spec file is read as a whole or not at all, and parsed as it was when it was read.
+
+#include <sys/stat.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <cerrno>
+#include <memory>
+
+#include "editor_antlr3.h"
+#include "loaded_text.h"
+#include "wholefile.h"
+
+namespace {
+
+const QByteArray GOOD = "@SCRIBON\ngood\n";
+const QByteArray OTHER = "@SCRIBON\nother\n@MODE\nm\n";
+
+QByteArray parsedBytes()
+{
+    const FileBytes bytes = getFileBytes();
+    return {bytes.data, static_cast<int>(bytes.size)};
+}
+
+}  // namespace
+
+class tst_FileReading : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { free_resources(); }
+
+    void content_data();
+    void content();
+    void whatIsNoRegularFile_data();
+    void whatIsNoRegularFile();
+    void pipeIsNotWaitedFor();
+
+    void preloadedBytesAreParsed_data();
+    void preloadedBytesAreParsed();
+    void preloadedBytesAreParsedOnce();
+    void preloadIsForOneName();
+    void failedPreloadKeepsTheTree();
+    void bytesLiveAsLongAsTheTree();
+
+private:
+    QByteArray path(const char* name) const;
+    void write(const char* name, const QByteArray& bytes);
+
+    std::unique_ptr<QTemporaryDir> m_dir;
+};
+
+void tst_FileReading::init()
+{
+    m_dir = std::make_unique<QTemporaryDir>();
+    resetParseState();
+}
+
+QByteArray tst_FileReading::path(const char* name) const
+{
+    return QFile::encodeName(m_dir->filePath(QString::fromLatin1(name)));
+}
+
+void tst_FileReading::write(const char* name, const QByteArray& bytes)
+{
+    QFile file(QFile::decodeName(path(name)));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+void tst_FileReading::content_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("text") << GOOD;
+    QTest::newRow("zero bytes") << QByteArray("a\0b\0", 4);
+    for (const int size : {65535, 65536, 65537, 1000000})
+        QTest::addRow("%d bytes", size) << QByteArray(size, 'x');
+}
+
+void tst_FileReading::content()
+{
+    QFETCH(QByteArray, bytes);
+    write("file", bytes);
+    std::string read = "what was there before";
+    QCOMPARE(readWholeFile(path("file").constData(), &read), 0);
+    QCOMPARE(QByteArray::fromStdString(read), bytes);
+}
+
+void tst_FileReading::whatIsNoRegularFile_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<int>("error");
+    QTest::newRow("nothing") << QByteArray("/no such file") << ENOENT;
+    QTest::newRow("no name") << QByteArray("") << ENOENT;
+    QTest::newRow("below a file") << QByteArray("/dev/null/x") << ENOTDIR;
+    QTest::newRow("a directory") << QByteArray("/tmp") << EINVAL;
+    QTest::newRow("a device without an end") << QByteArray("/dev/zero") << EINVAL;
+}
+
+void tst_FileReading::whatIsNoRegularFile()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(int, error);
+    std::string bytes;
+    QCOMPARE(readWholeFile(name.constData(), &bytes), error);
+    QCOMPARE(preload_file(name.constData()), error);
+    QCOMPARE(read_file(name.constData()), -1);
+}
+
+// Nobody writes into the pipe: a reader that waits for that would never return.
+void tst_FileReading::pipeIsNotWaitedFor()
+{
+    QCOMPARE(mkfifo(path("pipe").constData(), 0600), 0);
+    std::string bytes;
+    QCOMPARE(readWholeFile(path("pipe").constData(), &bytes), EINVAL);
+}
+
+void tst_FileReading::preloadedBytesAreParsed_data()
+{
+    QTest::addColumn<bool>("removed");
+    QTest::newRow("the file is replaced meanwhile") << false;
+    QTest::newRow("the file is removed meanwhile") << true;
+}
+
+void tst_FileReading::preloadedBytesAreParsed()
+{
+    QFETCH(bool, removed);
+    write("file", GOOD);
+    QCOMPARE(preload_file(path("file").constData()), 0);
+    if (removed)
+        QVERIFY(QFile::remove(QFile::decodeName(path("file"))));
+    else
+        write("file", OTHER);
+    QCOMPARE(read_file(path("file").constData()), 0);
+    QCOMPARE(parsedBytes(), GOOD);
+    QVERIFY(!loadedTree().contains(QStringLiteral("KYWD_MODE")));
+}
+
+void tst_FileReading::preloadedBytesAreParsedOnce()
+{
+    write("file", GOOD);
+    QCOMPARE(preload_file(path("file").constData()), 0);
+    QCOMPARE(read_file(path("file").constData()), 0);
+    write("file", OTHER);
+    QCOMPARE(read_file(path("file").constData()), 0);
+    QCOMPARE(parsedBytes(), OTHER);
+}
+
+void tst_FileReading::preloadIsForOneName()
+{
+    write("file", GOOD);
+    write("other", OTHER);
+    QCOMPARE(preload_file(path("file").constData()), 0);
+    QCOMPARE(read_file(path("other").constData()), 0);
+    QCOMPARE(parsedBytes(), OTHER);
+    write("file", OTHER + OTHER);
+    QCOMPARE(read_file(path("file").constData()), 0);
+    QCOMPARE(parsedBytes(), OTHER + OTHER);
+}
+
+void tst_FileReading::failedPreloadKeepsTheTree()
+{
+    write("file", GOOD);
+    QCOMPARE(read_file(path("file").constData()), 0);
+    const QString tree = loadedTree();
+    QCOMPARE(preload_file(path("no such file").constData()), ENOENT);
+    QCOMPARE(loadedTree(), tree);
+    QCOMPARE(parsedBytes(), GOOD);
+}
+
+void tst_FileReading::bytesLiveAsLongAsTheTree()
+{
+    write("file", GOOD);
+    QCOMPARE(read_file(path("file").constData()), 0);
+    QCOMPARE(parsedBytes(), GOOD);
+    free_resources();
+    QVERIFY(parsedBytes().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(tst_FileReading)
+#include "tst_file_reading.moc"
