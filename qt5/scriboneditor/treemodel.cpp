@@ -350,15 +350,15 @@ Bytes bytesOf(pANTLR3_BASE_TREE node)
     return {reinterpret_cast<const char*>(text->chars), static_cast<int>(text->len)};
 }
 
-// The text of a node, null for a line end, which never becomes a cell. Saving writes in the local
-// encoding, so that is what reading takes. All of the text counts, zero bytes too: cut at one, a
-// quoted text would lose its closing quote and, once saved, swallow the file behind it.
-QString nodeText(pANTLR3_BASE_TREE node)
+// The text of a node, null for a line end, which never becomes a cell. All of the text counts, zero
+// bytes too: cut at one, a quoted text would lose its closing quote and, once saved, swallow the
+// file behind it.
+QString nodeText(pANTLR3_BASE_TREE node, SpecEncoding encoding)
 {
     const Bytes bytes = bytesOf(node);
     if (bytes.data == nullptr || (bytes.size > 0 && bytes.data[0] == '\n'))
         return {};
-    return QString::fromLocal8Bit(bytes.data, bytes.size);
+    return decoded(encoding, bytes.data, bytes.size);
 }
 
 // A statement tells its tab by its first child.
@@ -375,7 +375,7 @@ bool belongsToTab(pANTLR3_BASE_TREE statement, ANTLR3_UINT32 tab)
 class StatementRows {
 public:
     // The rows become children of parent.
-    StatementRows(TreeItem* parent, int columns, ANTLR3_UINT32 tab);
+    StatementRows(TreeItem* parent, int columns, ANTLR3_UINT32 tab, SpecEncoding encoding);
 
     // What becomes a cell below `tree`, left to right, a node before its children.
     void addItemsBelow(pANTLR3_BASE_TREE tree, int level = 1);
@@ -390,16 +390,19 @@ private:
     int m_columns;
     bool m_list;      // one row for the keyword and one for each entry behind it
     bool m_scanList;  // whose entries have a statistical member in their middle
+    SpecEncoding m_encoding;
     TreeItem* m_row = nullptr;
     int m_itemCount = 0;
     int m_position = 0;  // slot within the list entry in progress
 };
 
-StatementRows::StatementRows(TreeItem* parent, int columns, ANTLR3_UINT32 tab)
+StatementRows::StatementRows(TreeItem* parent, int columns, ANTLR3_UINT32 tab,
+                             SpecEncoding encoding)
     : m_parent(parent),
       m_columns(columns),
       m_list(tab >= EDIT_TAB2 && tab <= EDIT_TAB5),
-      m_scanList(tab == EDIT_TAB2)
+      m_scanList(tab == EDIT_TAB2),
+      m_encoding(encoding)
 {
     appendRow();
 }
@@ -410,7 +413,7 @@ void StatementRows::addItemsBelow(pANTLR3_BASE_TREE tree, int level)
     const ANTLR3_UINT32 count = tree->getChildCount(tree);
     for (ANTLR3_UINT32 i = 0; i < count; ++i) {
         const pANTLR3_BASE_TREE node = childAt(tree, i);
-        const QString text = nodeText(node);
+        const QString text = nodeText(node, m_encoding);
         if (!text.isNull())
             addItem(appGrammerTypeToEditorTypeOrig(node),
                     level < DEEPEST_LEVEL ? text.trimmed() : text);
@@ -472,11 +475,14 @@ void TreeModel::setupModelData(pANTLR3_BASE_TREE bTree, TreeItem* parent)
     rootTree = bTree;
     if (bTree == nullptr || bTree->children == nullptr)
         return;
+    const FileBytes file = getFileBytes();
+    specEncoding = encodingOf(file.data, file.size);
     const ANTLR3_UINT32 count = bTree->getChildCount(bTree);
     for (ANTLR3_UINT32 i = 0; i < count; ++i) {
         const pANTLR3_BASE_TREE statement = childAt(bTree, i);
         if (belongsToTab(statement, tabIndexNumber))
-            StatementRows(parent, rootItem->columnCount(), tabIndexNumber).addItemsBelow(statement);
+            StatementRows(parent, rootItem->columnCount(), tabIndexNumber, specEncoding)
+                .addItemsBelow(statement);
     }
 }
 
@@ -574,13 +580,31 @@ void RowWriter::writeValue(const QString& text, int column)
 
 }  // namespace
 
+QString TreeModel::specText() const
+{
+    QString text;
+    QTextStream out(&text);
+    RowWriter writer(&out);
+    for (int i = 0; i < rootItem->childCount(); ++i)
+        writer.write(*rootItem->child(i), i);
+    return text;
+}
+
+SpecEncoding TreeModel::encoding() const
+{
+    return specEncoding;
+}
+
+void TreeModel::setEncoding(SpecEncoding encoding)
+{
+    specEncoding = encoding;
+}
+
 void TreeModel::dump_to_file(char* filename)
 {
     QFile file(QFile::decodeName(filename));
     if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text))
         return;
-    QTextStream out(&file);
-    RowWriter writer(&out);
-    for (int i = 0; i < rootItem->childCount(); ++i)
-        writer.write(*rootItem->child(i), i);
+    const QString text = specText();
+    file.write(encoded(encodingFor(text, specEncoding), text));
 }

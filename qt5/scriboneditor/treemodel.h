@@ -13,6 +13,7 @@
 #include <memory>
 
 #include "editor_antlr3.h"
+#include "specencoding.h"
 #include "textjudge.h"
 #include "validatorformat.h"
 
@@ -71,9 +72,18 @@ public:
     // Tells the views that the cell looks different now.
     void m_dataChanged(const QModelIndex& index);
 
-    // Appends the rows as spec file text to the file (local 8-bit encoding). Silent when the file
-    // cannot be opened or written.
+    // Appends specText() to the file (name in the local 8-bit encoding), encoded as encoding() says
+    // or, where a text cannot be, in the local encoding. Silent when the file cannot be opened or
+    // written.
     void dump_to_file(char* filename);
+
+    // The rows as spec file text.
+    QString specText() const;
+
+    // That of the file that the rows were read from. A document is written in one encoding, so
+    // whoever saves the five models gives all of them the same.
+    SpecEncoding encoding() const;
+    void setEncoding(SpecEncoding encoding);
 
     int getErrorCount() const;
     void clearErrorCount();
@@ -117,6 +127,7 @@ private:
     std::unique_ptr<TreeItem> rootItem;
     pANTLR3_BASE_TREE rootTree = nullptr;
     ANTLR3_UINT32 tabIndexNumber;
+    SpecEncoding specEncoding = SpecEncoding::Local;
     bool modified = false;
     bool dirty = false;
     mutable bool touched = true;  // since the last pass, by whoever changes rows or codes
