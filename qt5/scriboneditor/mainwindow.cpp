@@ -18,6 +18,7 @@
 #include <algorithm>
 
 #include "antlr3_basetreedelegate.h"
+#include "documentguard.h"
 #include "editor_antlr3.h"
 #include "editorundocommand.h"
 #include "scribon_keywords.h"
@@ -123,10 +124,26 @@ bool openRegular(QFile* file, QIODevice::OpenMode mode, QString* error)
     return opened;
 }
 
-bool canBeRead(const QString& fileName, QString* error)
+bool canBeOpened(const QString& fileName, QString* error)
 {
     QFile file(fileName);
     return openRegular(&file, QIODevice::ReadOnly, error);
+}
+
+// Finds the file, with a second try below "/specs/", and reads all of it for the parser before
+// anything of the document on screen is given up.
+bool readAhead(QString* fileName, QString* error)
+{
+    if (!canBeOpened(*fileName, error)) {
+        if (!fileName->contains(SPEC_PREFIX))
+            fileName->prepend(SPEC_PREFIX);
+        if (!canBeOpened(*fileName, error))
+            return false;
+    }
+    const int failure = preload_file(fileName->toLocal8Bit().constData());
+    if (failure != 0)
+        *error = qt_error_string(failure);
+    return failure == 0;
 }
 
 // Silent when the file cannot be written: reading it back tells.
@@ -157,6 +174,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
 {
     setupUi(this);
     EditorMainWindow = this;
+    guardDocument();
     undoGroup = new QUndoGroup(this);
     makeUndoStacks();
     makeUndoActions(2);
@@ -176,6 +194,7 @@ MainWindow::MainWindow(const QString& fileName, QWidget* parent) : QMainWindow(p
     setupUi(this);
     makeUndoActions(1);
     EditorMainWindow = this;
+    guardDocument();
     setupTables(this);
     const bool loaded = setupEditor(fileName, false);
     setupActions();
@@ -188,6 +207,22 @@ MainWindow::~MainWindow()
     free_resources();
     if (EditorMainWindow == this)
         EditorMainWindow = nullptr;
+}
+
+void MainWindow::guardDocument()
+{
+    guard = std::make_unique<DocumentGuard>(
+        this, statusBar(),
+        DocumentGuard::Document{[this] { return hasUnsavedWork(); },
+                                [this] {
+                                    const QString text = documentText();
+                                    return encoded(documentEncoding(text), text);
+                                }});
+    connect(qApp, &QCoreApplication::aboutToQuit, guard.get(), &DocumentGuard::copyUnsavedWork);
+    beforePlainExit = [] {
+        if (EditorMainWindow != nullptr)
+            EditorMainWindow->guard->copyUnsavedWork();
+    };
 }
 
 void MainWindow::fillKeywordHelp()
@@ -300,14 +335,10 @@ void MainWindow::loadFile(const QString& fileName, bool newFile)
 {
     QString tFileName = fileName;
     QString error;
-    if (!newFile && !canBeRead(tFileName, &error)) {
-        if (!tFileName.contains(SPEC_PREFIX))
-            tFileName.prepend(SPEC_PREFIX);
-        if (!canBeRead(tFileName, &error)) {
-            QMessageBox::warning(this, tr("Scribon Specification Editor"),
-                                 tr("Cannot read file %1:\n%2.").arg(fileName, error));
-            return;
-        }
+    if (!newFile && !readAhead(&tFileName, &error)) {
+        QMessageBox::warning(this, tr("Scribon Specification Editor"),
+                             tr("Cannot read file %1:\n%2.").arg(fileName, error));
+        return;
     }
     setCurrentFile(tFileName);
     setupEditor(tFileName, newFile);
@@ -368,6 +399,8 @@ void MainWindow::showDocument(const QString& fileName)
     for (int tab = 0; tab < TAB_COUNT; ++tab)
         modelOf(tab)->setDirty();
     updateErrorCount();
+    const FileBytes file = getFileBytes();
+    guard->loaded(fileName, QByteArray::fromRawData(file.data, static_cast<int>(file.size)));
 }
 
 // The old model goes last: the view and its selection still speak to it while they change over.
@@ -382,10 +415,18 @@ void MainWindow::showModel(int tab, std::unique_ptr<TreeModel> model)
     // What was typed and not taken over leaves its mark, which the next check puts right.
     connect(delegates[slot].get(), &QAbstractItemDelegate::closeEditor, model.get(),
             &TreeModel::setDirty);
+    guardModel(*model);
     QItemSelectionModel* const before = view[slot]->selectionModel();
     view[slot]->setModel(model.get());
     dropSelectionModel(before);
     models[slot] = std::move(model);
+}
+
+void MainWindow::guardModel(const TreeModel& model)
+{
+    connect(&model, &QAbstractItemModel::dataChanged, guard.get(), &DocumentGuard::edited);
+    connect(&model, &QAbstractItemModel::rowsInserted, guard.get(), &DocumentGuard::edited);
+    connect(&model, &QAbstractItemModel::rowsRemoved, guard.get(), &DocumentGuard::edited);
 }
 
 // Row 0 of a list tab is the section's keyword, which the user neither sees nor edits, and so is
@@ -415,6 +456,7 @@ bool MainWindow::refuseDocument(const QString& fileName, int readResult)
             makeViewHarmless(tab);
     }
     loadedFile = false;
+    guard->unloaded();
     return false;
 }
 
@@ -520,8 +562,8 @@ bool MainWindow::saveAs()
     return saveFile(dialog.selectedFiles().first());
 }
 
-// In place: the file is emptied and each tab appends its rows. A disk that fills up on the way is
-// not noticed; the document stays as it is and can be saved elsewhere.
+// In place: the file is emptied and each tab appends its rows. Until all of them are on disk the
+// recovery copy holds the document.
 bool MainWindow::saveFile(const QString& fileName)
 {
     const QString title = tr("Scribon Specifications Editor");
@@ -532,27 +574,49 @@ bool MainWindow::saveFile(const QString& fileName)
             tr("Nothing Loaded cannot save file %1:\n%2.").arg(fileName, file.errorString()));
         return false;
     }
+    guard->aboutToSave();
     QString error;
     if (!openRegular(&file, QIODevice::WriteOnly, &error)) {
+        guard->saveRefused();
         QMessageBox::warning(this, title, tr("Cannot write file %1:\n%2.").arg(fileName, error));
         return false;
     }
-    writeTabs(fileName.toLocal8Bit());
+    const QByteArray text = writeTabs(fileName.toLocal8Bit());
     setCurrentFile(fileName);
+    guard->saved(fileName, text);
     statusBar()->showMessage(tr("File saved"), NEWS_MS);
     return true;
 }
 
-// The five flags go first: what is written is what the rows are now.
-void MainWindow::writeTabs(QByteArray localName)
+// Returns what the file should hold then. The five flags go first: what is written is what the rows
+// are now.
+QByteArray MainWindow::writeTabs(QByteArray localName)
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);
+    const QString text = documentText();
+    const SpecEncoding encoding = documentEncoding(text);
     isModified = false;
-    for (int tab = 0; tab < TAB_COUNT; ++tab)
+    for (int tab = 0; tab < TAB_COUNT; ++tab) {
         modelOf(tab)->clrModified();
+        modelOf(tab)->setEncoding(encoding);
+    }
     for (int tab = 0; tab < TAB_COUNT; ++tab)
         modelOf(tab)->dump_to_file(localName.data());
     QApplication::restoreOverrideCursor();
+    return encoded(encoding, text);
+}
+
+QString MainWindow::documentText() const
+{
+    QString text;
+    for (int tab = 0; tab < TAB_COUNT; ++tab)
+        text += modelOf(tab)->specText();
+    return text;
+}
+
+SpecEncoding MainWindow::documentEncoding(const QString& text) const
+{
+    return encodingFor(text, modelOf(DE_TAB1)->encoding());
 }
 
 bool MainWindow::hasUnsavedWork() const
@@ -585,6 +649,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     writeSettings();
     event->accept();
     free_resources();
+    guard->closed();
 }
 
 // ---- Errors ------------------------------------------------------------------------------------

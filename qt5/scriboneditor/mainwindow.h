@@ -14,9 +14,11 @@
 
 #include "editor_types.h"
 #include "preference_results.h"
+#include "specencoding.h"
 #include "ui_mainwindow.h"
 
 class Assistant;
+class DocumentGuard;
 class QAbstractItemDelegate;
 class QCloseEvent;
 class QTabWidget;
@@ -86,6 +88,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void guardDocument();
     void fillKeywordHelp();
     void fillStatMemList();
     void makeUndoStacks();
@@ -106,6 +109,7 @@ private:
     void releaseViews();
     void showDocument(const QString& fileName);
     void showModel(int tab, std::unique_ptr<TreeModel> model);
+    void guardModel(const TreeModel& model);
     void arrangeView(int tab);
     bool refuseDocument(const QString& fileName, int readResult);
     void makeViewHarmless(int tab);
@@ -116,7 +120,9 @@ private:
     void fitColumnsRepeatedly();
 
     bool saveFile(const QString& fileName);
-    void writeTabs(QByteArray localName);
+    QByteArray writeTabs(QByteArray localName);
+    QString documentText() const;
+    SpecEncoding documentEncoding(const QString& text) const;
     bool maybeSave();
     bool hasUnsavedWork() const;
 
@@ -148,6 +154,7 @@ private:
     QTimer* timer = nullptr;
     StatusBarForm* statusBarform = nullptr;
     Assistant* assistant = makeAssistant();
+    std::unique_ptr<DocumentGuard> guard;
 
 public:
     preference_results myPrefs;

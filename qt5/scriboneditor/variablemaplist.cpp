@@ -7,6 +7,7 @@
 
 std::shared_ptr<const VariablesByGroup> Master_variables;
 int VMLType = 0;
+void (*beforePlainExit)() = nullptr;
 
 namespace {
 
@@ -19,6 +20,8 @@ QString labelText(const char* label)
 [[noreturn]] void endWithoutPlatform()
 {
     std::printf("\n %s must be running to use this command\n", "Marvane");
+    if (beforePlainExit != nullptr)
+        beforePlainExit();
     std::exit(0);
 }
 

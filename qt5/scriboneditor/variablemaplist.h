@@ -80,5 +80,8 @@ private:
 extern std::shared_ptr<const VariablesByGroup> Master_variables;
 extern int VMLType;
 
+// Called before the process ends because the platform is gone; null for nothing to be done.
+extern void (*beforePlainExit)();
+
 // Makes the current catalogue anew with this filter.
 void rebuildMasterVariables(QT_MARVANE_VAR_TYPE type);

@@ -1,0 +1,486 @@
+// What becomes of unsaved work, of copies of it and of the file on disk, and what the window's
+// status bar says of them.
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStatusBar>
+#include <QUndoStack>
+
+#include "recoverycopy.h"
+#include "variablemaplist.h"
+#include "window_test.h"
+
+namespace {
+
+constexpr int FIVE_SECONDS = 5000;
+
+const auto GOOD = QStringLiteral("/specs/good");
+const auto ELSEWHERE = QStringLiteral("/specs/elsewhere");
+const auto FULL = QStringLiteral("/small-disk/engine");
+const auto FOLDER = QStringLiteral("/tmp/state/scriboneditor/recovery");
+const auto COPY = FOLDER + QStringLiteral("/1/good");
+const auto NEW_NAME = QStringLiteral("new_name");
+
+const auto CHANGED =
+    QStringLiteral("/specs/good was changed by another program; Save overwrites that");
+const auto GONE = QStringLiteral("/specs/good is gone from the disk; Save makes it anew");
+
+QStringList copies()
+{
+    return QDir(FOLDER).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+}
+
+}  // namespace
+
+class tst_DocumentGuard : public WindowTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void copyFollowsAnEdit_data();
+    void copyFollowsAnEdit();
+    void copyFollowsEveryEdit();
+    void copyOpensAsASpecFile();
+    void copyKeepsTheEncoding();
+    void copyGoesWhenItIsSaved();
+    void copyGoesWhenItIsDiscarded();
+    void copyStaysWhenClosingIsCancelled();
+    void copyStaysUntilAnotherDocumentIsOpen();
+    void copyStaysWhenTheOtherFileCannotBeRead();
+    void copyGoesWithARefusedFile();
+    void noCopyAfterTheWindowIsClosed();
+    void refusedSaveKeepsOnlyUnsavedWork_data();
+    void refusedSaveKeepsOnlyUnsavedWork();
+    void saidWhenNoCopyCanBeKept();
+
+    void fullDiskIsTold();
+    void fullDiskAndNoHomeAreTold();
+    void closingAfterAFullDiskLeavesTheCopy();
+    void openingAfterAFullDiskLeavesTheCopy();
+
+    void changeByOthersIsTold();
+    void changeByOthersEndsWithASave();
+    void changeByOthersEndsWithALoad();
+    void goneFileIsTold();
+    void activationLooksAtTheFile();
+    void noticesWaitForTheNews();
+    void refusedRowActionStays();
+
+    void abandonedCopyIsToldAtTheStart();
+    void severalAbandonedCopiesAreTold();
+    void openedCopyIsNotTold();
+    void openedCopyGoesOnceItIsSavedElsewhere();
+    void openedCopyStaysWhenItIsSavedInPlace();
+
+private:
+    void startAnew();
+    void editName();
+    void editAndCopy();
+    void endTheNews() { m_window->statusBar()->clearMessage(); }
+    QString message() const { return m_window->statusBar()->currentMessage(); }
+    QByteArray savedText();
+};
+
+void tst_DocumentGuard::startAnew()
+{
+    m_window.reset();
+    m_window = std::make_unique<MainWindow>(nullptr);
+}
+
+void tst_DocumentGuard::editName()
+{
+    edit(0, 0, 1, NEW_NAME);
+}
+
+// The copy at once, as before the end of the process.
+void tst_DocumentGuard::editAndCopy()
+{
+    editName();
+    beforePlainExit();
+    QVERIFY(QFileInfo::exists(COPY));
+}
+
+// What Save writes of the document.
+QByteArray tst_DocumentGuard::savedText()
+{
+    m_window->save();
+    return readFile(GOOD);
+}
+
+void tst_DocumentGuard::copyFollowsAnEdit_data()
+{
+    QTest::addColumn<QString>("change");
+    for (const char* const change : {"edit", "insert", "remove", "undo"})
+        QTest::newRow(change) << QString::fromLatin1(change);
+}
+
+void tst_DocumentGuard::copyFollowsAnEdit()
+{
+    QFETCH(QString, change);
+    loadGoodFile();
+    QVERIFY(!QFileInfo::exists(FOLDER));
+    goTo(viewOf(*m_window, 0), 8, 0);
+    if (change == QLatin1String("insert"))
+        m_window->insertRow();
+    else if (change == QLatin1String("remove"))
+        m_window->removeRow();
+    else
+        editName();
+    if (change == QLatin1String("undo"))
+        m_window->uStack()->undo();
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(COPY), FIVE_SECONDS);
+    const QByteArray copied = readFile(COPY);
+    QCOMPARE(copied, savedText());
+}
+
+void tst_DocumentGuard::copyFollowsEveryEdit()
+{
+    loadGoodFile();
+    editAndCopy();
+    edit(0, 0, 1, QStringLiteral("newer_name"));
+    QTRY_VERIFY_WITH_TIMEOUT(readFile(COPY).contains("newer_name"), FIVE_SECONDS);
+    QCOMPARE(copies().size(), 1);
+}
+
+void tst_DocumentGuard::copyOpensAsASpecFile()
+{
+    loadGoodFile();
+    editAndCopy();
+    const QByteArray copied = readFile(COPY);
+    QVERIFY(writeFile(ELSEWHERE, copied));
+    m_window->loadFile(ELSEWHERE, false);
+    QCOMPARE(titleOf(*m_window), ELSEWHERE);
+    QCOMPARE(rowTexts(*modelOf(*m_window, 0), 0).at(1), NEW_NAME);
+    QCOMPARE(modelOf(*m_window, 1)->rowCount(), 3);
+}
+
+void tst_DocumentGuard::copyKeepsTheEncoding()
+{
+    loadGoodFile(goodSpec() + "#\xd6l\n");
+    editAndCopy();
+    QVERIFY(readFile(COPY).contains("#\xd6l\n"));
+}
+
+void tst_DocumentGuard::copyGoesWhenItIsSaved()
+{
+    loadGoodFile();
+    editAndCopy();
+    QVERIFY(m_window->save());
+    QVERIFY(copies().isEmpty());
+    QCOMPARE(message(), QStringLiteral("File saved"));
+}
+
+void tst_DocumentGuard::copyGoesWhenItIsDiscarded()
+{
+    loadGoodFile();
+    editAndCopy();
+    m_dialogs->answerBox(QMessageBox::Discard);
+    QVERIFY(m_window->close());
+    QVERIFY(copies().isEmpty());
+}
+
+void tst_DocumentGuard::copyStaysWhenClosingIsCancelled()
+{
+    loadGoodFile();
+    editAndCopy();
+    m_dialogs->answerBox(QMessageBox::Cancel);
+    QVERIFY(!m_window->close());
+    QVERIFY(QFileInfo::exists(COPY));
+}
+
+// Discard is only the permission: the document is still open after a cancelled file dialog.
+void tst_DocumentGuard::copyStaysUntilAnotherDocumentIsOpen()
+{
+    QVERIFY(writeFile(ELSEWHERE, goodSpec()));
+    loadGoodFile();
+    editAndCopy();
+    m_dialogs->answerBox(QMessageBox::Discard);
+    m_dialogs->cancel();
+    m_window->open();
+    QVERIFY(QFileInfo::exists(COPY));
+    m_window->loadFile(ELSEWHERE, false);
+    QCOMPARE(titleOf(*m_window), ELSEWHERE);
+    QVERIFY(copies().isEmpty());
+}
+
+void tst_DocumentGuard::copyStaysWhenTheOtherFileCannotBeRead()
+{
+    loadGoodFile();
+    editAndCopy();
+    m_dialogs->answerBox(QMessageBox::Ok);
+    m_window->loadFile(QStringLiteral("/specs/no such file"), false);
+    QCOMPARE(m_dialogs->boxes.size(), 1);
+    QVERIFY(QFileInfo::exists(COPY));
+    QCOMPARE(titleOf(*m_window), GOOD);
+}
+
+void tst_DocumentGuard::copyGoesWithARefusedFile()
+{
+    loadGoodFile();
+    editAndCopy();
+    QVERIFY(writeFile(ELSEWHERE, badSpec()));
+    m_window->loadFile(ELSEWHERE, false);
+    QVERIFY(copies().isEmpty());
+    endTheNews();
+    QVERIFY(writeFile(GOOD, "changed"));
+    QEvent activated(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(m_window.get(), &activated);
+    QVERIFY(message().isEmpty());
+}
+
+void tst_DocumentGuard::noCopyAfterTheWindowIsClosed()
+{
+    loadGoodFile();
+    editName();
+    m_dialogs->answerBox(QMessageBox::Discard);
+    QVERIFY(m_window->close());
+    QMetaObject::invokeMethod(qApp, "aboutToQuit", Qt::DirectConnection);
+    beforePlainExit();
+    QVERIFY(copies().isEmpty());
+}
+
+void tst_DocumentGuard::refusedSaveKeepsOnlyUnsavedWork_data()
+{
+    QTest::addColumn<bool>("unsaved");
+    QTest::newRow("unsaved work") << true;
+    QTest::newRow("none") << false;
+}
+
+void tst_DocumentGuard::refusedSaveKeepsOnlyUnsavedWork()
+{
+    QFETCH(bool, unsaved);
+    loadGoodFile();
+    if (unsaved)
+        editName();
+    m_dialogs->chooseFile(QStringLiteral("/specs/no such directory/engine"));
+    m_dialogs->answerBox(QMessageBox::Ok);
+    QVERIFY(!m_window->saveAs());
+    QCOMPARE(!copies().isEmpty(), unsaved);
+}
+
+void tst_DocumentGuard::saidWhenNoCopyCanBeKept()
+{
+    loadGoodFile();
+    QVERIFY(writeFile(QStringLiteral("/tmp/state"), "no directory"));
+    editName();
+    const auto text = QStringLiteral(
+        "No copy of unsaved work can be kept in "
+        "/tmp/state/scriboneditor/recovery: ");
+    QTRY_VERIFY_WITH_TIMEOUT(message().startsWith(text), FIVE_SECONDS);
+    QVERIFY(QFile::remove(QStringLiteral("/tmp/state")));
+    edit(0, 0, 1, QStringLiteral("newer_name"));
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(COPY), FIVE_SECONDS);
+    QVERIFY(message().isEmpty());
+}
+
+void tst_DocumentGuard::fullDiskIsTold()
+{
+    loadGoodFile(largeSpec(5000));
+    const QByteArray whole = savedText();
+    m_dialogs->chooseFile(FULL);
+    QVERIFY(m_window->saveAs());
+    QCOMPARE(message(), QStringLiteral("File saved"));
+    endTheNews();
+    const auto notice = QStringLiteral(
+                            "Not all of the document is in /small-disk/engine; "
+                            "it is kept whole in ") +
+                        COPY;
+    QTRY_COMPARE(message(), notice);
+    QCOMPARE(readFile(COPY), whole);
+
+    m_dialogs->chooseFile(ELSEWHERE);
+    QVERIFY(m_window->saveAs());
+    QCOMPARE(readFile(ELSEWHERE), whole);
+    QVERIFY(copies().isEmpty());
+    endTheNews();
+    QCoreApplication::processEvents();
+    QVERIFY(message().isEmpty());
+}
+
+void tst_DocumentGuard::fullDiskAndNoHomeAreTold()
+{
+    loadGoodFile(largeSpec(5000));
+    QVERIFY(writeFile(QStringLiteral("/tmp/state"), "no directory"));
+    m_dialogs->chooseFile(FULL);
+    QVERIFY(m_window->saveAs());
+    QTRY_COMPARE(message(), QStringLiteral("Not all of the document is in /small-disk/engine; "
+                                           "save it elsewhere"));
+}
+
+// Save has cleared the flags, so nothing is asked.
+void tst_DocumentGuard::closingAfterAFullDiskLeavesTheCopy()
+{
+    loadGoodFile(largeSpec(5000));
+    const QByteArray whole = savedText();
+    m_dialogs->chooseFile(FULL);
+    QVERIFY(m_window->saveAs());
+    QVERIFY(m_window->close());
+    QCOMPARE(m_dialogs->boxes.size(), 0);
+    QCOMPARE(readFile(COPY), whole);
+    startAnew();
+    QVERIFY(message().contains(COPY));
+}
+
+void tst_DocumentGuard::openingAfterAFullDiskLeavesTheCopy()
+{
+    loadGoodFile(largeSpec(5000));
+    const QByteArray whole = savedText();
+    m_dialogs->chooseFile(FULL);
+    QVERIFY(m_window->saveAs());
+    m_window->loadFile(GOOD, false);
+    QCOMPARE(readFile(COPY), whole);
+    endTheNews();
+    QTRY_VERIFY(message().contains(COPY));
+    editName();
+    beforePlainExit();
+    QCOMPARE(copies().size(), 2);
+    QVERIFY(m_window->save());
+    QCOMPARE(copies(), QStringList{QStringLiteral("1")});
+}
+
+void tst_DocumentGuard::changeByOthersIsTold()
+{
+    loadGoodFile();
+    endTheNews();
+    QVERIFY(writeFile(GOOD, goodSpec() + "\n"));
+    QTRY_COMPARE(message(), CHANGED);
+    QVERIFY(writeFile(GOOD, goodSpec()));
+    QTRY_VERIFY(message().isEmpty());
+}
+
+void tst_DocumentGuard::changeByOthersEndsWithASave()
+{
+    loadGoodFile();
+    endTheNews();
+    QVERIFY(writeFile(GOOD, goodSpec() + "\n"));
+    QTRY_COMPARE(message(), CHANGED);
+    QVERIFY(m_window->save());
+    endTheNews();
+    QCoreApplication::processEvents();
+    QVERIFY(message().isEmpty());
+}
+
+void tst_DocumentGuard::changeByOthersEndsWithALoad()
+{
+    loadGoodFile();
+    endTheNews();
+    QVERIFY(writeFile(GOOD, goodSpec() + "\n"));
+    QTRY_COMPARE(message(), CHANGED);
+    m_window->loadFile(GOOD, false);
+    endTheNews();
+    QCoreApplication::processEvents();
+    QVERIFY(message().isEmpty());
+}
+
+void tst_DocumentGuard::goneFileIsTold()
+{
+    loadGoodFile();
+    endTheNews();
+    QVERIFY(QFile::remove(GOOD));
+    QTRY_COMPARE(message(), GONE);
+    QVERIFY(m_window->save());
+    endTheNews();
+    QCoreApplication::processEvents();
+    QVERIFY(message().isEmpty());
+}
+
+// Without the event loop, in which the file system's own events come in.
+void tst_DocumentGuard::activationLooksAtTheFile()
+{
+    loadGoodFile();
+    m_window->statusBar()->clearMessage();
+    QVERIFY(writeFile(GOOD, goodSpec() + "\n"));
+    QEvent activated(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(m_window.get(), &activated);
+    QCOMPARE(message(), CHANGED);
+}
+
+void tst_DocumentGuard::noticesWaitForTheNews()
+{
+    loadGoodFile();
+    QCOMPARE(message(), QStringLiteral("File loaded"));
+    QVERIFY(writeFile(GOOD, goodSpec() + "\n"));
+    QEvent activated(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(m_window.get(), &activated);
+    QCOMPARE(message(), QStringLiteral("File loaded"));
+    QTRY_COMPARE(message(), CHANGED);
+}
+
+void tst_DocumentGuard::refusedRowActionStays()
+{
+    loadGoodFile();
+    goTo(viewOf(*m_window, 0), 0, 0);
+    m_window->removeRow();
+    const auto refusal = QStringLiteral("Unable to remove a required keyword  (scribon)");
+    QCOMPARE(message(), refusal);
+    QVERIFY(writeFile(GOOD, goodSpec() + "\n"));
+    QEvent activated(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(m_window.get(), &activated);
+    QCoreApplication::processEvents();
+    QCOMPARE(message(), refusal);
+    m_window->statusBar()->clearMessage();
+    QTRY_COMPARE(message(), CHANGED);
+}
+
+void tst_DocumentGuard::abandonedCopyIsToldAtTheStart()
+{
+    loadGoodFile();
+    editAndCopy();
+    startAnew();
+    QCOMPARE(message(), QStringLiteral("Unsaved work on /specs/good is kept in ") + COPY);
+    QVERIFY(m_dialogs->boxes.isEmpty());
+    QCOMPARE(readFile(GOOD), goodSpec());
+}
+
+void tst_DocumentGuard::severalAbandonedCopiesAreTold()
+{
+    for (int i = 0; i < 3; ++i) {
+        loadGoodFile();
+        editName();
+        beforePlainExit();
+        startAnew();
+    }
+    QCOMPARE(message(),
+             QStringLiteral("Unsaved work on /specs/good and 2 more is kept in ") + FOLDER);
+}
+
+void tst_DocumentGuard::openedCopyIsNotTold()
+{
+    loadGoodFile();
+    editAndCopy();
+    startAnew();
+    m_window->loadFile(COPY, false);
+    QCOMPARE(titleOf(*m_window), COPY);
+    endTheNews();
+    QCoreApplication::processEvents();
+    QVERIFY(message().isEmpty());
+    QVERIFY(QFileInfo::exists(COPY));
+}
+
+void tst_DocumentGuard::openedCopyGoesOnceItIsSavedElsewhere()
+{
+    loadGoodFile();
+    editAndCopy();
+    startAnew();
+    m_window->loadFile(COPY, false);
+    m_dialogs->chooseFile(ELSEWHERE);
+    QVERIFY(m_window->saveAs());
+    QVERIFY(readFile(ELSEWHERE).contains("new_name"));
+    QVERIFY(copies().isEmpty());
+    startAnew();
+    QVERIFY(message().isEmpty());
+}
+
+void tst_DocumentGuard::openedCopyStaysWhenItIsSavedInPlace()
+{
+    loadGoodFile();
+    editAndCopy();
+    startAnew();
+    m_window->loadFile(COPY, false);
+    QVERIFY(m_window->save());
+    QVERIFY(readFile(COPY).contains("new_name"));
+    startAnew();
+    QVERIFY(message().contains(COPY));
+}
+
+QTEST_MAIN(tst_DocumentGuard)
+#include "tst_document_guard.moc"
