@@ -166,6 +166,18 @@ void dropSelectionModel(QItemSelectionModel* selection)
     delete selection;
 }
 
+// As the delegate does when the editor in a cell loses the focus; only the current cell can have
+// one. A dialog over a cell is a window of its own, which its own buttons end.
+void commitEditorInCell(const QTreeView& tree)
+{
+    QWidget* const editor = tree.indexWidget(tree.currentIndex());
+    if (editor == nullptr || editor->isWindow())
+        return;
+    QAbstractItemDelegate* const delegate = tree.itemDelegate();
+    Q_EMIT delegate->commitData(editor);
+    Q_EMIT delegate->closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
 }  // namespace
 
 // ---- Construction ------------------------------------------------------------------------------
@@ -542,6 +554,7 @@ void MainWindow::open()
 
 bool MainWindow::save()
 {
+    commitOpenEditors();
     if (curFile.isEmpty())
         return saveAs();
     return curFile != NOTHING_LOADED && saveFile(curFile);
@@ -549,6 +562,7 @@ bool MainWindow::save()
 
 bool MainWindow::saveAs()
 {
+    commitOpenEditors();
     if (!loadedFile) {
         QMessageBox::warning(this, tr("Scribon Specifications Editor"),
                              tr("Nothing Loaded cannot save empty file."));
@@ -629,6 +643,7 @@ bool MainWindow::hasUnsavedWork() const
 
 bool MainWindow::maybeSave()
 {
+    commitOpenEditors();
     if (!hasUnsavedWork())
         return true;
     const auto answer =
@@ -720,6 +735,15 @@ TreeModel* MainWindow::modelOf(int tab) const
     return models[static_cast<size_t>(tab)].get();
 }
 
+// A shortcut, a menu and the window manager leave the focus in an open editor, whose text is not in
+// the model yet.
+void MainWindow::commitOpenEditors()
+{
+    for (size_t tab = 0; tab < TAB_COUNT; ++tab)
+        commitEditorInCell(*view[tab]);
+}
+
+// The Edit menu holds Undo, too, which would put an older text into an editor that is still open.
 void MainWindow::updateActions()
 {
     const bool hasCurrent = loadedFile && isTab(currentTab());
@@ -730,8 +754,10 @@ void MainWindow::updateActions()
     removeColumnAction->setEnabled(hasSelection);
     insertRowAction->setEnabled(hasCurrent);
     insertColumnAction->setEnabled(hasCurrent);
-    if (hasCurrent)
+    if (hasCurrent) {
+        commitOpenEditors();
         view[0]->closePersistentEditor(view[0]->currentIndex());
+    }
 }
 
 void MainWindow::currentTabChanged(int tabIndex)
@@ -761,6 +787,7 @@ void MainWindow::setFirstColumnSpanned(int tabIndex, int row, const QModelIndex&
 
 void MainWindow::insertRow()
 {
+    commitOpenEditors();
     const int tab = currentTab();
     TreeModel* const model = isTab(tab) ? modelOf(tab) : nullptr;
     if (model == nullptr || undoGroup->activeStack() == nullptr)
@@ -798,6 +825,7 @@ bool MainWindow::refusesRemoval(int tab, const QModelIndex& index, QString* keyw
 
 void MainWindow::removeRow()
 {
+    commitOpenEditors();
     const int tab = currentTab();
     TreeModel* const model = isTab(tab) ? modelOf(tab) : nullptr;
     if (model == nullptr || undoGroup->activeStack() == nullptr)

@@ -128,6 +128,7 @@ private:
 
     int currentTab() const;
     TreeModel* modelOf(int tab) const;
+    void commitOpenEditors();
     bool refusesRemoval(int tab, const QModelIndex& index, QString* keyword) const;
 
     QAction* undoAction = nullptr;

@@ -113,6 +113,16 @@ QWidget* EditingTest::open(const QModelIndex& cell, Way way)
     return editor;
 }
 
+QModelIndex EditingTest::openFetchedAndType()
+{
+    const auto fetched = [](const char* column, int type) { return QTest::qData(column, type); };
+    const QModelIndex index = cellAt(*static_cast<Place*>(fetched("place", qMetaTypeId<Place>())));
+    if (open(index) == nullptr)
+        qFatal("no editor opened");
+    typeOver(*static_cast<QString*>(fetched("typed", QMetaType::QString)));
+    return index;
+}
+
 QWidget* EditingTest::editorOf(const QModelIndex& cell)
 {
     return viewAt(cell)->indexWidget(cell);

@@ -61,6 +61,10 @@ protected:
         return qobject_cast<Editor*>(open(cell));
     }
 
+    // For a test whose data are those of addCellEditors(): opens the cell's editor and types over
+    // its text.
+    QModelIndex openFetchedAndType();
+
     // Null when the cell is not being edited.
     static QWidget* editorOf(const QModelIndex& cell);
 

@@ -9,9 +9,9 @@
 #include <QUndoStack>
 #include <QtTest>
 #include <algorithm>
-#include <array>
 #include <memory>
 
+#include "cell_editors.h"
 #include "editing_test.h"
 
 namespace {
@@ -20,27 +20,6 @@ constexpr Place REG_NAME{DE_TAB1, 0, "@REG_NAME", 1};
 constexpr Place GROUP{DE_TAB1, 0, "@GROUP", 1};
 constexpr Place YES{DE_TAB1, 0, "@LOG_STATISTICS", 1};
 constexpr Place ECM{DE_TAB5, 1, "1", 2};
-
-// An editor in the cell itself, and what it makes of a text that is typed over its own.
-struct CellEditor {
-    const char* name;
-    Place place;
-    const char* typed;
-    const char* stored;
-};
-
-constexpr std::array<CellEditor, 10> CELL_EDITORS{{
-    {"a line", REG_NAME, "other", "other"},
-    {"a keyword's second line", {DE_TAB1, 0, "@RUNNING_AVERAGE", 2}, "other", "other"},
-    {"a keyword", {DE_TAB1, 0, "@REG_NAME", 0}, "other", "@OTHER"},
-    {"a comment", {DE_TAB1, 0, "# Everything that can be edited", 0}, "# other", "# other"},
-    {"a number", {DE_TAB1, 0, "@MAX_SCANS", 1}, "7", "7"},
-    {"a statistical member", {DE_TAB2, 3, "N_ENG_AVG", 2}, ".XY", "  .XY"},
-    {"a channel keyword", {DE_TAB2, 3, "N_ENG_AVG", 3}, "OTHER", "OTHER"},
-    {"a parameter keyword", {DE_TAB3, 1, "BORE", 1}, "OTHER", "OTHER"},
-    {"an alternate name", {DE_TAB4, 1, "eng_speed", 2}, "other", "other"},
-    {"a comment of the ECM list", {DE_TAB5, 1, "# The engine itself", 1}, "# other", "# other"},
-}};
 
 // What a delegate tells the view from now on.
 class Reports {
@@ -80,16 +59,6 @@ QString textIn(const QWidget* editor)
     if (const auto* const dialog = qobject_cast<const asamspecs_select*>(editor))
         return dialog->fileComboBox()->currentText();
     return {};
-}
-
-void addCellEditors()
-{
-    QTest::addColumn<Place>("place");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("stored");
-    for (const CellEditor& editor : CELL_EDITORS)
-        QTest::newRow(editor.name) << editor.place << QString::fromLatin1(editor.typed)
-                                   << QString::fromLatin1(editor.stored);
 }
 
 }  // namespace
@@ -156,20 +125,8 @@ private Q_SLOTS:
     void filterSparesTheDialogs();
 
 private:
-    // Opens the fetched cell's editor and types the fetched text over its own.
-    QModelIndex openFetchedAndType();
     QWidget* madeFor(const QModelIndex& cell);
 };
-
-QModelIndex TestDelegateFrame::openFetchedAndType()
-{
-    const auto fetched = [](const char* column, int type) { return QTest::qData(column, type); };
-    const QModelIndex index = cellAt(*static_cast<Place*>(fetched("place", qMetaTypeId<Place>())));
-    if (open(index) == nullptr)
-        qFatal("no editor opened");
-    typeOver(*static_cast<QString*>(fetched("typed", QMetaType::QString)));
-    return index;
-}
 
 QWidget* TestDelegateFrame::madeFor(const QModelIndex& cell)
 {

@@ -304,10 +304,34 @@ QRect User::actionPlace(const QString& text)
     return action.isEmpty() ? QRect() : rectOf(action[QLatin1String("rect")]);
 }
 
+void User::openMenu(const QString& menu)
+{
+    m_screen->click(actionPlace(menu).center());
+}
+
+bool User::openContextMenu(int tab, int row, int column)
+{
+    if (!goToTab(tab) || !scrollTo(tab, row, column))
+        return false;
+    m_screen->click(placeOf(tab, row, column), RIGHT_BUTTON);
+    return true;
+}
+
+bool User::seesAction(const QString& action)
+{
+    return waitUntil([&] { return !actionPlace(action).isEmpty(); });
+}
+
+bool User::leaveMenu(const QString& action)
+{
+    press(QStringLiteral("Escape"));
+    return waitUntil([&] { return actionPlace(action).isEmpty(); });
+}
+
 // From a menu that has just been clicked open.
 bool User::chooseAction(const QString& action)
 {
-    if (!waitUntil([&] { return !actionPlace(action).isEmpty(); }))
+    if (!seesAction(action))
         return false;
     m_screen->click(actionPlace(action).center());
     return waitUntil([&] { return actionPlace(action).isEmpty(); });
@@ -315,17 +339,13 @@ bool User::chooseAction(const QString& action)
 
 bool User::chooseFromMenu(const QString& menu, const QString& action)
 {
-    m_screen->click(actionPlace(menu).center());
+    openMenu(menu);
     return chooseAction(action);
 }
 
-// The click makes the cell the current one.
 bool User::chooseFromContextMenu(int tab, int row, int column, const QString& action)
 {
-    if (!goToTab(tab) || !scrollTo(tab, row, column))
-        return false;
-    m_screen->click(placeOf(tab, row, column), RIGHT_BUTTON);
-    return chooseAction(action);
+    return openContextMenu(tab, row, column) && chooseAction(action);
 }
 
 bool User::clickButton(const QString& text)
@@ -405,6 +425,16 @@ void User::askToClose()
         if (QTest::qWaitFor(isAnswered, MISSED_MS))
             return;
     }
+}
+
+// The last button of the title bar, which is as wide as the bar is high.
+void User::clickCloseButton()
+{
+    const QJsonObject window =
+        firstOf(look()[QLatin1String("windows")], "class", QStringLiteral("MainWindow"));
+    const QRect frame = rectOf(window[QLatin1String("frame")]);
+    const int height = rectOf(window[QLatin1String("rect")]).top() - frame.top();
+    m_screen->click({frame.right() - height / 2, frame.top() + height / 2});
 }
 
 bool User::waitForEnd()

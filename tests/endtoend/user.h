@@ -74,12 +74,21 @@ public:
     void type(const QString& text);
     bool chooseFromMenu(const QString& menu, const QString& action);
     bool chooseFromContextMenu(int tab, int row, int column, const QString& action);
+    // Open a menu by the mouse; the right click makes the cell the current one.
+    void openMenu(const QString& menu);
+    bool openContextMenu(int tab, int row, int column);
+    // Whether a menu hangs open that has the action.
+    bool seesAction(const QString& action);
+    // Closes the menu that has the action by Escape.
+    bool leaveMenu(const QString& action);
     // Clicks on the message box's button and sees the box go.
     bool answerBox(const QString& button);
     bool answerFileDialog(const QString& path);
     void undo(int times = 1);
     void redo(int times = 1);
     void askToClose();
+    // The same by the button in the title bar.
+    void clickCloseButton();
     bool waitForEnd();
 
     // ---- Editing ----
