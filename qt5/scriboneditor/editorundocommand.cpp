@@ -14,6 +14,7 @@ EditorUndoCommand::EditorUndoCommand(TreeModel* model, const QModelIndex& index,
       m_cmd(udata),
       m_text(text),
       m_redoText(redoText),
+      m_indexIdentity(model->rowIdentity(index)),
       m_indexRow(index.row()),
       m_indexColumn(index.column())
 {
@@ -28,6 +29,7 @@ EditorUndoCommand::EditorUndoCommand(TreeModel* model, const QModelIndex& index,
       m_start_col(startCol),
       m_end_col(endCol),
       m_cmd(cmd),
+      m_indexIdentity(model->rowIdentity(index)),
       m_indexRow(index.row()),
       m_indexColumn(index.column())
 {
@@ -104,7 +106,12 @@ void EditorUndoCommand::takeBack()
 void EditorUndoCommand::findCell()
 {
     if (!m_index.isValid())
-        m_index = m_model->index(m_indexRow, m_indexColumn);
+        m_index = m_model->cellOfRow(m_indexIdentity, m_indexColumn, m_indexRow);
+}
+
+QModelIndex EditorUndoCommand::ownRow() const
+{
+    return m_model->index(m_row, 0, m_index.parent());
 }
 
 // An unset cell and a column beyond the row give an empty text.
@@ -125,8 +132,18 @@ void EditorUndoCommand::setText(int column, const QString& text)
 void EditorUndoCommand::addRow()
 {
     m_model->insertRows(m_row, 1, m_index.parent());
+    identifyAddedRow();
     for (int column = m_start_col; column <= m_end_col; ++column)
         setText(column, m_redotext_lst.value(column, QStringLiteral(" ")));
+}
+
+// The row is new the first time only; after that it is the one that undo took away.
+void EditorUndoCommand::identifyAddedRow()
+{
+    if (m_rowIdentity == 0)
+        m_rowIdentity = m_model->rowIdentity(ownRow());
+    else
+        m_model->setRowIdentity(ownRow(), m_rowIdentity);
 }
 
 // The texts are appended to those of an earlier undo, so a later redo brings the row back as it was
@@ -141,6 +158,7 @@ void EditorUndoCommand::removeRow()
 {
     m_text_lst = rowTexts();
     s_index = m_index.sibling(m_row - 1, 0);
+    m_rowIdentity = m_model->rowIdentity(ownRow());
     m_removed = m_model->removeRows(m_row, 1, m_index.parent());
 }
 
@@ -150,6 +168,7 @@ void EditorUndoCommand::restoreRow()
         return;
     m_model->insertRows(m_row, 1, s_index.parent());
     m_index = m_model->index(m_row, 0, s_index.parent());
+    m_model->setRowIdentity(m_index, m_rowIdentity);
     const int columns = m_model->columnCount(m_index);
     for (int column = m_start_col; column < columns; ++column)
         setText(column, m_redotext_lst.value(column));

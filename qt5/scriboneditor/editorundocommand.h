@@ -35,9 +35,11 @@ private:
     void doAgain();
     void takeBack();
     void findCell();
+    QModelIndex ownRow() const;
     QStringList rowTexts() const;
     void setText(int column, const QString& text);
     void addRow();
+    void identifyAddedRow();
     void takeAddedRow();
     void removeRow();
     void restoreRow();
@@ -54,10 +56,13 @@ private:
     QStringList m_text_lst;
     QStringList m_redotext_lst;
 
-    // Where m_index was made. The index dies with its row; the history of a tab is linear, so once
-    // the row is back its cell is found at the same place.
+    // The cell of m_index. The index dies with its row, and comes to life again only when undo or
+    // redo brings back that very row: an edit may be undone on another tab's stack at any time
+    // between, when another row has taken its place.
+    quint64 m_indexIdentity;
     int m_indexRow;
     int m_indexColumn;
 
-    bool m_removed = false;  // redo found the row to remove, so undo has one to bring back
+    quint64 m_rowIdentity = 0;  // of the row that the command adds or removes, once it has
+    bool m_removed = false;     // redo found the row to remove, so undo has one to bring back
 };

@@ -14,11 +14,18 @@ bool contains(const QVector<QVariant>& cells, int column)
     return column >= 0 && column < cells.size();
 }
 
+// Never 0, which stands for no row.
+quint64 newIdentity()
+{
+    static quint64 last = 0;
+    return ++last;
+}
+
 }  // namespace
 
 TreeItem::TreeItem(const QVector<QVariant>& data, const QVector<QVariant>& errorCodeData,
                    TreeItem* parent)
-    : itemData(data), ecData(errorCodeData), parentItem(parent)
+    : itemData(data), ecData(errorCodeData), parentItem(parent), m_identity(newIdentity())
 {
 }
 
@@ -164,4 +171,14 @@ bool TreeItem::isDirty() const
 void TreeItem::clrDirty()
 {
     dirty = false;
+}
+
+quint64 TreeItem::identity() const
+{
+    return m_identity;
+}
+
+void TreeItem::setIdentity(quint64 identity)
+{
+    m_identity = identity;
 }

@@ -65,10 +65,16 @@ public:
     bool isDirty() const;
     void clrDirty();
 
+    // What tells the row from every other, also from one that takes its place. Undo and redo hand
+    // it on: a row that is brought back has that of the row that went.
+    quint64 identity() const;
+    void setIdentity(quint64 identity);
+
 private:
     QList<TreeItem*> childItems;  // owned
     QVector<QVariant> itemData;
     QVector<QVariant> ecData;
     bool dirty = true;
     TreeItem* parentItem;
+    quint64 m_identity;
 };

@@ -255,6 +255,29 @@ bool TreeModel::removeColumns(int position, int columns, const QModelIndex& pare
     return removed;
 }
 
+quint64 TreeModel::rowIdentity(const QModelIndex& index) const
+{
+    return index.isValid() ? getItem(index)->identity() : 0;
+}
+
+void TreeModel::setRowIdentity(const QModelIndex& index, quint64 identity)
+{
+    if (index.isValid())
+        getItem(index)->setIdentity(identity);
+}
+
+QModelIndex TreeModel::cellOfRow(quint64 identity, int column, int expectedRow) const
+{
+    const QModelIndex expected = index(expectedRow, column);
+    if (rowIdentity(expected) == identity)
+        return expected;
+    for (int row = 0; row < rootItem->childCount(); ++row) {
+        if (rootItem->child(row)->identity() == identity)
+            return index(row, column);
+    }
+    return {};
+}
+
 QVariant TreeModel::errorCode(const QModelIndex& index) const
 {
     return index.isValid() ? getItem(index)->errorCode(index.column()) : QVariant();

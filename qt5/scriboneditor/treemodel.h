@@ -64,6 +64,15 @@ public:
     bool removeColumns(int position, int columns,
                        const QModelIndex& parent = QModelIndex()) override;
 
+    // What tells the cell's row from every other; 0 for an invalid index. A row that undo or redo
+    // brings back is given that of the row that it replaces.
+    quint64 rowIdentity(const QModelIndex& index) const;
+    void setRowIdentity(const QModelIndex& index, quint64 identity);
+
+    // The cell of the row with this identity, invalid when there is none. Row `expectedRow` is
+    // looked at first; if it is another one, the search is linear in the number of rows.
+    QModelIndex cellOfRow(quint64 identity, int column, int expectedRow) const;
+
     // A cell's error code, an invalid variant before the first validation. Setting one changes no
     // flag; the next validation of the cell replaces it.
     QVariant errorCode(const QModelIndex& index) const;

@@ -17,8 +17,16 @@ private Q_SLOTS:
     void staysOnTheScreen();
     void dismissedDialogLeavesNoMark_data();
     void dismissedDialogLeavesNoMark();
+    void undoOnTheTabWhereADialogEndedSparesOtherRows();
+    void undoOnTheTabWhereADialogEndedFindsItsRowAgain();
 
 private:
+    // Renames the variable of Scan List row 5 in a dialog that the user accepts with the Keywords
+    // tab in front, and removes the row.
+    void renameFromKeywordsAndRemove();
+    QStringList scanList() const { return columnTexts(*modelOf(*m_window, DE_TAB2), 1); }
+    void undoOn(int tab);
+
     // Where the dialog's content belongs: the cell's place in the table counts from the window's
     // corner, and for the dialog with its frame.
     QPoint placeOf(const QModelIndex& cell, int below) const;
@@ -106,6 +114,65 @@ void TestCellDialogs::dismissedDialogLeavesNoMark()
     QCOMPARE(model->errorCode(index).toInt(), int{DE_NOERROR});
     QCOMPARE(index.data().toString(), before);
     QCOMPARE(stack()->count(), 0);
+}
+
+namespace {
+
+const QByteArray SEVEN_ENTRIES =
+    "@SCRIBON\nlog\n@SCAN_LIST\nv_1 A\nv_2 B\nv_3 C\nv_4 D\nv_5 E\nv_6 F\nv_7 G\n";
+
+}  // namespace
+
+void TestCellDialogs::undoOn(int tab)
+{
+    tabsOf(*m_window)->setCurrentIndex(tab);
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    viewOf(*m_window, tab)->setFocus();
+    press(Qt::Key_Z, Qt::ControlModifier);
+}
+
+void TestCellDialogs::renameFromKeywordsAndRemove()
+{
+    show(SEVEN_ENTRIES);
+    auto* const dialog = openAs<VariableSelectionDialog>(cell(DE_TAB2, 5, 1));
+    QVERIFY(dialog != nullptr);
+    tabsOf(*m_window)->setCurrentIndex(DE_TAB1);
+    typeVariable(dialog, QStringLiteral("renamed"));
+    acceptDialog(dialog);
+    QCOMPARE(scanList().at(5), QStringLiteral("renamed"));
+    QCOMPARE(stack()->count(), 1);
+
+    tabsOf(*m_window)->setCurrentIndex(DE_TAB2);
+    goTo(viewOf(*m_window, DE_TAB2), 5, 1);
+    actionOf(*m_window, "removeRowAction")->trigger();
+    QCOMPARE(scanList().size(), 7);
+    QVERIFY(!scanList().contains(QStringLiteral("renamed")));
+}
+
+void TestCellDialogs::undoOnTheTabWhereADialogEndedSparesOtherRows()
+{
+    renameFromKeywordsAndRemove();
+    const QStringList rest = document();
+    undoOn(DE_TAB1);
+    QCOMPARE(stack()->index(), 0);
+    QCOMPARE(document(), rest);
+    stack()->redo();
+    QCOMPARE(stack()->index(), 1);
+    QCOMPARE(document(), rest);
+}
+
+void TestCellDialogs::undoOnTheTabWhereADialogEndedFindsItsRowAgain()
+{
+    renameFromKeywordsAndRemove();
+    undoOn(DE_TAB2);
+    QCOMPARE(scanList().at(5), QStringLiteral("renamed"));
+    undoOn(DE_TAB1);
+    const QStringList variables{QStringLiteral("FILLER_TXT"), QStringLiteral("v_1"),
+                                QStringLiteral("v_2"),        QStringLiteral("v_3"),
+                                QStringLiteral("v_4"),        QStringLiteral("v_5"),
+                                QStringLiteral("v_6"),        QStringLiteral("v_7")};
+    QCOMPARE(scanList(), variables);
 }
 
 QTEST_MAIN(TestCellDialogs)

@@ -1,11 +1,14 @@
 // The undo command: edits of cells, rows inserted and removed, back and forth.
 
+#include <QSet>
 #include <QTest>
+#include <array>
 #include <random>
 
 #include "editing_window.h"
 #include "editorundocommand.h"
 #include "model_text.h"
+#include "undo_reference.h"
 
 namespace {
 
@@ -91,6 +94,152 @@ void changeSomething(Editing* document, std::mt19937* random)
     }
 }
 
+// Two tabs of a document, each with a stack of its own. An edit goes on either stack: a dialog over
+// a cell stays open while the user changes tabs, and then ends on the tab that is showing.
+class TwoTabs {
+public:
+    enum Tab { First, Second };
+
+    TwoTabs() : m_models{modelOfRows(EDIT_TAB1, ROWS), modelOfRows(EDIT_TAB3, LIST)}
+    {
+        const QList<QUndoStack*> stacks = EditorMainWindow->undoGroup->stacks();
+        m_stacks = {stacks.at(First), stacks.at(Second)};
+    }
+    ~TwoTabs()
+    {
+        for (QUndoStack* const stack : m_stacks)
+            stack->clear();
+    }
+
+    TreeModel* model(int tab) { return m_models[static_cast<size_t>(tab)].get(); }
+    QUndoStack* stack(int tab) { return m_stacks[static_cast<size_t>(tab)]; }
+    int rowCount(int tab) { return model(tab)->rowCount(); }
+    QString text(int tab, int row, int column)
+    {
+        return model(tab)->index(row, column).data().toString();
+    }
+    QVector<QStringList> texts(int tab)
+    {
+        QVector<QStringList> rows(rowCount(tab));
+        for (int row = 0; row < rows.size(); ++row) {
+            for (int column = 0; column < COLUMNS; ++column)
+                rows[row].append(text(tab, row, column));
+        }
+        return rows;
+    }
+
+    // Through the stack of the tab `shown`.
+    bool edit(int tab, int row, int column, const QString& text, int shown)
+    {
+        EditorMainWindow->undoGroup->setActiveStack(stack(shown));
+        return model(tab)->undoredo_setData(model(tab)->index(row, column), text);
+    }
+    void insertBelow(int tab, int row)
+    {
+        stack(tab)->push(new EditorUndoCommand(model(tab), model(tab)->index(row, 0), row + 1, 0,
+                                               COLUMNS - 1, uaddRow));
+    }
+    void remove(int tab, int row)
+    {
+        stack(tab)->push(new EditorUndoCommand(model(tab), model(tab)->index(row, 1), row, 0,
+                                               COLUMNS - 1, uremoveRow));
+    }
+
+    static constexpr int COLUMNS = 3;
+
+private:
+    static const QStringList LIST;
+
+    EditingWindow m_window;
+    std::array<std::unique_ptr<TreeModel>, 2> m_models;
+    std::array<QUndoStack*, 2> m_stacks{};
+};
+
+const QStringList TwoTabs::LIST =
+    lines({"@META_DATA | FILLER_TXT | FILLER_TXT", "<unset> | BORE | b", "<unset> | TITLE | t",
+           "<unset> | CELL | c"});
+
+// The same done to two tabs and to their reference.
+class ComparedTabs {
+public:
+    explicit ComparedTabs(unsigned seed) : m_random(seed) {}
+
+    void doSomething();
+    void compare();
+
+private:
+    void changeRows(int tab);
+    void editCell(int tab, int shown);
+    void goBackAndForth(int tab);
+
+    std::mt19937 m_random;
+    TwoTabs m_tabs;
+    std::array<ReferenceTab, 2> m_reference{
+        {ReferenceTab(m_tabs.texts(0)), ReferenceTab(m_tabs.texts(1))}};
+    std::array<ReferenceStack, 2> m_stacks;
+};
+
+void ComparedTabs::doSomething()
+{
+    const int tab = pick(&m_random, 2);
+    switch (pick(&m_random, 6)) {
+        case 0:
+        case 1:
+            changeRows(tab);
+            break;
+        case 2:
+            editCell(tab, tab);
+            break;
+        case 3:
+            editCell(tab, 1 - tab);
+            break;
+        default:
+            goBackAndForth(tab);
+    }
+}
+
+void ComparedTabs::changeRows(int tab)
+{
+    const auto slot = static_cast<size_t>(tab);
+    const int row = pick(&m_random, m_tabs.rowCount(tab));
+    if (pick(&m_random, 2) == 0) {
+        m_tabs.insertBelow(tab, row);
+        m_stacks[slot].insertBelow(&m_reference[slot], row);
+    } else if (row > 0) {
+        m_tabs.remove(tab, row);
+        m_stacks[slot].remove(&m_reference[slot], row);
+    }
+}
+
+void ComparedTabs::editCell(int tab, int shown)
+{
+    const int row = pick(&m_random, m_tabs.rowCount(tab));
+    const int column = pick(&m_random, TwoTabs::COLUMNS);
+    const int number = pick(&m_random, 1000);
+    const QString text = number < 50 ? QStringLiteral("") : QString::number(number);
+    const bool edited = m_stacks[static_cast<size_t>(shown)].edit(
+        &m_reference[static_cast<size_t>(tab)], row, column, text);
+    QCOMPARE(m_tabs.edit(tab, row, column, text, shown), edited);
+}
+
+void ComparedTabs::goBackAndForth(int tab)
+{
+    QUndoStack* const stack = m_tabs.stack(tab);
+    ReferenceStack& reference = m_stacks[static_cast<size_t>(tab)];
+    const bool back = pick(&m_random, 2) == 0;
+    for (int steps = pick(&m_random, 6); steps > 0; --steps) {
+        back ? stack->undo() : stack->redo();
+        back ? reference.undo() : reference.redo();
+    }
+    QCOMPARE(stack->index(), reference.index());
+}
+
+void ComparedTabs::compare()
+{
+    for (int tab = 0; tab < 2; ++tab)
+        QCOMPARE(m_tabs.texts(tab), m_reference[static_cast<size_t>(tab)].texts());
+}
+
 }  // namespace
 
 class tst_EditorUndoCommand : public QObject {
@@ -128,6 +277,14 @@ private Q_SLOTS:
     void stackOutlivesTheHistory();
     void longHistories_data();
     void longHistories();
+
+    void editFromAnotherTabSparesOtherRows();
+    void editFromAnotherTabFollowsItsRow();
+    void editFromAnotherTabFindsAnInsertedRowAgain();
+    void editOfARowThatIsGoneForGood();
+    void everyRowHasAnIdentityOfItsOwn();
+    void historiesOfTwoTabs_data();
+    void historiesOfTwoTabs();
 };
 
 void tst_EditorUndoCommand::editOfACell()
@@ -474,6 +631,101 @@ void tst_EditorUndoCommand::longHistories()
             document.redo(pick(&random, 8));
         }
         QCOMPARE(document.rows(), states.at(document.stack()->index()));
+    }
+}
+
+void tst_EditorUndoCommand::editFromAnotherTabSparesOtherRows()
+{
+    TwoTabs tabs;
+    QVERIFY(tabs.edit(TwoTabs::Second, 1, 2, QStringLiteral("new"), TwoTabs::First));
+    tabs.remove(TwoTabs::Second, 1);
+    const QVector<QStringList> rest = tabs.texts(TwoTabs::Second);
+    tabs.stack(TwoTabs::First)->undo();
+    QCOMPARE(tabs.texts(TwoTabs::Second), rest);
+    tabs.stack(TwoTabs::First)->redo();
+    QCOMPARE(tabs.texts(TwoTabs::Second), rest);
+}
+
+void tst_EditorUndoCommand::editFromAnotherTabFollowsItsRow()
+{
+    TwoTabs tabs;
+    const QVector<QStringList> before = tabs.texts(TwoTabs::Second);
+    QVERIFY(tabs.edit(TwoTabs::Second, 2, 2, QStringLiteral("new"), TwoTabs::First));
+    tabs.insertBelow(TwoTabs::Second, 0);
+    tabs.remove(TwoTabs::Second, 3);
+    tabs.stack(TwoTabs::Second)->undo();
+    tabs.stack(TwoTabs::First)->undo();
+    QCOMPARE(tabs.text(TwoTabs::Second, 3, 2), QStringLiteral("t"));
+    tabs.stack(TwoTabs::First)->redo();
+    QCOMPARE(tabs.text(TwoTabs::Second, 3, 2), QStringLiteral("new"));
+    tabs.stack(TwoTabs::First)->undo();
+    tabs.stack(TwoTabs::Second)->undo();
+    QCOMPARE(tabs.texts(TwoTabs::Second), before);
+}
+
+void tst_EditorUndoCommand::editFromAnotherTabFindsAnInsertedRowAgain()
+{
+    TwoTabs tabs;
+    tabs.insertBelow(TwoTabs::Second, 1);
+    QVERIFY(tabs.edit(TwoTabs::Second, 2, 2, QStringLiteral("new"), TwoTabs::First));
+    for (int round = 0; round < 2; ++round) {
+        tabs.stack(TwoTabs::Second)->undo();
+        QCOMPARE(tabs.rowCount(TwoTabs::Second), 4);
+        tabs.stack(TwoTabs::Second)->redo();
+        QCOMPARE(tabs.text(TwoTabs::Second, 2, 2), QStringLiteral("new"));
+        tabs.stack(TwoTabs::First)->undo();
+        QCOMPARE(tabs.text(TwoTabs::Second, 2, 2), QStringLiteral(" "));
+        tabs.stack(TwoTabs::First)->redo();
+    }
+}
+
+// Another row is inserted in its place, so redo cannot bring it back any more.
+void tst_EditorUndoCommand::editOfARowThatIsGoneForGood()
+{
+    TwoTabs tabs;
+    tabs.insertBelow(TwoTabs::Second, 1);
+    QVERIFY(tabs.edit(TwoTabs::Second, 2, 2, QStringLiteral("new"), TwoTabs::First));
+    tabs.stack(TwoTabs::Second)->undo();
+    tabs.insertBelow(TwoTabs::Second, 1);
+    for (int round = 0; round < 2; ++round) {
+        tabs.stack(TwoTabs::First)->undo();
+        QCOMPARE(tabs.text(TwoTabs::Second, 2, 2), QStringLiteral(" "));
+        tabs.stack(TwoTabs::First)->redo();
+        QCOMPARE(tabs.text(TwoTabs::Second, 2, 2), QStringLiteral(" "));
+    }
+}
+
+void tst_EditorUndoCommand::everyRowHasAnIdentityOfItsOwn()
+{
+    const auto model = modelOfRows(EDIT_TAB1, ROWS);
+    model->insertRows(1, 2);
+    QSet<quint64> identities;
+    for (int row = 0; row < model->rowCount(); ++row) {
+        const quint64 identity = model->rowIdentity(model->index(row, 0));
+        identities.insert(identity);
+        for (const int expected : {row, 0, 99, -1})
+            QCOMPARE(model->cellOfRow(identity, 2, expected), model->index(row, 2));
+    }
+    QCOMPARE(identities.size(), 5);
+    QVERIFY(!identities.contains(0));
+    QCOMPARE(model->rowIdentity(QModelIndex()), quint64{0});
+    QVERIFY(!model->cellOfRow(0, 0, 0).isValid());
+}
+
+void tst_EditorUndoCommand::historiesOfTwoTabs_data()
+{
+    QTest::addColumn<unsigned>("seed");
+    for (unsigned seed = 1; seed <= 20; ++seed)
+        QTest::newRow(qPrintable(QStringLiteral("seed %1").arg(seed))) << seed;
+}
+
+void tst_EditorUndoCommand::historiesOfTwoTabs()
+{
+    QFETCH(unsigned, seed);
+    ComparedTabs tabs(seed);
+    for (int step = 0; step < 400 && !QTest::currentTestFailed(); ++step) {
+        tabs.doSomething();
+        tabs.compare();
     }
 }
 
