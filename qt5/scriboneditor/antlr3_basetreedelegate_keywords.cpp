@@ -9,6 +9,7 @@
 
 #include "antlr3_basetreedelegate.h"
 #include "cell_text.h"
+#include "line_breaks.h"
 #include "mainwindow.h"
 #include "scribon_keywords.h"
 #include "validationcharm.h"
@@ -238,6 +239,7 @@ QWidget* Antlr3_BaseTreeDelegate::keywordEditor(QWidget* the_parent, const QMode
     keywordComboBoxSetup(editor, index);
     editor->setMaxVisibleItems(15);
     editor->setEditable(true);
+    refuseLineBreaks(editor->lineEdit());
     editor->view()->setSelectionBehavior(QAbstractItemView::SelectItems);
     editor->view()->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     editor->view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -286,6 +288,7 @@ QWidget* Antlr3_BaseTreeDelegate::get_line_editor(QWidget* parent, const char* f
     auto* const charm = new ValidationCharm;
     charm->setParent(editor);
     charm->activateOn(editor, validator, QString::fromLatin1(message), index);
+    refuseLineBreaksOutsideQuotes(editor);
     connect(editor, &QLineEdit::editingFinished, this,
             qOverload<>(&Antlr3_BaseTreeDelegate::commitAndCloseEditor));
     return editor;

@@ -11,6 +11,7 @@
 #include "antlr3_basetreedelegate.h"
 #include "asamspecs_select.h"
 #include "cell_text.h"
+#include "line_breaks.h"
 #include "mainwindow.h"
 #include "stat_members.h"
 #include "validatorformat.h"
@@ -235,6 +236,7 @@ QWidget* Antlr3_BaseTreeDelegate::listKeywordEditor(QWidget* the_parent,
 {
     auto* const editor = new QComboBox(the_parent);
     editor->setEditable(true);
+    refuseLineBreaks(editor->lineEdit());
     editor->insertItems(0, keywords);
     connect(editor, qOverload<int>(&QComboBox::currentIndexChanged), this,
             qOverload<int>(&Antlr3_BaseTreeDelegate::commitAndCloseEditor));
@@ -270,6 +272,7 @@ QWidget* Antlr3_BaseTreeDelegate::statMemberEditor(QWidget* the_parent) const
     editor->view()->setSelectionBehavior(QAbstractItemView::SelectItems);
     editor->view()->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     editor->setEditable(true);
+    refuseLineBreaks(editor->lineEdit());
     editor->view()->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     connect(editor, qOverload<int>(&QComboBox::currentIndexChanged), this,
             qOverload<int>(&Antlr3_BaseTreeDelegate::commitAndCloseEditor));

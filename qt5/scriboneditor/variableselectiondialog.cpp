@@ -11,6 +11,7 @@
 #include <cstring>
 
 #include "dialog_place.h"
+#include "line_breaks.h"
 #include "treeitem.h"
 #include "ui_variableselectiondialog.h"
 #include "validationcharm.h"
@@ -138,6 +139,8 @@ VariableSelectionDialog::VariableSelectionDialog(const QModelIndex& index, QWidg
     putProxyBehindVariables();
     setupVariableLine();
     ui->groupComboBox->lineEdit()->setReadOnly(true);
+    for (const QComboBox* const comboBox : {variableComboBox(), subComboBox(), unitsComboBox()})
+        refuseLineBreaks(comboBox->lineEdit());
     connectAll();
     setupOptionalLine(optionalData, index);
     refreshCatalogue();
@@ -187,6 +190,7 @@ void VariableSelectionDialog::setupOptionalLine(const QString& optionalData,
     auto* const charm = new ValidationCharm;
     charm->setParent(ui->lineEdit);
     charm->activateOn(ui->lineEdit, validator, QStringLiteral("Invalid ") + optionalData, index);
+    refuseLineBreaksOutsideQuotes(ui->lineEdit);
     connect(ui->lineEdit, &QLineEdit::textEdited, this,
             &VariableSelectionDialog::lineEditTextChanged);
 }
@@ -488,8 +492,10 @@ int VariableSelectionDialog::indexOfUnits() const
 
 void VariableSelectionDialog::unitsIndexChanged(const QString& /*item*/) {}
 
-void VariableSelectionDialog::lineEditTextChanged(const QString& lineValueText)
+// What the line shows by now: a text that was pasted with line breaks has lost them since the
+// signal.
+void VariableSelectionDialog::lineEditTextChanged(const QString& /*lineValueText*/)
 {
     if (!initializingClass)
-        m_optionalText = lineValueText;
+        m_optionalText = ui->lineEdit->text();
 }

@@ -185,6 +185,7 @@ void TestVariableDialogLine::pastedLines()
     QTest::keyClick(dialog().lineEdit(), Qt::Key_V, Qt::ControlModifier);
     QVERIFY(!dialog().lineEdit()->text().contains(QLatin1Char('\n')));
     QVERIFY(dialog().lineEdit()->text().startsWith(QStringLiteral("/a")));
+    QCOMPARE(dialog().optionalText(), dialog().lineEdit()->text());
 }
 
 void TestVariableDialogLine::keyboardGoesToTheLineThatHoldsTheValue()
