@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "file_descriptor.h"
+#include "trusted_object.h"
 
 namespace marvane {
 
@@ -36,9 +36,9 @@ void* reserve(size_t size)
 
 AreaMapping AreaMapping::map(const std::string& objectName, size_t reach)
 {
-    const FileDescriptor object(shm_open(objectName.c_str(), O_RDONLY | O_CLOEXEC, 0));
+    const FileDescriptor object = openObject(objectName, O_RDONLY);
     struct stat status {};
-    if (!object.isOpen() || fstat(object.get(), &status) != 0)
+    if (!isTrusted(object) || fstat(object.get(), &status) != 0)
         return {};
     const size_t readable = roundedToPages(reach);
     AreaMapping mapping(reserve(readable + pageSize()), readable + pageSize());

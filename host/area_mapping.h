@@ -11,7 +11,8 @@ namespace marvane {
 // and then a page that cannot be read.
 class AreaMapping {
 public:
-    // Not mapped when there is no such object. What the object has beyond the reach stays unmapped.
+    // Not mapped when there is no such object, or none to be trusted. What the object has beyond
+    // the reach stays unmapped.
     static AreaMapping map(const std::string& objectName, size_t reach);
 
     AreaMapping() = default;

@@ -12,6 +12,7 @@
 #include "desk_names.h"
 #include "directory_content.h"
 #include "directory_format.h"
+#include "trusted_object.h"
 
 namespace marvane {
 
@@ -20,6 +21,19 @@ namespace {
 std::string failureOf(const std::string& object)
 {
     return "shared memory " + object + ": " + std::strerror(errno);
+}
+
+// Not open, with a complaint, when the name is taken by what is not to be trusted.
+FileDescriptor openOwnObject(const std::string& object, std::string* complaint)
+{
+    FileDescriptor descriptor = openObject(object, O_RDWR | O_CREAT);
+    if (!descriptor.isOpen()) {
+        *complaint = failureOf(object);
+    } else if (!isTrusted(descriptor)) {
+        *complaint = "shared memory " + object + ": not an object of this user";
+        return {};
+    }
+    return descriptor;
 }
 
 bool lock(int descriptor)
@@ -49,12 +63,9 @@ std::optional<SharedObject> lockNewDirectory(const std::string& name, std::strin
 {
     const std::string object = directoryObjectName(name);
     for (;;) {
-        FileDescriptor descriptor(
-            shm_open(object.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
-        if (!descriptor.isOpen()) {
-            *complaint = failureOf(object);
+        FileDescriptor descriptor = openOwnObject(object, complaint);
+        if (!descriptor.isOpen())
             return std::nullopt;
-        }
         if (!lock(descriptor.get())) {
             *complaint = "a platform of the name \"" + name + "\" is running already";
             return std::nullopt;

@@ -12,6 +12,7 @@
 
 #include "area_layout.h"
 #include "desk_names.h"
+#include "trusted_object.h"
 
 namespace marvane {
 
@@ -32,9 +33,9 @@ bool equalsInAnyCase(std::string_view a, std::string_view b)
 
 std::unique_ptr<DeskDirectory> DeskDirectory::open(const std::string& deskName)
 {
-    FileDescriptor object(shm_open(directoryObjectName(deskName).c_str(), O_RDONLY | O_CLOEXEC, 0));
+    FileDescriptor object = openObject(directoryObjectName(deskName), O_RDONLY);
     struct stat status {};
-    if (!object.isOpen() || fstat(object.get(), &status) != 0)
+    if (!isTrusted(object) || fstat(object.get(), &status) != 0)
         return nullptr;
     const auto size = static_cast<size_t>(status.st_size);
     if (size < sizeof(DirectoryHeader))

@@ -14,7 +14,8 @@ namespace marvane {
 
 class DeskDirectory {
 public:
-    // Null when no platform of this name runs, or what its directory holds does not fit together.
+    // Null when no platform of this name runs, its directory is another user's, or what the
+    // directory holds does not fit together.
     static std::unique_ptr<DeskDirectory> open(const std::string& deskName);
 
     DeskDirectory(const DeskDirectory&) = delete;

@@ -2,17 +2,17 @@
 
 #include <fcntl.h>
 #include <sys/mman.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <utility>
+
+#include "trusted_object.h"
 
 namespace marvane {
 
 std::optional<SharedObject> SharedObject::create(const std::string& name, size_t size)
 {
-    FileDescriptor descriptor(
-        shm_open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    FileDescriptor descriptor = openObject(name, O_RDWR | O_CREAT | O_EXCL);
     if (!descriptor.isOpen())
         return std::nullopt;
     SharedObject object(name, std::move(descriptor));
