@@ -5,6 +5,8 @@
 #include <QJsonDocument>
 #include <QTest>
 
+#include "preload.h"
+
 namespace {
 
 constexpr int TIMEOUT_MS = 30000;
@@ -32,12 +34,16 @@ void EditorProcess::setVariable(const QString& name, const QString& value)
     m_process.setProcessEnvironment(environment);
 }
 
+void EditorProcess::preload(const QString& library)
+{
+    QProcessEnvironment environment = m_process.processEnvironment();
+    addPreloaded(&environment, library);
+    m_process.setProcessEnvironment(environment);
+}
+
 void EditorProcess::watchCalls()
 {
-    const QString options = qEnvironmentVariable("ASAN_OPTIONS");
-    setVariable(QStringLiteral("ASAN_OPTIONS"),
-                options + QStringLiteral(":verify_asan_link_order=0"));
-    setVariable(QStringLiteral("LD_PRELOAD"), QStringLiteral(SCRIBON_START_WITNESS));
+    preload(QStringLiteral(SCRIBON_START_WITNESS));
 }
 
 bool EditorProcess::start(const QStringList& arguments)

@@ -15,6 +15,8 @@ public:
 
     // Sets a variable of the environment that the program is started in.
     void setVariable(const QString& name, const QString& value);
+    // Has a library loaded before the program's own.
+    void preload(const QString& library);
     // Has the calls told that the witness sees.
     void watchCalls();
 

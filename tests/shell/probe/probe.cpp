@@ -4,15 +4,21 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QDirIterator>
 #include <QFile>
 #include <QGenericPlugin>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMetaType>
+#include <QPushButton>
 #include <QStatusBar>
+#include <QThread>
+#include <QTreeView>
 #include <functional>
 
 #include "plugin_requests.h"
@@ -84,6 +90,67 @@ void trigger(const QString& action)
     }
 }
 
+QTreeView* viewOfTab(int tab)
+{
+    for (const QWidget* const widget : QApplication::topLevelWidgets()) {
+        if (auto* const found = widget->findChild<QTreeView*>(QStringLiteral("view%1").arg(tab)))
+            return found;
+    }
+    return nullptr;
+}
+
+QJsonArray cellsOf(const QAbstractItemModel& model, int row)
+{
+    QJsonArray cells;
+    for (int column = 0; column < model.columnCount(); ++column)
+        cells.append(model.index(row, column).data(Qt::EditRole).toString());
+    return cells;
+}
+
+// What the window holds: the tabs, of which each has its rows, of which each has its cells.
+QJsonArray document()
+{
+    QJsonArray tabs;
+    for (int tab = 0; const QTreeView* const view = viewOfTab(tab); ++tab) {
+        QJsonArray rows;
+        for (int row = 0; view->model() != nullptr && row < view->model()->rowCount(); ++row)
+            rows.append(cellsOf(*view->model(), row));
+        tabs.append(rows);
+    }
+    return tabs;
+}
+
+void type(QWidget* widget, int key, const QString& text)
+{
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QApplication::sendEvent(widget, &press);
+}
+
+// Types into the line over a value of the Keywords tab, and ends it with Return.
+void edit(int row, const QString& text)
+{
+    QTreeView* const view = viewOfTab(0);
+    const QModelIndex index = view->model()->index(row, 1);
+    view->setCurrentIndex(index);
+    view->edit(index);
+    auto* const line = qobject_cast<QLineEdit*>(view->indexWidget(index));
+    if (line == nullptr)
+        return;
+    line->selectAll();
+    type(line, 0, text);
+    type(line, Qt::Key_Return, QString());
+}
+
+// Accepts the file dialog that is open with this name.
+void choose(const QString& file)
+{
+    const QWidget* const dialog = QApplication::activeModalWidget();
+    if (dialog == nullptr)
+        return;
+    dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(file);
+    dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->click();
+}
+
 }  // namespace
 
 class Probe : public PluginRequests {
@@ -108,6 +175,9 @@ QJsonObject Probe::state() const
     return {{QStringLiteral("windows"), windows()},
             {QStringLiteral("arguments"), QJsonArray::fromStringList(QApplication::arguments())},
             {QStringLiteral("styleSheet"), qApp->styleSheet()},
+            // A dialog that has just been ended returns to what opened it a little later.
+            {QStringLiteral("settled"), QThread::currentThread()->loopLevel() == 1 ||
+                                            QApplication::activeModalWidget() != nullptr},
             {QStringLiteral("metaType"), m_metaType},
             {QStringLiteral("stylePropagation"),
              QApplication::testAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles)}};
@@ -120,16 +190,26 @@ QJsonValue Probe::answer(const QString& request) const
         {QStringLiteral("fatal"), [] { qFatal("the end"); }},
         {QStringLiteral("press ok"), [] { press(QMessageBox::Ok); }},
         {QStringLiteral("close"), [] { QApplication::closeAllWindows(); }}};
-    const auto triggering = QStringLiteral("trigger ");
-    if (request.startsWith(triggering)) {
-        const QString action = request.mid(triggering.size());
-        QMetaObject::invokeMethod(
-            qApp, [action] { trigger(action); }, Qt::QueuedConnection);
-    }
+    // These have an argument, which may have blanks.
+    const QHash<QString, std::function<void(const QString&)>> deedsWith{
+        {QStringLiteral("trigger"), [](const QString& action) { trigger(action); }},
+        {QStringLiteral("choose"), [](const QString& file) { choose(file); }},
+        {QStringLiteral("edit"), [](const QString& rowAndText) {
+             edit(rowAndText.section(QLatin1Char(' '), 0, 0).toInt(),
+                  rowAndText.section(QLatin1Char(' '), 1));
+         }}};
+    const QString verb = request.section(QLatin1Char(' '), 0, 0);
+    const QString argument = request.section(QLatin1Char(' '), 1);
     if (request == QLatin1String("resources"))
         return resources();
+    if (request == QLatin1String("document"))
+        return document();
     if (deeds.contains(request))
         QMetaObject::invokeMethod(qApp, deeds.value(request), Qt::QueuedConnection);
+    if (deedsWith.contains(verb)) {
+        const auto deed = [deed = deedsWith.value(verb), argument] { deed(argument); };
+        QMetaObject::invokeMethod(qApp, deed, Qt::QueuedConnection);
+    }
     return state();
 }
 

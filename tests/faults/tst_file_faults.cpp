@@ -1,0 +1,357 @@
+// The real program while its files fail, one call after the other: of a load and of a save each
+// open, read, write, close and what else it calls. Whatever fails, the document in memory or the
+// file on disk is whole.
+
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTest>
+#include <cerrno>
+#include <functional>
+#include <memory>
+
+#include "desk_process.h"
+#include "editor_process.h"
+#include "file_faults.h"
+#include "places.h"
+#include "preload.h"
+
+namespace {
+
+const auto OPENED = QStringLiteral("/specs/scrib_x");
+const auto OTHER = QStringLiteral("/specs/scrib_y");
+const auto TITLE = QStringLiteral("Scribon Specification Editor:");
+const auto OPEN_TITLE = QStringLiteral("Open File");
+const auto REPLACED_FOLDER = QStringLiteral("/specs/replaced");
+const auto SMALL_DISK = QStringLiteral("/specs/disk");
+const QByteArray BEFORE("What the file held before.\n");
+
+// Enough that it is written in several pieces.
+constexpr int ENTRIES = 600;
+const QByteArray LAST_ENTRY("variable_599");
+// More faults than any single step of the program has calls.
+constexpr uint MOST_CALLS = 100;
+constexpr int PAGE = 4096;
+
+void addFaults(std::initializer_list<std::pair<const char*, FileFault>> faults)
+{
+    QTest::addColumn<FileFault>("fault");
+    for (const auto& [name, fault] : faults) {
+        QTest::addRow("the nth %s", name) << FileFault{fault.call, fault.error, false};
+        QTest::addRow("the nth %s and all behind it", name)
+            << FileFault{fault.call, fault.error, true};
+    }
+}
+
+}  // namespace
+
+Q_DECLARE_METATYPE(FileFault)
+
+class tst_FileFaults : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanupTestCase();
+
+    void loadIsWholeOrNone_data();
+    void loadIsWholeOrNone();
+    void saveKeepsTheDocument_data();
+    void saveKeepsTheDocument();
+    void fullDiskKeepsTheDocument();
+
+    void saveFileIsWholeOrOld_data();
+    void saveFileIsWholeOrOld();
+    void diskOfAFixedSize();
+
+private:
+    // Does the deed again and again, each time with the next of its calls on files of the prefix
+    // failing, and holds each outcome against the rule, which leaves all as it was before.
+    using Deed = std::function<void()>;
+    void forEachCall(const FileFault& fault, const QString& prefix, const Deed& deed,
+                     const Deed& rule);
+
+    void start();
+    QJsonValue document() { return m_editor->ask(QStringLiteral("document")); }
+    QJsonObject box();
+    QString title();
+    void request(const QString& deed);
+    void load(const QString& file);
+    void save();
+    void edit(const QString& name);
+    bool isShown(const QString& file, const QJsonValue& expected);
+    void checkLoad(const FileFault& fault);
+    void checkSave();
+
+    std::unique_ptr<FileFaults> m_faults;
+    std::unique_ptr<DeskProcess> m_desk;
+    std::unique_ptr<EditorProcess> m_editor;
+    QJsonValue m_opened;  // the document that is shown before a deed
+    QJsonValue m_other;
+    QByteArray m_saved;  // what saving the opened one writes
+};
+
+void tst_FileFaults::initTestCase()
+{
+    QVERIFY2(inPrivateNamespace(), "run this through scripts/in-namespace");
+}
+
+// One program does for all rows, unless a failure has left it elsewhere.
+void tst_FileFaults::init()
+{
+    if (m_editor == nullptr || !isShown(OPENED, m_opened))
+        start();
+    QVERIFY(writeFile(OPENED, BEFORE));
+    QVERIFY(writeFile(OTHER, largeSpec(ENTRIES + 1)));
+}
+
+void tst_FileFaults::cleanupTestCase()
+{
+    m_editor.reset();
+    m_desk.reset();
+}
+
+// With both documents known, and the first one edited, saved and open.
+void tst_FileFaults::start()
+{
+    emptyPlaces();
+    QVERIFY(writeFile(OPENED, largeSpec(ENTRIES)));
+    QVERIFY(writeFile(OTHER, largeSpec(ENTRIES + 1)));
+    m_faults = std::make_unique<FileFaults>();
+    QVERIFY(m_faults->isUsable());
+    m_desk = std::make_unique<DeskProcess>();
+    QVERIFY(m_desk->startWith(R"({ "areas": {} })"));
+    m_editor = std::make_unique<EditorProcess>();
+    m_editor->preload(FileFaults::library());
+    m_editor->setVariable(QLatin1String(PLAN_VARIABLE), m_faults->planFile());
+    QVERIFY(m_editor->start({OTHER}));
+    QVERIFY(!m_editor->window(TITLE + OTHER).isEmpty());
+    m_other = document();
+    load(OPENED);
+    edit(QStringLiteral("edited_name"));
+    save();
+    m_saved = readFile(OPENED);
+    load(OPENED);
+    m_opened = document();
+    QVERIFY(m_saved.contains("edited_name") && m_saved.contains(LAST_ENTRY));
+    QVERIFY(isShown(OPENED, m_opened) && m_opened != m_other);
+}
+
+// ---- The program -------------------------------------------------------------------------------
+
+// The message box that is up, if any.
+QJsonObject tst_FileFaults::box()
+{
+    const QJsonValue state = m_editor->ask(QStringLiteral("state"));
+    for (const QJsonValue window : state[QLatin1String("windows")].toArray()) {
+        if (window[QLatin1String("class")] == QLatin1String("QMessageBox") &&
+            window[QLatin1String("visible")].toBool())
+            return window.toObject();
+    }
+    return {};
+}
+
+QString tst_FileFaults::title()
+{
+    const QStringList titles = m_editor->titles().filter(TITLE);
+    return titles.value(0).mid(TITLE.size());
+}
+
+// Returns when it is done or a dialog is up.
+void tst_FileFaults::request(const QString& deed)
+{
+    m_editor->ask(deed);
+    QTRY_VERIFY(m_editor->ask(QStringLiteral("state"))[QLatin1String("settled")].toBool());
+}
+
+void tst_FileFaults::load(const QString& file)
+{
+    m_editor->ask(QStringLiteral("trigger action_Open"));
+    QVERIFY(!m_editor->window(OPEN_TITLE).isEmpty());
+    request(QStringLiteral("choose ") + file);
+}
+
+void tst_FileFaults::save()
+{
+    request(QStringLiteral("trigger actionSave"));
+}
+
+void tst_FileFaults::edit(const QString& name)
+{
+    m_editor->ask(QStringLiteral("edit 0 ") + name);
+    QTRY_COMPARE(document()[0][0][1].toString(), name);
+}
+
+bool tst_FileFaults::isShown(const QString& file, const QJsonValue& expected)
+{
+    return title() == file && document() == expected;
+}
+
+void tst_FileFaults::forEachCall(const FileFault& fault, const QString& prefix, const Deed& deed,
+                                 const Deed& rule)
+{
+    for (uint nth = 1; nth < MOST_CALLS; ++nth) {
+        m_faults->failAt(nth, fault, prefix);
+        deed();
+        const bool hasFailed = m_faults->calls(fault.call) >= nth;
+        m_faults->heal();
+        if (!hasFailed) {
+            QVERIFY2(nth > 1, "there is no such call");
+            return;
+        }
+        rule();
+        if (QTest::currentTestFailed()) {
+            qWarning("That was with call %u.", nth);
+            return;
+        }
+    }
+    QFAIL("there is no end of such calls");
+}
+
+// ---- Loading -----------------------------------------------------------------------------------
+
+void tst_FileFaults::loadIsWholeOrNone_data()
+{
+    addFaults({{"open", {FileCall::Open, EACCES, false}},
+               {"read", {FileCall::Read, EIO, false}},
+               {"read that comes back short", {FileCall::Read, 0, false}},
+               {"close", {FileCall::Close, EIO, false}}});
+}
+
+void tst_FileFaults::loadIsWholeOrNone()
+{
+    QFETCH(FileFault, fault);
+    forEachCall(
+        fault, OTHER, [this] { load(OTHER); }, [this, fault] { checkLoad(fault); });
+}
+
+// A call that is made once more may succeed then, and a close loses nothing; what cannot be read is
+// told.
+void tst_FileFaults::checkLoad(const FileFault& fault)
+{
+    const QString text = box()[QLatin1String("text")].toString();
+    if (text.isEmpty()) {
+        QVERIFY(isShown(OTHER, m_other));
+        QVERIFY(fault.call != FileCall::Read || fault.error == 0);
+        QVERIFY(fault.call != FileCall::Open || !fault.persists);
+        QVERIFY(writeFile(OPENED, m_saved));
+        load(OPENED);
+        return;
+    }
+    QVERIFY2(text.startsWith(QStringLiteral("Cannot read file %1:\n").arg(OTHER)),
+             qPrintable(text));
+    request(QStringLiteral("press ok"));
+    QVERIFY(isShown(OPENED, m_opened));
+}
+
+// ---- Saving ------------------------------------------------------------------------------------
+
+void tst_FileFaults::saveKeepsTheDocument_data()
+{
+    addFaults({{"open", {FileCall::Open, EACCES, false}},
+               {"write", {FileCall::Write, EIO, false}},
+               {"write that takes half", {FileCall::Write, 0, false}},
+               {"close", {FileCall::Close, ENOSPC, false}}});
+}
+
+void tst_FileFaults::saveKeepsTheDocument()
+{
+    QFETCH(FileFault, fault);
+    forEachCall(
+        fault, OPENED, [this] { save(); }, [this] { checkSave(); });
+}
+
+// What is told as not written has not been touched, and the next save can write it.
+void tst_FileFaults::checkSave()
+{
+    const QString text = box()[QLatin1String("text")].toString();
+    if (!text.isEmpty()) {
+        QVERIFY2(text.startsWith(QStringLiteral("Cannot write file %1:\n").arg(OPENED)),
+                 qPrintable(text));
+        QCOMPARE(readFile(OPENED), BEFORE);
+        request(QStringLiteral("press ok"));
+    }
+    QVERIFY(isShown(OPENED, m_opened));
+    save();
+    QCOMPARE(readFile(OPENED), m_saved);
+    QVERIFY(writeFile(OPENED, BEFORE));
+}
+
+void tst_FileFaults::fullDiskKeepsTheDocument()
+{
+    for (int space = 0; space < m_saved.size(); space += PAGE) {
+        m_faults->limitSpace(space, OPENED);
+        save();
+        m_faults->heal();
+        const QByteArray written = readFile(OPENED);
+        QVERIFY(written.size() <= space);
+        QVERIFY(isShown(OPENED, m_opened));
+        save();
+        QCOMPARE(readFile(OPENED), m_saved);
+    }
+}
+
+// ---- The preloaded library ---------------------------------------------------------------------
+
+// Held against what is known to survive: a QSaveFile leaves the old file or the new one, and says
+// which.
+void tst_FileFaults::saveFileIsWholeOrOld_data()
+{
+    addFaults({{"open", {FileCall::Open, EACCES, false}},
+               {"write", {FileCall::Write, EIO, false}},
+               {"write that takes half", {FileCall::Write, 0, false}},
+               {"flush to the disk", {FileCall::Sync, EIO, false}},
+               {"rename", {FileCall::Rename, EPERM, false}}});
+}
+
+void tst_FileFaults::saveFileIsWholeOrOld()
+{
+    QFETCH(FileFault, fault);
+    QVERIFY(QDir().mkpath(REPLACED_FOLDER));
+    const QString file = REPLACED_FOLDER + QStringLiteral("/file");
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    addPreloaded(&environment, FileFaults::library());
+    environment.insert(QLatin1String(PLAN_VARIABLE), m_faults->planFile());
+    QProcess program;
+    program.setProcessEnvironment(environment);
+    const auto replace = [&] {
+        QVERIFY(writeFile(file, BEFORE));
+        program.start(QStringLiteral(SAVE_FILE_PROGRAM), {file, QStringLiteral("The new text.")});
+        QVERIFY(program.waitForFinished());
+    };
+    forEachCall(fault, REPLACED_FOLDER, replace, [&] {
+        QCOMPARE(readFile(file), program.exitCode() == 0 ? QByteArray("The new text.") : BEFORE);
+    });
+}
+
+// As a test has it that needs a small disk where none can be mounted.
+void tst_FileFaults::diskOfAFixedSize()
+{
+    QVERIFY(QDir().mkpath(SMALL_DISK));
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    addPreloaded(&environment, FileFaults::library());
+    environment.insert(QLatin1String(DISK_VARIABLE), SMALL_DISK);
+    environment.insert(QLatin1String(DISK_SIZE_VARIABLE), QString::number(3 * PAGE));
+    const auto fill = [&environment](const QString& file, int bytes) {
+        QProcess writing;
+        writing.setProcessEnvironment(environment);
+        writing.start(QStringLiteral("dd"),
+                      {QStringLiteral("if=/dev/zero"), QStringLiteral("of=") + file,
+                       QStringLiteral("bs=1000"), QStringLiteral("count=%1").arg(bytes / 1000)});
+        return writing.waitForFinished() && writing.exitCode() == 0;
+    };
+    const QString first = SMALL_DISK + QStringLiteral("/first");
+    const QString second = SMALL_DISK + QStringLiteral("/second");
+    QVERIFY(fill(first, 5000));
+    QVERIFY(!fill(second, 5000));
+    QCOMPARE(QFileInfo(second).size(), qint64{PAGE});
+    QVERIFY(QFile::remove(first));
+    QVERIFY(fill(second, 12000));
+    QVERIFY(fill(QStringLiteral("/specs/beside"), 50000));
+}
+
+QTEST_GUILESS_MAIN(tst_FileFaults)
+#include "tst_file_faults.moc"
