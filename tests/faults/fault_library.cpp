@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <csignal>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -119,6 +120,8 @@ Fault faultOf(FileCall call)
         __atomic_add_fetch(&p.counts[static_cast<size_t>(call)], 1, __ATOMIC_RELAXED);
     if (call != p.call || p.nth == 0 || number < p.nth || (number > p.nth && p.persists == 0))
         return Fault::None;
+    if (p.signal != 0)
+        raise(p.signal);
     errno = p.error;
     if (p.error != 0)
         return Fault::Error;

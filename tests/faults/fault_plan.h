@@ -26,6 +26,8 @@ struct FaultPlan {
     uint32_t nth;  // of these calls fails, from 1; 0 for none
     // What it gives as errno. When that is 0, a read or write transfers half of what it could.
     int32_t error;
+    // Unless it is 0, the nth call ends the program by this signal and does nothing else.
+    int32_t signal;
     // Whether all later calls of the kind fail as well. A short read is followed by the end of the
     // file then, a short write by a full disk.
     uint32_t persists;

@@ -26,6 +26,12 @@ void FileFaults::failAt(uint nth, const FileFault& fault, const QString& prefix)
     setPrefix(prefix);
 }
 
+void FileFaults::endAt(uint nth, FileCall call, int signal, const QString& prefix)
+{
+    failAt(nth, {call, 0, false}, prefix);
+    m_plan->signal = signal;
+}
+
 void FileFaults::limitSpace(qint64 bytes, const QString& prefix)
 {
     heal();

@@ -24,6 +24,8 @@ public:
 
     // From now on the nth call on files whose paths begin so fails. Counts anew.
     void failAt(uint nth, const FileFault& fault, const QString& prefix);
+    // The nth call on files whose paths begin so ends the program by the signal. Counts anew.
+    void endAt(uint nth, FileCall call, int signal, const QString& prefix);
     // From now on files whose paths begin so take no more bytes than these in all.
     void limitSpace(qint64 bytes, const QString& prefix);
     void heal();

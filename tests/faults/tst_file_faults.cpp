@@ -26,6 +26,8 @@ const auto TITLE = QStringLiteral("Scribon Specification Editor:");
 const auto OPEN_TITLE = QStringLiteral("Open File");
 const auto REPLACED_FOLDER = QStringLiteral("/specs/replaced");
 const auto SMALL_DISK = QStringLiteral("/specs/disk");
+const auto RECOVERY = QStringLiteral("/tmp/state/scriboneditor/recovery");
+const auto COPY = RECOVERY + QStringLiteral("/1/scrib_x");
 const QByteArray BEFORE("What the file held before.\n");
 
 // Enough that it is written in several pieces.
@@ -62,6 +64,10 @@ private Q_SLOTS:
     void saveKeepsTheDocument_data();
     void saveKeepsTheDocument();
     void fullDiskKeepsTheDocument();
+    void copyIsWholeOrOld_data();
+    void copyIsWholeOrOld();
+    void saveGoesOnWithoutACopy_data();
+    void saveGoesOnWithoutACopy();
 
     void saveFileIsWholeOrOld_data();
     void saveFileIsWholeOrOld();
@@ -78,6 +84,8 @@ private:
     QJsonValue document() { return m_editor->ask(QStringLiteral("document")); }
     QJsonObject box();
     QString title();
+    QString news();
+    void leaveAsSaved();
     void request(const QString& deed);
     void load(const QString& file);
     void save();
@@ -158,6 +166,12 @@ QString tst_FileFaults::title()
 {
     const QStringList titles = m_editor->titles().filter(TITLE);
     return titles.value(0).mid(TITLE.size());
+}
+
+// The message in the status bar.
+QString tst_FileFaults::news()
+{
+    return m_editor->window(TITLE + title())[QLatin1String("news")].toString();
 }
 
 // Returns when it is done or a dialog is up.
@@ -292,6 +306,68 @@ void tst_FileFaults::fullDiskKeepsTheDocument()
         save();
         QCOMPARE(readFile(OPENED), m_saved);
     }
+}
+
+// ---- The recovery copy -------------------------------------------------------------------------
+
+void tst_FileFaults::copyIsWholeOrOld_data()
+{
+    addFaults({{"open", {FileCall::Open, EACCES, false}},
+               {"write", {FileCall::Write, EIO, false}},
+               {"write that takes half", {FileCall::Write, 0, false}},
+               {"flush to the disk", {FileCall::Sync, EIO, false}},
+               {"rename", {FileCall::Rename, EPERM, false}}});
+}
+
+// The copy of a second edit replaces that of a first one, or the status bar tells that it did not.
+void tst_FileFaults::copyIsWholeOrOld()
+{
+    QFETCH(FileFault, fault);
+    QByteArray before;
+    const auto copyFirst = [&] {
+        edit(QStringLiteral("first_name"));
+        request(QStringLiteral("announce the end"));
+        before = readFile(COPY);
+        QVERIFY(before.contains("first_name") && before.contains(LAST_ENTRY));
+        edit(QStringLiteral("second_name"));
+    };
+    copyFirst();
+    forEachCall(
+        fault, RECOVERY, [this] { request(QStringLiteral("announce the end")); },
+        [&] {
+            QByteArray after = readFile(COPY);
+            if (after != before)
+                QCOMPARE(after.replace("second_name", "first_name"), before);
+            else
+                QVERIFY(news().startsWith(QStringLiteral("No copy of unsaved work can be kept")));
+            copyFirst();
+        });
+    leaveAsSaved();
+}
+
+void tst_FileFaults::saveGoesOnWithoutACopy_data()
+{
+    copyIsWholeOrOld_data();
+}
+
+void tst_FileFaults::saveGoesOnWithoutACopy()
+{
+    QFETCH(FileFault, fault);
+    forEachCall(
+        fault, RECOVERY, [this] { save(); },
+        [this] {
+            QCOMPARE(readFile(OPENED), m_saved);
+            QVERIFY(isShown(OPENED, m_opened));
+            QVERIFY(writeFile(OPENED, BEFORE));
+        });
+}
+
+// The document as the other tests expect it.
+void tst_FileFaults::leaveAsSaved()
+{
+    edit(QStringLiteral("edited_name"));
+    save();
+    QVERIFY(isShown(OPENED, m_opened));
 }
 
 // ---- The preloaded library ---------------------------------------------------------------------

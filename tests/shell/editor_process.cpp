@@ -4,6 +4,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTest>
+#include <csignal>
 
 #include "preload.h"
 
@@ -86,6 +87,11 @@ QStringList EditorProcess::titles()
         titles.append(window[QLatin1String("title")].toString());
     titles.sort();
     return titles;
+}
+
+bool EditorProcess::endBy(int signal)
+{
+    return ::kill(static_cast<pid_t>(m_process.processId()), signal) == 0 && waitForEnd();
 }
 
 bool EditorProcess::waitForEnd()

@@ -31,6 +31,8 @@ public:
     // The titles of all windows, sorted.
     QStringList titles();
 
+    // Sends the signal and waits for the end.
+    bool endBy(int signal);
     // Waits for the end by itself.
     bool waitForEnd();
     QProcess::ExitStatus endedHow() const;

@@ -126,14 +126,20 @@ void type(QWidget* widget, int key, const QString& text)
     QApplication::sendEvent(widget, &press);
 }
 
-// Types into the line over a value of the Keywords tab, and ends it with Return.
-void edit(int row, const QString& text)
+// Opens the editor of a value of the Keywords tab, and gives it if it is one in the cell.
+QWidget* openEditor(int row)
 {
     QTreeView* const view = viewOfTab(0);
     const QModelIndex index = view->model()->index(row, 1);
     view->setCurrentIndex(index);
     view->edit(index);
-    auto* const line = qobject_cast<QLineEdit*>(view->indexWidget(index));
+    return view->indexWidget(index);
+}
+
+// Types into the line over a value of the Keywords tab, and ends it with Return.
+void edit(int row, const QString& text)
+{
+    auto* const line = qobject_cast<QLineEdit*>(openEditor(row));
     if (line == nullptr)
         return;
     line->selectAll();
@@ -189,11 +195,14 @@ QJsonValue Probe::answer(const QString& request) const
         {QStringLiteral("log"), [] { writeToLog(); }},
         {QStringLiteral("fatal"), [] { qFatal("the end"); }},
         {QStringLiteral("press ok"), [] { press(QMessageBox::Ok); }},
+        {QStringLiteral("announce the end"),
+         [] { QMetaObject::invokeMethod(qApp, "aboutToQuit", Qt::DirectConnection); }},
         {QStringLiteral("close"), [] { QApplication::closeAllWindows(); }}};
     // These have an argument, which may have blanks.
     const QHash<QString, std::function<void(const QString&)>> deedsWith{
         {QStringLiteral("trigger"), [](const QString& action) { trigger(action); }},
         {QStringLiteral("choose"), [](const QString& file) { choose(file); }},
+        {QStringLiteral("open"), [](const QString& row) { openEditor(row.toInt()); }},
         {QStringLiteral("edit"), [](const QString& rowAndText) {
              edit(rowAndText.section(QLatin1Char(' '), 0, 0).toInt(),
                   rowAndText.section(QLatin1Char(' '), 1));
