@@ -123,13 +123,18 @@ void TestOpenEditors::saveWritesTheText()
     QVERIFY(!modelAt(index)->isModified());
 }
 
+// It is taken over before the dialog opens, which would take the focus from the editor as well.
 void TestOpenEditors::saveAsWritesTheText()
 {
     QFETCH(QString, stored);
     show();
     answering()->chooseFile(QStringLiteral("/specs/other_file"));
     openFetchedAndType();
+    bool beforeTheDialog = false;
+    connect(stack(), &QUndoStack::indexChanged, m_dialogs.get(),
+            [&] { beforeTheDialog = m_window->findChild<QFileDialog*>() == nullptr; });
     actionOf(*m_window, "actionSave_As")->trigger();
+    QVERIFY(beforeTheDialog);
     QVERIFY(readFile(QStringLiteral("/specs/other_file")).contains(stored.trimmed().toUtf8()));
     QCOMPARE(readFile(QStringLiteral("/specs/good")), fullSpec());
 }
