@@ -31,12 +31,14 @@ run:
 	$(call install,build $(DISPLAY_PACKAGES))
 	cmake --preset release
 	cmake --build --preset release --target scriboneditor marvane-desk
+	@scripts/in-namespace --check
 	scripts/run-desk build/release '$(SPEC)'
 
 test:
 	$(call install,build display test)
 	cmake --preset release
 	cmake --build --preset release
+	@scripts/in-namespace --check
 	ctest --preset release
 
 asan:

@@ -345,6 +345,8 @@ void tst_AsamspecsSelect::findsAFileAmongAThousandDirectories()
 // Deeper than a path can name.
 void tst_AsamspecsSelect::findsAFileInADeepDirectory()
 {
+    if (inFakeRoot())
+        QSKIP("fakechroot names every file by its path; it takes namespaces to go deeper");
     const QString deep = QStringLiteral("/specs") + QStringLiteral("/d").repeated(1000);
     QVERIFY(writeFile(deep + QStringLiteral("/asam3_specs.deep"), asamFile("ECM0")));
     QVERIFY(QDir::setCurrent(deep));

@@ -1,5 +1,6 @@
 // What is read from asam3_specs files, good, bad and hostile ones.
 
+#include <limits.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -334,6 +335,8 @@ void tst_GetAsam3Lists::whatIsNoFile()
 {
     QFETCH(QString, path);
     QFETCH(int, result);
+    if (path.size() > PATH_MAX && inFakeRoot())
+        QSKIP("fakechroot shortens a path of this length; it takes namespaces to try it");
     QVERIFY(writeFile(FILE_NAME, asamFile("A")));
     QVERIFY(makePipe(QStringLiteral("/specs/pipe")));
     QVERIFY(makeSocket("/specs/socket"));

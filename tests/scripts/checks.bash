@@ -1,6 +1,9 @@
 # shellcheck shell=bash
 # To be sourced: checks with a sentence each, and a closing line with their count.
 
+# What CTest takes for a test that could not be made.
+skipped=77
+
 passed=0
 failed=0
 
@@ -24,6 +27,12 @@ check_equal() {
         failed=$((failed + 1))
         printf 'FAILED: %s\n  actual:   %s\n  expected: %s\n' "$1" "$2" "$3"
     fi
+}
+
+# skip_test REASON
+skip_test() {
+    echo "SKIPPED: $1"
+    exit "$skipped"
 }
 
 finish_checks() {

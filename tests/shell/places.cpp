@@ -62,6 +62,11 @@ bool inPrivateNamespace()
     return QFileInfo(QStringLiteral("/small-disk")).isDir();
 }
 
+bool inFakeRoot()
+{
+    return qEnvironmentVariableIsSet("FAKECHROOT");
+}
+
 void emptyPlaces()
 {
     // Where the display's sockets and the session's files are.
