@@ -44,8 +44,6 @@ public:
 private:
     Q_DISABLE_COPY(EditorProcess)
 
-    // Into a variable that lists its entries with colons.
-
     QProcess m_process;
     QByteArray m_complaints;
 };
