@@ -93,6 +93,7 @@ bool TreeItem::insertColumns(int position, int columns)
     if (position < 0 || position > itemData.size())
         return false;
     itemData.insert(position, qMax(columns, 0), QVariant());
+    dirty = true;
     for (TreeItem* row : qAsConst(childItems))
         row->insertColumns(position, columns);
     return true;
@@ -104,6 +105,7 @@ bool TreeItem::removeColumns(int position, int columns)
         return false;
     if (columns > 0)
         itemData.remove(position, columns);
+    dirty = true;
     for (TreeItem* row : qAsConst(childItems))
         row->removeColumns(position, columns);
     return true;

@@ -60,7 +60,8 @@ public:
     // the text is the same, and for a cell that never held a value: such a cell is not editable.
     bool undoredo_setData(TreeModel* model, const QModelIndex& index, const QVariant& value);
 
-    // Whether a text of the row is new since its cells were last judged. Storing one sets it.
+    // Whether a text of the row is new in its place since its cells were last judged. Storing one
+    // sets it, and so do columns that come or go.
     void setDirty();
     bool isDirty() const;
     void clrDirty();

@@ -250,6 +250,7 @@ bool TreeModel::removeColumns(int position, int columns, const QModelIndex& pare
     const bool removed = rootItem->removeColumns(position, columns);
     if (changes)
         endRemoveColumns();
+    touched = true;
     if (rootItem->columnCount() == 0)
         removeRows(0, rowCount());
     return removed;

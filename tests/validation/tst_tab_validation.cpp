@@ -154,6 +154,8 @@ private Q_SLOTS:
     void overwritesCodesWrittenInBetween();
     void takesADuplicateBackWhenTheFirstGoes();
     void tellsThatCodesChanged();
+    void judgesAnewWhatStandsInOtherColumns_data();
+    void judgesAnewWhatStandsInOtherColumns();
     void judgesNothingOnAnUnknownTab();
     void judgesAsAFreshModelWould_data();
     void judgesAsAFreshModelWould();
@@ -367,6 +369,46 @@ void TestTabValidation::tellsThatCodesChanged()
     model->setData(model->index(0, 1), QStringLiteral("two"));
     model->validate_model();
     QCOMPARE(spy.count(), 2);
+}
+
+void TestTabValidation::judgesAnewWhatStandsInOtherColumns_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<QStringList>("rows");
+    QTest::addColumn<bool>("insertion");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QStringList>("before");
+    QTest::addColumn<QStringList>("after");
+    QTest::addColumn<int>("errors");
+    const auto keyword = lines({"@MAX_SCANS | abc | 12"});
+    const auto goodKeyword = lines({"@MAX_SCANS | 12 | FILLER_TXT"});
+    const auto entry = lines({SCAN, "<unset> | v | .AV | N"});
+    QTest::newRow("a wrong value goes")
+        << int(EDIT_TAB1) << keyword << false << 1 << lines({". X -"}) << lines({"ok ok"}) << 0;
+    QTest::newRow("a good value moves away") << int(EDIT_TAB1) << goodKeyword << true << 1
+                                             << lines({"ok ok -"}) << lines({"ok X - ."}) << 1;
+    QTest::newRow("a member goes")
+        << int(EDIT_TAB2) << entry << false << 2 << lines({UNTOUCHED_SCAN, ". ok ok ok"})
+        << lines({UNTOUCHED, ". ok X"}) << 2;
+    QTest::newRow("a channel moves away")
+        << int(EDIT_TAB2) << entry << true << 3 << lines({UNTOUCHED_SCAN, ". ok ok ok"})
+        << lines({". . . . .", ". ok ok X ."}) << 1;
+}
+
+void TestTabValidation::judgesAnewWhatStandsInOtherColumns()
+{
+    QFETCH(int, tab);
+    QFETCH(QStringList, rows);
+    QFETCH(bool, insertion);
+    QFETCH(int, column);
+    const auto model = modelOfRows(tab, rows);
+    judge(model.get());
+    QTEST(codesOf(*model), "before");
+    QVERIFY(insertion ? model->insertColumns(column, 1) : model->removeColumns(column, 1));
+    QCOMPARE(model->isDirty(), insertion);
+    judge(model.get());
+    QTEST(codesOf(*model), "after");
+    QTEST(model->getErrorCount(), "errors");
 }
 
 void TestTabValidation::judgesNothingOnAnUnknownTab()
