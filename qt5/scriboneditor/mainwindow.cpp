@@ -197,7 +197,8 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     updateActions();
     fillKeywordHelp();
     rebuildMasterVariables(QT_MARVANE_ANY);
-    startCounting();
+    addStatusBarForm();
+    startErrorTimer();
 }
 
 MainWindow::MainWindow(const QString& fileName, QWidget* parent) : QMainWindow(parent)
@@ -207,11 +208,13 @@ MainWindow::MainWindow(const QString& fileName, QWidget* parent) : QMainWindow(p
     makeUndoActions(1);
     EditorMainWindow = this;
     guardDocument();
+    addStatusBarForm();
     setupTables(this);
     const bool loaded = setupEditor(fileName, false);
     setupActions();
     if (!loaded)
         updateActions();
+    startErrorTimer();
 }
 
 MainWindow::~MainWindow()
@@ -669,11 +672,15 @@ void MainWindow::closeEvent(QCloseEvent* event)
 
 // ---- Errors ------------------------------------------------------------------------------------
 
-void MainWindow::startCounting()
+void MainWindow::addStatusBarForm()
 {
-    constexpr int TICK_MS = 500;
     statusBarform = new StatusBarForm;
     statusBar()->addPermanentWidget(statusBarform, 0);
+}
+
+void MainWindow::startErrorTimer()
+{
+    constexpr int TICK_MS = 500;
     timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &MainWindow::checkErrorCount);
     timer->start(TICK_MS);

@@ -96,7 +96,8 @@ private:
     void setupTables(QMainWindow* window);
     void setupView(int tab);
     void setupActions();
-    void startCounting();
+    void addStatusBarForm();
+    void startErrorTimer();
     void updateErrorCount();
     void showErrorCounts(int tab);
     void writeSettings();

@@ -10,11 +10,15 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QSignalSpy>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QTimer>
 #include <QUndoGroup>
 #include <QUndoStack>
 
 #include "antlr3_basetreedelegate.h"
 #include "editor_antlr3.h"
+#include "statusbarform.h"
 #include "window_test.h"
 
 namespace {
@@ -92,6 +96,7 @@ private Q_SLOTS:
     void twoFailedLoads();
 
     void windowOnOneFile();
+    void windowOnOneFileCountsItsErrors();
     void windowOnOneBadFile();
     void parserIsFreedWithTheWindow();
 };
@@ -564,6 +569,24 @@ void tst_WindowDocument::windowOnOneFile()
     window.insertRow();
     window.removeRow();
     QCOMPARE(modelOf(window, 0)->rowCount(), 9);
+}
+
+void tst_WindowDocument::windowOnOneFileCountsItsErrors()
+{
+    QVERIFY(writeFile(GOOD, "@SCRIBON\nlog\n@MAX_SCANS\n1\n@MAX_SCANS\n2\n"));
+    const MainWindow window(GOOD, nullptr);
+    const auto* const form = window.findChild<StatusBarForm*>();
+    QVERIFY(form != nullptr);
+    QCOMPARE(form->parentWidget(), window.statusBar());
+    QVERIFY2(!form->isHidden(), "it was added to the status bar");
+    const auto* const errors = form->findChild<QSpinBox*>(QStringLiteral("errors"));
+    QVERIFY2(errors->value() == 1, "counted while the file was loaded");
+    QCOMPARE(form->findChild<QSpinBox*>(QStringLiteral("tabErrs"))->value(), 1);
+    const auto timers = window.findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
+    QCOMPARE(timers.size(), 1);
+    QCOMPARE(timers.first()->interval(), 500);
+    QVERIFY(modelOf(window, 0)->removeRows(2, 1));
+    QTRY_COMPARE(errors->value(), 0);
 }
 
 void tst_WindowDocument::windowOnOneBadFile()
