@@ -10,6 +10,7 @@
 #include "asamspecs_select.h"
 #include "mainwindow.h"
 #include "scribon_keywords.h"
+#include "treemodel.h"
 #include "variableselectiondialog.h"
 
 namespace {
@@ -86,27 +87,10 @@ QSize Antlr3_BaseTreeDelegate::sizeHint(const QStyleOptionViewItem& option,
 
 // ---- The tab of a cell -------------------------------------------------------------------------
 
-namespace {
-
-// By the whole object name, so that a longer one is none. 0 for a model that is no tab's.
-int tabOf(const QModelIndex& index)
-{
-    if (index.model() == nullptr)
-        return 0;
-    const QByteArray name = index.model()->objectName().toLocal8Bit();
-    for (int tab = EDIT_TAB1; tab <= EDIT_TAB5; ++tab) {
-        if (name == "Model" + QByteArray::number(tab))
-            return tab;
-    }
-    return 0;
-}
-
-}  // namespace
-
 QWidget* Antlr3_BaseTreeDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                                const QModelIndex& index) const
 {
-    switch (tabOf(index)) {
+    switch (tabOfModel(index.model())) {
         case EDIT_TAB5:
             return createEditorTab5(parent, option, index);
         case EDIT_TAB4:
@@ -124,7 +108,7 @@ QWidget* Antlr3_BaseTreeDelegate::createEditor(QWidget* parent, const QStyleOpti
 
 void Antlr3_BaseTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
 {
-    switch (tabOf(index)) {
+    switch (tabOfModel(index.model())) {
         case EDIT_TAB1:
             setEditorDataTab1(editor, index);
             break;
@@ -148,7 +132,7 @@ void Antlr3_BaseTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& 
 void Antlr3_BaseTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
                                            const QModelIndex& index) const
 {
-    switch (tabOf(index)) {
+    switch (tabOfModel(index.model())) {
         case EDIT_TAB5:
             setModelDataTab5(editor, model, index);
             break;

@@ -49,6 +49,11 @@ const std::array<QRegExp, VALIDATOR_COUNT>& compiledPatterns()
     return patterns;
 }
 
+QString nameOfTab(int tab)
+{
+    return QStringLiteral("Model%1").arg(tab);
+}
+
 bool isInsertion(int position, int count, int size)
 {
     return count > 0 && position >= 0 && position <= size;
@@ -61,6 +66,19 @@ bool isRemoval(int position, int count, int size)
 
 }  // namespace
 
+// By the whole object name, so that a longer one is none.
+int tabOfModel(const QAbstractItemModel* model)
+{
+    if (model == nullptr)
+        return 0;
+    const QString name = model->objectName();
+    for (int tab = EDIT_TAB1; tab <= EDIT_TAB5; ++tab) {
+        if (name == nameOfTab(tab))
+            return tab;
+    }
+    return 0;
+}
+
 // ---- Frame
 // ---------------------------------------------------------------------------------------
 
@@ -71,7 +89,7 @@ TreeModel::TreeModel(const QStringList& headers, pANTLR3_BASE_TREE tree, ANTLR3_
     QVector<QVariant> rootData;
     for (const QString& header : headers)
         rootData.append(header);
-    setObjectName(QStringLiteral("Model%1").arg(tab));
+    setObjectName(nameOfTab(static_cast<int>(tab)));
     rootItem = std::make_unique<TreeItem>(rootData, QVector<QVariant>());
     for (size_t i = 0; i < ValidatorPatterns.size(); ++i) {
         regExpVF[i] = std::make_unique<QRegExp>(compiledPatterns()[i]);

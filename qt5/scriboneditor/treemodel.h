@@ -26,6 +26,9 @@ constexpr int HEADER_COUNT = TAB_COUNT * HEADER_SLOTS;
 extern const std::array<int, TAB_COUNT> NumberOfColumns;
 extern const std::array<const char*, HEADER_COUNT> TableHeaders;
 
+// Which tab a model is, EDIT_TAB1 to EDIT_TAB5, by its object name; 0 for a model that is no tab's.
+int tabOfModel(const QAbstractItemModel* model);
+
 class TreeModel : public QAbstractItemModel {
     Q_OBJECT
 
@@ -120,6 +123,8 @@ private:
     void markChanged();
     QVariant colour(const QModelIndex& index) const;
     bool hasArrow(const QModelIndex& index) const;
+    bool keywordHasArrow(const QModelIndex& index) const;
+    bool entryHasArrow(const QModelIndex& index, int tab) const;
     QVariant decoration(const QModelIndex& index) const;
     QVariant keywordToolTip(const QModelIndex& index) const;
     QVariant toolTip(const QModelIndex& index) const;

@@ -96,29 +96,40 @@ QVariant TreeModel::colour(const QModelIndex& index) const
     return QColor(QStringLiteral("black"));
 }
 
-// A cell that can open a chooser has an arrow, unless it is in error; on the Scan List the
-// variable's code speaks for the whole row.
+// A cell that can open a chooser has an arrow, unless it is in error.
 bool TreeModel::hasArrow(const QModelIndex& index) const
 {
+    const int tab = tabOfModel(this);
+    if (tab == 0)
+        return false;
+    return tab == EDIT_TAB1 ? keywordHasArrow(index) : entryHasArrow(index, tab);
+}
+
+bool TreeModel::keywordHasArrow(const QModelIndex& index) const
+{
     const int column = index.column();
-    if (tabIndexNumber == EDIT_TAB1) {
-        const int keywordKind = judge.editorType(textAt(index, 0));
-        return keywordKind != COMMENT_LINE && errorCode(index).toInt() == DE_NOERROR &&
-               (column == 0 || (column == 1 && opensChooser(keywordKind)));
-    }
-    const bool scanList = tabIndexNumber == EDIT_TAB2;
+    const int keywordKind = judge.editorType(textAt(index, 0));
+    return keywordKind != COMMENT_LINE && errorCode(index).toInt() == DE_NOERROR &&
+           (column == 0 || (column == 1 && opensChooser(keywordKind)));
+}
+
+// On the Scan List the variable's code speaks for the whole row.
+bool TreeModel::entryHasArrow(const QModelIndex& index, int tab) const
+{
+    const int column = index.column();
+    const bool scanList = tab == EDIT_TAB2;
     const QModelIndex judged = scanList ? index.siblingAtColumn(1) : index;
     if (!index.data(Qt::DisplayRole).isValid() || errorCode(judged).toInt() != DE_NOERROR ||
         judge.editorType(textAt(index, 1)) == COMMENT_LINE)
         return false;
-    if (tabIndexNumber == EDIT_TAB5)
+    if (tab == EDIT_TAB5)
         return column == 2;
     const int ownKind = judge.editorType(textAt(index, column));
     if (ownKind == COMMENT_LINE)
         return false;
     if (scanList)
         return column == 1 || column == 3 || (column == 2 && ownKind == STAT_MEM_EDITOR);
-    return column == 1 || (column == 2 && tabIndexNumber == EDIT_TAB3);
+    return column == 1 || (column == 2 && tab == EDIT_TAB3);
 }
 
 // Without an arrow the cell's text is the answer, which views ignore as a decoration but for one
@@ -128,7 +139,7 @@ QVariant TreeModel::decoration(const QModelIndex& index) const
     if (!hasArrow(index))
         return getItem(index)->data(index.column());
     if (arrowIcon.isNull()) {
-        const bool keywords = tabIndexNumber == EDIT_TAB1;
+        const bool keywords = tabOfModel(this) == EDIT_TAB1;
         arrowIcon = QIcon(keywords ? QStringLiteral(":/resources/arrow-down.png")
                                    : QStringLiteral(":resources/arrow-down.png"));
     }
@@ -152,11 +163,13 @@ QVariant TreeModel::keywordToolTip(const QModelIndex& index) const
 
 QVariant TreeModel::toolTip(const QModelIndex& index) const
 {
+    const int tab = tabOfModel(this);
+    if (tab == 0)
+        return {};
     const int column = index.column();
     if (column == 0 && index.data(Qt::DisplayRole).canConvert<QString>())
         return keywordToolTip(index);
-    const int kind = tabIndexNumber == EDIT_TAB1 ? judge.editorType(textAt(index, 0))
-                                                 : static_cast<int>(tabIndexNumber);
+    const int kind = tab == EDIT_TAB1 ? judge.editorType(textAt(index, 0)) : tab;
     const CellTip& row = column == 0 ? NO_TIP : cellTip(kind, column);
     QString tip = QString::fromLatin1(row.tip);
     const int code = errorCode(index).toInt();

@@ -2,6 +2,7 @@
 
 #include <QIcon>
 #include <QtTest>
+#include <array>
 
 #include "window_test.h"
 
@@ -41,6 +42,22 @@ enum KeywordRow {
     GROUP
 };
 
+// The columns with an arrow. The others' decoration is their text.
+QVector<int> arrowsOf(const TreeModel& model, int row)
+{
+    QVector<int> shown;
+    for (int column = 0; column < model.columnCount(); ++column) {
+        const QModelIndex index = model.index(row, column);
+        const QVariant decoration = index.data(Qt::DecorationRole);
+        if (decoration.userType() == QMetaType::QIcon &&
+            !decoration.value<QIcon>().availableSizes().isEmpty())
+            shown.append(column);
+        else if (decoration != index.data(Qt::EditRole))
+            shown.append(-1);
+    }
+    return shown;
+}
+
 }  // namespace
 
 class TestCellLooks : public WindowTest {
@@ -56,6 +73,12 @@ private Q_SLOTS:
     void colours();
     void tellsByToolTip_data();
     void tellsByToolTip();
+    void tellsOfEveryCode_data();
+    void tellsOfEveryCode();
+    void tellsAndShowsArrowsByTheModelsName_data();
+    void tellsAndShowsArrowsByTheModelsName();
+    void modelOfAnotherNameHasNoTipsAndArrows_data();
+    void modelOfAnotherNameHasNoTipsAndArrows();
     void remembersTextsThatHaveNoHelp();
     void saysNothingWhileLoading();
     void hasNoFontOfItsOwn();
@@ -104,17 +127,7 @@ void TestCellLooks::showsArrows()
     QFETCH(int, row);
     QFETCH(QVector<int>, columns);
     loadGoodFile(spec());
-    QVector<int> shown;
-    TreeModel* const model = modelOf(*m_window, tab);
-    for (int column = 0; column < model->columnCount(); ++column) {
-        const QVariant decoration = model->index(row, column).data(Qt::DecorationRole);
-        if (decoration.userType() == QMetaType::QIcon &&
-            !decoration.value<QIcon>().availableSizes().isEmpty())
-            shown.append(column);
-        else
-            QCOMPARE(decoration, model->index(row, column).data(Qt::EditRole));
-    }
-    QCOMPARE(shown, columns);
+    QCOMPARE(arrowsOf(*modelOf(*m_window, tab), row), columns);
 }
 
 void TestCellLooks::colours_data()
@@ -193,6 +206,168 @@ void TestCellLooks::tellsByToolTip()
     QFETCH(int, row);
     QFETCH(int, column);
     QTEST(cell(tab, row, column, Qt::ToolTipRole).toString(), "tip");
+}
+
+namespace {
+
+// A row for each kind of keyword that has tool tips of its own, and one for a kind that has none.
+const QByteArray KINDS =
+    "@SCRIBON\ncell\n"
+    "@DESCRIPTION\n'd'\n@OUTPUT_PATH\n/a\n@START_EVENT\ne\n@SCAN_INTERVAL\n1[sec]\n"
+    "@ENABLE\nv\n@GROUP\ng\n@RUNNING_AVERAGE\n30[sec] e\n@MAX_SCANS\n1\n"
+    "@SCAN_LIST\nv .AV N\n@META_DATA\nBORE bore\n@SCAN_LIST_AUX_USER\nv name\n"
+    "@ECM_LIST\n1 /a:b:1\n";
+
+// What a cell says when it is good, what it adds when it is wrong and when it is repeated.
+struct CellTips {
+    const char* name;
+    int tab;
+    int row;
+    int firstColumn;
+    int lastColumn;
+    const char* good;
+    const char* wrong;
+    const char* repeated;
+};
+
+// clang-format off
+constexpr std::array<CellTips, 24> CELL_TIPS{{
+    {"keyword", 0, 0, 0, 0, "Keyword to show that this is a scribon spec file.",
+     "\nInvalid keyword found! >>", "\n<< Duplicate entry found! >>"},
+    {"other keyword", 0, 8, 0, 0, "The maximum number of samples in a sampling session.",
+     "\nInvalid keyword found! >>", "\n<< Duplicate entry found! >>"},
+    {"section keyword", 1, 0, 0, 0, "This is the list of variables that are to be sampled.",
+     "\nInvalid keyword found! >>", "\n<< Duplicate entry found! >>"},
+    {"entry's unset cell", 1, 1, 0, 0, "", "\n<< Syntax Error! ", "\n<< "},
+    {"kind without a tip", 0, 0, 1, 2, "", "\n<< Syntax Error! ", "\n<< "},
+    {"number", 0, 8, 1, 2, "", "\n<< Syntax Error! ", "\n<< "},
+    {"description", 0, 1, 1, 2, "Enter a computed expression",
+     "\n<< Syntax Error! \n Computed expression must begin and end with double-quotes or single-quotes >>"
+     "\n\nExamples:\n '/data/testfile.dat' \n \"'Brenno_sim_test' + '.'+ @year_month_day() + '.csv'\" ", "\n<< "},
+    {"path", 0, 2, 1, 2, "Enter the directory path",
+     "\n<< Syntax Error! <<Invalid chars in directory path>>", "\n<< "},
+    {"event", 0, 3, 1, 2, "Enter a event name",
+     "\n<< Syntax Error! << Invalid chars in event name\nValid chars: A-Z,a-z,_,0-9: Max Length 32>>", "\n<< "},
+    {"interval", 0, 4, 1, 2, "Scan Interval",
+     "\n<< Syntax Error! \nInvalid Scan Interval or Integer variable>>", "\n<< "},
+    {"logical variable", 0, 5, 1, 2, "Select a logical name",
+     "\n<< Syntax Error! \nInvalid chars in variable name>>", "\n<< "},
+    {"string variable", 0, 6, 1, 2, "Select a string variable",
+     "\n<< Syntax Error! \nInvalid chars in variable name>>", "\n<< "},
+    {"width of an average", 0, 7, 1, 1, "Enter a time interval with units\n Example: 10[msec]",
+     "\n<< Syntax Error! \nInvalid chars in variable name >>", "\n<< "},
+    {"event of an average", 0, 7, 2, 2, "Enter a event name",
+     "\n<< Syntax Error! \nInvalid chars in event name>>", "\n<< "},
+    {"scanned variable", 1, 1, 1, 1, "Click to select a Marvane Variable",
+     "\n<< Syntax Error! \nInvalid chars in variable name>>", "\n<< "},
+    {"member", 1, 1, 2, 2, "Click to select a statistical member",
+     "\n<< Syntax Error! \nInvalid statistical member>>", "\n<< "},
+    {"channel", 1, 1, 3, 3, "Click to select a Channel Keyword",
+     "\n<< Syntax Error! \n Invalid chars in keyword>>", "\n<<  Duplicate Channel >>"},
+    {"parameter", 2, 1, 1, 1, "Click to select a PAM keyword",
+     "\n<< Syntax Error! \n Invalid chars in PAM keyword>>", "\n<<  Duplicate keyword found!  >>"},
+    {"meta data value", 2, 1, 2, 2, "Click to select a Marvane variable",
+     "\n<< Syntax Error! \nInvalid chars in variable name>>", "\n<< "},
+    {"aux user variable", 3, 1, 1, 1, "Click to select a Marvane variable",
+     "\n<< Syntax Error! \nInvalid chars in variable name >>", "\n<< "},
+    {"alternate name", 3, 1, 2, 2, "Click to enter or modify a alternate name",
+     "\n<< Syntax Error! \nInvalid chars in variable name>>", "\n<<  Duplicate alternate name>>"},
+    {"ECM instance", 4, 1, 1, 1, "Click to enter ECM instance",
+     "\n<< Syntax Error! \nInvalid chars in ECM instance >>", "\n<< \nDuplicate ECM instance >>"},
+    {"ECM path", 4, 1, 2, 2, "Click to Select ASAM3_specs path",
+     "\n<< Syntax Error! \nInvalid chars in path>>", "\n<< \nDuplicate path >>"},
+    {"cells of another section keyword", 4, 0, 1, 1, "Click to enter ECM instance",
+     "\n<< Syntax Error! \nInvalid chars in ECM instance >>", "\n<< \nDuplicate ECM instance >>"},
+}};
+// clang-format on
+
+QString tipFor(const CellTips& cell, int code)
+{
+    const char* const addition = code == 1 ? cell.wrong : code == 2 ? cell.repeated : "";
+    return QString::fromLatin1(cell.good) + QString::fromLatin1(addition);
+}
+
+}  // namespace
+
+void TestCellLooks::tellsOfEveryCode_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("tip");
+    for (const CellTips& cell : CELL_TIPS) {
+        for (int column = cell.firstColumn; column <= cell.lastColumn; ++column) {
+            for (int code = -1; code <= 3; ++code)
+                QTest::addRow("%s, column %d, code %d", cell.name, column, code)
+                    << cell.tab << cell.row << column << code << tipFor(cell, code);
+        }
+    }
+}
+
+// Nothing to say is no tool tip.
+void TestCellLooks::tellsOfEveryCode()
+{
+    QFETCH(int, tab);
+    QFETCH(int, row);
+    QFETCH(int, column);
+    QFETCH(int, code);
+    QFETCH(QString, tip);
+    loadGoodFile(KINDS);
+    const TreeModel* const model = modelOf(*m_window, tab);
+    const QModelIndex index = model->index(row, column);
+    QVERIFY(model->setErrorCode(index, code));
+    QCOMPARE(index.data(Qt::ToolTipRole), tip.isEmpty() ? QVariant() : tip);
+}
+
+void TestCellLooks::tellsAndShowsArrowsByTheModelsName_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("tip");
+    QTest::addColumn<QVector<int>>("arrows");
+    QTest::newRow("scan list") << "Model14"
+                               << "Click to select a statistical member" << QVector<int>{1, 2, 3};
+    QTest::newRow("meta data") << "Model15"
+                               << "Click to select a Marvane variable" << QVector<int>{1, 2};
+    QTest::newRow("aux user") << "Model16"
+                              << "Click to enter or modify a alternate name" << QVector<int>{1};
+    QTest::newRow("ECM list") << "Model17"
+                              << "Click to Select ASAM3_specs path" << QVector<int>{2};
+    QTest::newRow("keywords") << "Model13" << QString() << QVector<int>{0};
+}
+
+void TestCellLooks::tellsAndShowsArrowsByTheModelsName()
+{
+    QFETCH(QString, name);
+    loadGoodFile(KINDS);
+    TreeModel* const model = modelOf(*m_window, 1);
+    model->setObjectName(name);
+    QTEST(model->index(1, 2).data(Qt::ToolTipRole).toString(), "tip");
+    QTEST(arrowsOf(*model, 1), "arrows");
+}
+
+void TestCellLooks::modelOfAnotherNameHasNoTipsAndArrows_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* const name : {"", "Model12", "Model18", "Model130", "Model1", "model13"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void TestCellLooks::modelOfAnotherNameHasNoTipsAndArrows()
+{
+    QFETCH(QString, name);
+    loadGoodFile(KINDS);
+    for (int tab = 0; tab < TAB_COUNT; ++tab) {
+        TreeModel* const model = modelOf(*m_window, tab);
+        model->setObjectName(name);
+        for (int row = 0; row < model->rowCount(); ++row) {
+            QCOMPARE(arrowsOf(*model, row), QVector<int>());
+            for (int column = 0; column < model->columnCount(); ++column) {
+                QVERIFY(model->setErrorCode(model->index(row, column), DE_SYNTAX_ERR));
+                QVERIFY(!model->index(row, column).data(Qt::ToolTipRole).isValid());
+            }
+        }
+    }
 }
 
 void TestCellLooks::remembersTextsThatHaveNoHelp()
