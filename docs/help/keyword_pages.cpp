@@ -18,7 +18,7 @@ struct ValueFacts {
 
 // clang-format off
 constexpr std::array<ValueFacts, 13> VALUE_FACTS{{
-    {EVENT_EDITOR, "the name of an event",
+    {EVENT_EDITOR, "the name of an event: [one word](keywords_tab.md#a-value-that-is-no-word)",
      "a [line](editor_text.md#event-names), which accepts letters, digits and `_`, 62 at most"},
     {YESNO_EDITOR, "`yes` or `no`",
      "a [list](editor_yes_no.md) with the two"},
@@ -28,7 +28,7 @@ constexpr std::array<ValueFacts, 13> VALUE_FACTS{{
      "a [number](editor_number.md) from 0 to 1000000"},
     {NOEDITOR, "none: the keyword stands for itself, and what the file has behind it stays",
      "none"},
-    {LOGICAL_VAR_EDITOR, "the name of a logical variable",
+    {LOGICAL_VAR_EDITOR, "the name of a logical variable: [one word](keywords_tab.md#a-value-that-is-no-word)",
      "the [variable dialog](editor_variable.md) with the logical variables"},
     {STRING_VAR_EDITOR, "the name of a string variable",
      "the [variable dialog](editor_variable.md) with the string variables"},
@@ -45,7 +45,7 @@ constexpr std::array<ValueFacts, 13> VALUE_FACTS{{
     {SCAN_INTERVAL_EDITOR, "a length of time with its unit in square brackets, or the name of an integer variable",
      "the [variable dialog](editor_variable.md#with-an-interval) with the integer variables and a "
      "line for the length of time"},
-    {DIR_PATH_EDITOR, "a path, or the name of a string variable",
+    {DIR_PATH_EDITOR, "a path, or the name of a string variable: [one word](keywords_tab.md#a-value-that-is-no-word), with [a line end behind it](keywords_tab.md#a-path-without-a-line-end)",
      "the [variable dialog](editor_variable.md#with-a-path) with the string variables and a line "
      "for the path"},
     {SCRIBON_EDITOR, "an identifier",
