@@ -24,6 +24,8 @@ const auto OPENED = QStringLiteral("/specs/scrib_x");
 const auto OTHER = QStringLiteral("/specs/scrib_y");
 const auto TITLE = QStringLiteral("Scribon Specification Editor:");
 const auto OPEN_TITLE = QStringLiteral("Open File");
+const auto NOTHING_OPEN = QStringLiteral("Empty File");
+const auto CANNOT_READ = QStringLiteral("Cannot read file %1:\n");
 const auto REPLACED_FOLDER = QStringLiteral("/specs/replaced");
 const auto SMALL_DISK = QStringLiteral("/specs/disk");
 const auto RECOVERY = QStringLiteral("/tmp/state/scriboneditor/recovery");
@@ -61,6 +63,8 @@ private Q_SLOTS:
 
     void loadIsWholeOrNone_data();
     void loadIsWholeOrNone();
+    void loadAtTheStartIsWholeOrNone_data();
+    void loadAtTheStartIsWholeOrNone();
     void saveKeepsTheDocument_data();
     void saveKeepsTheDocument();
     void fullDiskKeepsTheDocument();
@@ -80,6 +84,7 @@ private:
     void forEachCall(const FileFault& fault, const QString& prefix, const Deed& deed,
                      const Deed& rule);
 
+    std::unique_ptr<EditorProcess> newEditor() const;
     void start();
     QJsonValue document() { return m_editor->ask(QStringLiteral("document")); }
     QJsonObject box();
@@ -122,6 +127,14 @@ void tst_FileFaults::cleanupTestCase()
     m_desk.reset();
 }
 
+std::unique_ptr<EditorProcess> tst_FileFaults::newEditor() const
+{
+    auto editor = std::make_unique<EditorProcess>();
+    editor->preload(FileFaults::library());
+    editor->setVariable(QLatin1String(PLAN_VARIABLE), m_faults->planFile());
+    return editor;
+}
+
 // With both documents known, and the first one edited, saved and open.
 void tst_FileFaults::start()
 {
@@ -132,9 +145,7 @@ void tst_FileFaults::start()
     QVERIFY(m_faults->isUsable());
     m_desk = std::make_unique<DeskProcess>();
     QVERIFY(m_desk->startWith(R"({ "areas": {} })"));
-    m_editor = std::make_unique<EditorProcess>();
-    m_editor->preload(FileFaults::library());
-    m_editor->setVariable(QLatin1String(PLAN_VARIABLE), m_faults->planFile());
+    m_editor = newEditor();
     QVERIFY(m_editor->start({OTHER}));
     QVERIFY(!m_editor->window(TITLE + OTHER).isEmpty());
     m_other = document();
@@ -255,10 +266,38 @@ void tst_FileFaults::checkLoad(const FileFault& fault)
         load(OPENED);
         return;
     }
-    QVERIFY2(text.startsWith(QStringLiteral("Cannot read file %1:\n").arg(OTHER)),
-             qPrintable(text));
+    QVERIFY2(text.startsWith(CANNOT_READ.arg(OTHER)), qPrintable(text));
     request(QStringLiteral("press ok"));
     QVERIFY(isShown(OPENED, m_opened));
+}
+
+// Few, since each takes a start of the program.
+void tst_FileFaults::loadAtTheStartIsWholeOrNone_data()
+{
+    QTest::addColumn<FileFault>("fault");
+    QTest::newRow("the nth open") << FileFault{FileCall::Open, EACCES, true};
+    QTest::newRow("the nth read") << FileFault{FileCall::Read, EIO, true};
+    QTest::newRow("the nth read that comes back short") << FileFault{FileCall::Read, 0, true};
+}
+
+// The file is named on the command line, where there is no document before it.
+void tst_FileFaults::loadAtTheStartIsWholeOrNone()
+{
+    QFETCH(FileFault, fault);
+    const auto startAnew = [this] {
+        m_editor = newEditor();
+        QVERIFY(m_editor->start({OTHER}));
+        QTRY_VERIFY(!box().isEmpty() || !title().isEmpty());
+    };
+    forEachCall(fault, OTHER, startAnew, [this] {
+        if (box().isEmpty()) {
+            QVERIFY(isShown(OTHER, m_other));
+            return;
+        }
+        QVERIFY(box()[QLatin1String("text")].toString().startsWith(CANNOT_READ.arg(OTHER)));
+        request(QStringLiteral("press ok"));
+        QTRY_COMPARE(title(), NOTHING_OPEN);
+    });
 }
 
 // ---- Saving ------------------------------------------------------------------------------------

@@ -65,6 +65,7 @@ private Q_SLOTS:
 
     void withoutThePlatform();
     void withoutThePlatformNothingIsRead();
+    void pipeInPlaceOfThePlatform();
     void withoutThePlatformOnADisplay();
     void platformThatWasKilledIsGone();
 
@@ -272,6 +273,21 @@ void tst_Startup::withoutThePlatformNothingIsRead()
     QVERIFY(writeFile(SCRATCH, goodSpec()));
     QVERIFY(m_editor->start({QStringLiteral("/specs/none")}));
     QVERIFY(!m_editor->window(NO_PLATFORM_TITLE).isEmpty());
+    m_editor->ask(QStringLiteral("press ok"));
+    QVERIFY(m_editor->waitForEnd());
+    QCOMPARE(m_editor->status(), 1);
+}
+
+// Which nobody writes to, so that whoever waits for it waits for good.
+void tst_Startup::pipeInPlaceOfThePlatform()
+{
+    QVERIFY(m_desk->terminate());
+    const QString directory = sharedMemoryPath(m_desk->name(), QStringLiteral("directory"));
+    QVERIFY(makePipe(directory));
+    QVERIFY(m_editor->start());
+    const QJsonObject box = m_editor->window(NO_PLATFORM_TITLE);
+    QVERIFY(QFile::remove(directory));
+    QVERIFY(!box.isEmpty());
     m_editor->ask(QStringLiteral("press ok"));
     QVERIFY(m_editor->waitForEnd());
     QCOMPARE(m_editor->status(), 1);
