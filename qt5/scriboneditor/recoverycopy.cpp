@@ -52,11 +52,13 @@ bool writeAll(QIODevice* file, const QByteArray& bytes)
     return true;
 }
 
+// Flushed by itself, since QSaveFile::commit() takes no notice of a last buffer that is not
+// written.
 bool writeAtomically(const QString& path, const QByteArray& bytes, QString* error)
 {
     QSaveFile file(path);
     const bool written = file.open(QIODevice::WriteOnly) && file.setPermissions(OWNER_ONLY) &&
-                         writeAll(&file, bytes) && file.commit();
+                         writeAll(&file, bytes) && file.flush() && file.commit();
     if (!written)
         *error = file.errorString();
     return written;
