@@ -1,14 +1,22 @@
 #include "statusnotices.h"
 
+#include <QLabel>
 #include <QStatusBar>
 #include <QStringList>
 #include <algorithm>
+#include <iterator>
 
-StatusNotices::StatusNotices(QStatusBar* statusBar) : m_statusBar(statusBar)
+StatusNotices::StatusNotices(QStatusBar* statusBar)
+    : m_statusBar(statusBar), m_label(new QLabel(statusBar))
 {
-    // Queued: the status bar is still in the middle of the change.
-    connect(statusBar, &QStatusBar::messageChanged, this, &StatusNotices::update,
-            Qt::QueuedConnection);
+    m_label->setObjectName(QStringLiteral("noticeLabel"));
+    m_label->setTextFormat(Qt::PlainText);
+    m_label->setWordWrap(true);
+    m_label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_label->setContentsMargins(4, 2, 8, 2);
+    m_label->hide();
+    statusBar->addWidget(m_label, 1);
+    connect(statusBar, &QStatusBar::messageChanged, this, &StatusNotices::makeRoomForMessage);
 }
 
 void StatusNotices::set(Kind kind, const QString& text)
@@ -17,23 +25,11 @@ void StatusNotices::set(Kind kind, const QString& text)
     QStringList all;
     std::copy_if(m_texts.begin(), m_texts.end(), std::back_inserter(all),
                  [](const QString& notice) { return !notice.isEmpty(); });
-    m_statusBar->setToolTip(all.join(QLatin1Char('\n')));
-    update();
+    m_label->setText(all.join(QLatin1Char('\n')));
+    makeRoomForMessage(m_statusBar->currentMessage());
 }
 
-QString StatusNotices::mostImportant() const
+void StatusNotices::makeRoomForMessage(const QString& message)
 {
-    const auto first = std::find_if(m_texts.begin(), m_texts.end(),
-                                    [](const QString& text) { return !text.isEmpty(); });
-    return first == m_texts.end() ? QString() : *first;
-}
-
-void StatusNotices::update()
-{
-    const QString current = m_statusBar->currentMessage();
-    const QString wanted = mostImportant();
-    if (current == wanted || (!current.isEmpty() && current != m_shown))
-        return;
-    m_shown = wanted;
-    m_statusBar->showMessage(wanted);
+    m_label->setVisible(message.isEmpty() && !m_label->text().isEmpty());
 }

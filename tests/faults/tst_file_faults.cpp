@@ -89,7 +89,7 @@ private:
     QJsonValue document() { return m_editor->ask(QStringLiteral("document")); }
     QJsonObject box();
     QString title();
-    QString news();
+    QString notice();
     void leaveAsSaved();
     void request(const QString& deed);
     void load(const QString& file);
@@ -179,10 +179,10 @@ QString tst_FileFaults::title()
     return titles.value(0).mid(TITLE.size());
 }
 
-// The message in the status bar.
-QString tst_FileFaults::news()
+// In the status bar.
+QString tst_FileFaults::notice()
 {
-    return m_editor->window(TITLE + title())[QLatin1String("news")].toString();
+    return m_editor->window(TITLE + title())[QLatin1String("notice")].toString();
 }
 
 // Returns when it is done or a dialog is up.
@@ -378,7 +378,7 @@ void tst_FileFaults::copyIsWholeOrOld()
             if (after != before)
                 QCOMPARE(after.replace("second_name", "first_name"), before);
             else
-                QVERIFY(news().startsWith(QStringLiteral("No copy of unsaved work can be kept")));
+                QVERIFY(notice().startsWith(QStringLiteral("No copy of unsaved work can be kept")));
             copyFirst();
         });
     leaveAsSaved();

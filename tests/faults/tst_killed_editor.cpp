@@ -133,7 +133,7 @@ void tst_KilledEditor::workIsKept()
     QCOMPARE(readFile(COPY), saved(SECOND));
     QCOMPARE(readFile(FILE_NAME), m_saved);
     start();
-    QTRY_COMPARE(m_editor->window(TITLE)[QLatin1String("news")].toString(),
+    QTRY_COMPARE(m_editor->window(TITLE)[QLatin1String("notice")].toString(),
                  QStringLiteral("Unsaved work on /specs/scrib_x is kept in ") + COPY);
 }
 

@@ -12,6 +12,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMetaType>
@@ -38,6 +39,8 @@ QJsonObject describe(const QWidget* widget)
     }
     if (const auto* const bar = widget->findChild<QStatusBar*>(QStringLiteral("statusbar")))
         facts.insert(QStringLiteral("news"), bar->currentMessage());
+    if (const auto* const label = widget->findChild<QLabel*>(QStringLiteral("noticeLabel")))
+        facts.insert(QStringLiteral("notice"), label->isVisible() ? label->text() : QString());
     return facts;
 }
 
