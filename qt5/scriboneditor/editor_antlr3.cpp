@@ -1,5 +1,7 @@
 #include "editor_antlr3.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -46,11 +48,18 @@ int readBytes(const char* filename, std::string* bytes)
     return error == 0 && tooLong ? EFBIG : error;
 }
 
+bool isRegularFile(const char* filename)
+{
+    struct stat status {};
+    return stat(filename, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+// A file that is gone by now is not parsed, whether it was read before or not.
 bool takeFileBytes(const char* filename)
 {
     const bool known = std::exchange(preloaded.there, false) && preloaded.name == filename;
     fileBytes = std::exchange(preloaded.bytes, {});
-    return known || readBytes(filename, &fileBytes) == 0;
+    return known ? isRegularFile(filename) : readBytes(filename, &fileBytes) == 0;
 }
 
 // A stream on the bytes that were read and checked: the runtime's own file stream takes no notice

@@ -18,7 +18,7 @@
 // ------------------------------------------------------------------------------------
 
 // Reads the whole file `filename` (local 8-bit encoding) for the next read_file of the same name,
-// which then parses these bytes whatever happens to the file meanwhile. Leaves the tree as it is.
+// which then parses these bytes as long as there is still a file. Leaves the tree as it is.
 // Returns 0, or the system's error number when not all of the file could be read; read_file then
 // reads the file itself.
 int preload_file(const char* filename);

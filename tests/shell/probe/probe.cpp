@@ -39,8 +39,9 @@ QJsonObject describe(const QWidget* widget)
     }
     if (const auto* const bar = widget->findChild<QStatusBar*>(QStringLiteral("statusbar")))
         facts.insert(QStringLiteral("news"), bar->currentMessage());
+    // Which may have to wait for the news to end.
     if (const auto* const label = widget->findChild<QLabel*>(QStringLiteral("noticeLabel")))
-        facts.insert(QStringLiteral("notice"), label->isVisible() ? label->text() : QString());
+        facts.insert(QStringLiteral("notice"), label->text());
     return facts;
 }
 
