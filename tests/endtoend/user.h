@@ -115,6 +115,8 @@ private:
 
     bool fillScreen();
     bool isReady(const QString& widgetClass);
+    // The same of the editor of this cell.
+    bool isEditing(int tab, int row, int column);
     bool scrollTo(int tab, int row, int column);
     bool scrollOnce(int tab, int row, int column, const QRect& viewport);
     QJsonObject focus();
