@@ -70,8 +70,9 @@ bool inFakeRoot()
 void emptyPlaces()
 {
     // Where the display's sockets and the session's files are.
-    const QStringList kept{QStringLiteral(".X11-unix"), QStringLiteral("runtime")};
-    for (const char* const place : {"/specs", "/tmp", "/small-disk"})
+    const QStringList kept{QStringLiteral(".X11-unix"), QStringLiteral("runtime"),
+                           QStringLiteral("home")};
+    for (const char* const place : {"/specs", "/tmp", "/tmp/home", "/small-disk"})
         emptyDirectory(QLatin1String(place), kept);
 }
 

@@ -8,11 +8,12 @@
 // Whether /specs and /tmp are this test's own.
 bool inPrivateNamespace();
 
-// Whether the places are private because fakechroot says so, on a machine that allows no namespaces.
+// Whether the places are private because fakechroot says so, on a machine that allows no
+// namespaces.
 bool inFakeRoot();
 
-// Empties /specs, /tmp and the small disk, but for the session's files and what is mounted there,
-// which this test did not make.
+// Empties /specs, /tmp, the home and the small disk, but for the session's files and what is
+// mounted there, which this test did not make.
 void emptyPlaces();
 
 // Creates or replaces the file, and the directories that it lies in; false when that failed.

@@ -39,6 +39,7 @@ void tst_Places::everythingOfTheTestGoes_data()
     QTest::addColumn<QString>("place");
     QTest::newRow("the spec files") << QStringLiteral("/specs");
     QTest::newRow("the temporary files") << QStringLiteral("/tmp");
+    QTest::newRow("the home") << qEnvironmentVariable("HOME");
     QTest::newRow("the small disk") << QStringLiteral("/small-disk");
 }
 
@@ -68,6 +69,7 @@ void tst_Places::theSessionStays()
 {
     emptyPlaces();
     QVERIFY(QFileInfo(qEnvironmentVariable("XDG_RUNTIME_DIR")).isDir());
+    QVERIFY(QFileInfo(qEnvironmentVariable("HOME")).isDir());
     QVERIFY(QFileInfo(QStringLiteral("/tmp/.X11-unix")).isDir());
 }
 
