@@ -1,6 +1,6 @@
-# The flags that every target of ours shares. Link scribon_options for the language level,
-# hardening and sanitizers, scribon_warnings as well for code that we wrote ourselves
-# (generated code takes only the first).
+# The flags that every target of ours shares. All are hardened; link scribon_options for the
+# sanitizers, scribon_warnings as well for code that we wrote ourselves (generated code takes only
+# the first).
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
@@ -21,14 +21,19 @@ set(CMAKE_LINK_DEPENDS_NO_SHARED ON)
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 
-add_library(scribon_options INTERFACE)
-target_compile_options(scribon_options INTERFACE -fstack-protector-strong -Werror=format-security)
-target_link_options(scribon_options INTERFACE -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
+# The processor's own protection of jumps and returns is one of x86.
+include(CheckCXXCompilerFlag)
+check_cxx_compiler_flag(-fcf-protection SCRIBON_HAS_CF_PROTECTION)
+add_compile_options(-fstack-protector-strong -Werror=format-security
+  $<$<BOOL:${SCRIBON_HAS_CF_PROTECTION}>:-fcf-protection>)
+add_link_options(-Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
 # FORTIFY needs the optimizer and gets in the way of the sanitizers' own interceptors.
 if(NOT SCRIBON_SANITIZE)
-  target_compile_options(scribon_options INTERFACE
+  add_compile_options(
     $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE> $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
 endif()
+
+add_library(scribon_options INTERFACE)
 if(SCRIBON_SANITIZE)
   target_compile_options(scribon_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -54,3 +59,29 @@ add_library(scribon_qt_options INTERFACE)
 target_compile_definitions(scribon_qt_options INTERFACE
   QT_FORCE_ASSERTS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
   QT_NO_KEYWORDS)
+
+# scribon_list_programs(OUT_FILE)
+#
+# Writes the names of all programs and shared libraries of the project, for the test of what is in
+# them. Call it when all targets are there.
+function(scribon_list_programs out_file)
+  set(programs "")
+  scribon_collect_programs("${PROJECT_SOURCE_DIR}" programs)
+  list(JOIN programs "\n" programs)
+  file(GENERATE OUTPUT "${out_file}" CONTENT "${programs}\n")
+endfunction()
+
+function(scribon_collect_programs directory out_var)
+  get_property(targets DIRECTORY "${directory}" PROPERTY BUILDSYSTEM_TARGETS)
+  foreach(target IN LISTS targets)
+    get_target_property(type ${target} TYPE)
+    if(type MATCHES "^(EXECUTABLE|SHARED_LIBRARY|MODULE_LIBRARY)$")
+      list(APPEND ${out_var} "$<TARGET_FILE:${target}>")
+    endif()
+  endforeach()
+  get_property(subdirectories DIRECTORY "${directory}" PROPERTY SUBDIRECTORIES)
+  foreach(subdirectory IN LISTS subdirectories)
+    scribon_collect_programs("${subdirectory}" ${out_var})
+  endforeach()
+  set(${out_var} "${${out_var}}" PARENT_SCOPE)
+endfunction()
