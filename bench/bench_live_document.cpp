@@ -13,6 +13,7 @@
 #include "editorundocommand.h"
 #include "mainwindow.h"
 #include "treemodel.h"
+#include "variablemaplist.h"
 
 namespace {
 
@@ -175,6 +176,29 @@ void insertRowInWindow(benchmark::State& state)
     }
 }
 BENCHMARK(insertRowInWindow)->Apply(measure);
+
+// An edit of a cell in the window, which makes a copy of the document due.
+void editInWindow(benchmark::State& state)
+{
+    const auto window = shownWindow(liveFile());
+    auto* const model = window->findChild<QTreeView*>(QStringLiteral("view1"))->model();
+    auto* const scanList = static_cast<TreeModel*>(model);
+    const QModelIndex cell = scanList->index(SCAN_ROWS / 2, 1);
+    int edits = 0;
+    for (auto _ : state)
+        scanList->undoredo_setData(cell, QStringLiteral("edited_%1").arg(++edits));
+}
+BENCHMARK(editInWindow)->Apply(measure);
+
+// The copy itself, written and flushed to the disk while the user does nothing.
+void copyOfUnsavedWork(benchmark::State& state)
+{
+    const auto window = shownWindow(liveFile());
+    window->insertRow();
+    for (auto _ : state)
+        beforePlainExit();
+}
+BENCHMARK(copyOfUnsavedWork)->Apply(measure);
 
 }  // namespace
 

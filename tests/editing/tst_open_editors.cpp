@@ -131,9 +131,11 @@ void TestOpenEditors::saveAsWritesTheText()
     answering()->chooseFile(QStringLiteral("/specs/other_file"));
     openFetchedAndType();
     bool beforeTheDialog = false;
-    connect(stack(), &QUndoStack::indexChanged, m_dialogs.get(),
-            [&] { beforeTheDialog = m_window->findChild<QFileDialog*>() == nullptr; });
+    const auto watch = connect(stack(), &QUndoStack::indexChanged, m_dialogs.get(), [&] {
+        beforeTheDialog = m_window->findChild<QFileDialog*>() == nullptr;
+    });
     actionOf(*m_window, "actionSave_As")->trigger();
+    disconnect(watch);
     QVERIFY(beforeTheDialog);
     QVERIFY(readFile(QStringLiteral("/specs/other_file")).contains(stored.trimmed().toUtf8()));
     QCOMPARE(readFile(QStringLiteral("/specs/good")), fullSpec());

@@ -122,12 +122,11 @@ void tst_StatusNotices::longNoticeIsWrapped()
     window.setStatusBar(m_bar.release());
     window.resize(300, 300);
     window.show();
-    const int before = window.statusBar()->height();
     m_notices->set(StatusNotices::FileNotice, QStringLiteral("a word ").repeated(40));
     QTRY_VERIFY(window.statusBar()->height() > 4 * window.fontMetrics().lineSpacing());
     QCOMPARE(window.width(), 300);
     m_notices->set(StatusNotices::FileNotice, {});
-    QTRY_COMPARE(window.statusBar()->height(), before);
+    QTRY_VERIFY(window.statusBar()->height() < 3 * window.fontMetrics().lineSpacing());
     m_notices.reset();
 }
 
