@@ -126,16 +126,20 @@ void DocumentGuard::tellAbandonedCopies()
     const QFileInfo open(m_file.fileName());
     const auto isOpen = [&open](const AbandonedCopy& copy) { return QFileInfo(copy.path) == open; };
     copies.erase(std::remove_if(copies.begin(), copies.end(), isOpen), copies.end());
-    QString text;
+    m_notices.set(StatusNotices::AbandonedNotice, abandonedText(copies));
+}
+
+QString DocumentGuard::abandonedText(const QVector<AbandonedCopy>& copies)
+{
+    if (copies.isEmpty())
+        return {};
+    const AbandonedCopy& newest = copies.first();
     if (copies.size() == 1)
-        text = tr("Unsaved work on %1 is kept in %2")
-                   .arg(copies.first().document, shortPath(copies.first().path));
-    else if (copies.size() > 1)
-        text = tr("Unsaved work on %1 and %2 more is kept in %3")
-                   .arg(copies.first().document)
-                   .arg(copies.size() - 1)
-                   .arg(shortPath(recoveryFolder()));
-    m_notices.set(StatusNotices::AbandonedNotice, text);
+        return tr("Unsaved work on %1 is kept in %2").arg(newest.document, shortPath(newest.path));
+    return tr("Unsaved work on %1 and %2 more is kept in %3")
+        .arg(newest.document)
+        .arg(copies.size() - 1)
+        .arg(shortPath(recoveryFolder()));
 }
 
 void DocumentGuard::tellFileState()

@@ -58,6 +58,7 @@ private:
     void dropCopy();
     void writeCopy();
     void tellAbandonedCopies();
+    static QString abandonedText(const QVector<AbandonedCopy>& copies);
     void tellFileState();
     QString fileStateText() const;
 

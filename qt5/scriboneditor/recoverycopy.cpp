@@ -32,7 +32,7 @@ constexpr auto OWNER_ONLY = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 // The desktop's rule for state files: a relative path counts as none.
 QString stateDirectory()
 {
-    const QString state = qEnvironmentVariable("XDG_STATE_HOME");
+    QString state = qEnvironmentVariable("XDG_STATE_HOME");
     if (QDir::isAbsolutePath(state))
         return state;
     const QString home = qEnvironmentVariable("HOME");
@@ -109,7 +109,7 @@ QString makeFolder(QString* error)
         return {};
     }
     for (int number = 1; number < MOST; ++number) {
-        const QString folder = parent + QLatin1Char('/') + QString::number(number);
+        QString folder = parent + QLatin1Char('/') + QString::number(number);
         if (mkdir(QFile::encodeName(folder).constData(), S_IRWXU) == 0)
             return folder;
         if (errno != EEXIST)

@@ -307,7 +307,9 @@ void tst_FileFaults::saveKeepsTheDocument_data()
     addFaults({{"open", {FileCall::Open, EACCES, false}},
                {"write", {FileCall::Write, EIO, false}},
                {"write that takes half", {FileCall::Write, 0, false}},
-               {"close", {FileCall::Close, ENOSPC, false}}});
+               {"close", {FileCall::Close, ENOSPC, false}},
+               {"read back", {FileCall::Read, EIO, false}},
+               {"read back that comes short", {FileCall::Read, 0, false}}});
 }
 
 void tst_FileFaults::saveKeepsTheDocument()
@@ -355,6 +357,7 @@ void tst_FileFaults::copyIsWholeOrOld_data()
                {"write", {FileCall::Write, EIO, false}},
                {"write that takes half", {FileCall::Write, 0, false}},
                {"flush to the disk", {FileCall::Sync, EIO, false}},
+               {"close", {FileCall::Close, EIO, false}},
                {"rename", {FileCall::Rename, EPERM, false}}});
 }
 
@@ -374,11 +377,12 @@ void tst_FileFaults::copyIsWholeOrOld()
     forEachCall(
         fault, RECOVERY, [this] { request(QStringLiteral("announce the end")); },
         [&] {
+            // In this order: the editor may write the copy once more at any time.
+            const bool told =
+                notice().startsWith(QStringLiteral("No copy of unsaved work can be kept"));
             QByteArray after = readFile(COPY);
-            if (after != before)
-                QCOMPARE(after.replace("second_name", "first_name"), before);
-            else
-                QVERIFY(notice().startsWith(QStringLiteral("No copy of unsaved work can be kept")));
+            QVERIFY(told || after != before);
+            QCOMPARE(after.replace("second_name", "first_name"), before);
             copyFirst();
         });
     leaveAsSaved();

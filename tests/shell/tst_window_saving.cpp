@@ -5,6 +5,7 @@
 
 #include <QCloseEvent>
 #include <QDir>
+#include <QTextCodec>
 #include <QUndoStack>
 
 #include "editor_antlr3.h"
@@ -30,6 +31,8 @@ private Q_SLOTS:
     void saveIsTheSameFromTheFirstOn();
     void saveTellsNewsAndClearsTheFlags();
     void documentWithErrorsIsSaved();
+    void latin1FileStaysInLatin1();
+    void oneEncodingForAllTabs();
     void saveIsInPlace();
     void saveGoesThroughALink();
     void shorterDocumentLeavesNoRest();
@@ -149,6 +152,35 @@ void tst_WindowSaving::documentWithErrorsIsSaved()
     QVERIFY(m_window->save());
     QVERIFY(m_dialogs->boxes.isEmpty());
     QVERIFY(readFile(GOOD).contains("@GROUP\n%%%\n"));
+}
+
+void tst_WindowSaving::latin1FileStaysInLatin1()
+{
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    const QByteArray comment = "#\xd6ltemperatur\n";
+    loadGoodFile(comment + goodSpec());
+    edit(0, 1, 1, QStringLiteral("new_name"));
+    QVERIFY(m_window->save());
+    QVERIFY(readFile(GOOD).startsWith(comment));
+    QVERIFY(readFile(GOOD).contains("@SCRIBON\nnew_name\n"));
+}
+
+// A character of one tab that Latin-1 does not have, and the file stays as it is then.
+void tst_WindowSaving::oneEncodingForAllTabs()
+{
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    loadGoodFile("#\xd6ltemperatur\n" + goodSpec());
+    tabsOf(*m_window)->setCurrentIndex(2);
+    edit(2, 1, 2, QStringLiteral("'\u20ac'"));
+    QVERIFY(m_window->save());
+    const QByteArray inUtf8 = "#\xc3\x96ltemperatur\n";
+    QVERIFY(readFile(GOOD).startsWith(inUtf8));
+    QVERIFY(readFile(GOOD).contains("'\xe2\x82\xac'"));
+    m_window->uStack()->undo();
+    QVERIFY(m_window->save());
+    QVERIFY(readFile(GOOD).startsWith(inUtf8));
+    m_window->loadFile(GOOD, false);
+    QCOMPARE(rowTexts(*modelOf(*m_window, 0), 0).first(), QStringLiteral("#\u00d6ltemperatur"));
 }
 
 // The file is emptied and written again, so every other name of it sees the new text.
