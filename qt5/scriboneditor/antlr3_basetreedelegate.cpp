@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "asamspecs_select.h"
-#include "mainwindow.h"
+#include "editor_access.h"
 #include "scribon_keywords.h"
 #include "treemodel.h"
 #include "variableselectiondialog.h"
@@ -43,13 +43,13 @@ void Antlr3_BaseTreeDelegate::paint(QPainter* painter, const QStyleOptionViewIte
         return;
     QStyleOptionViewItem myOption = option;
     myOption.decorationPosition = QStyleOptionViewItem::Right;
-    myOption.font = EditorMainWindow->myPrefs.editorFont;
+    myOption.font = editorAccess().preferences().editorFont;
     const bool wrong = errorValue(index) > DE_NOERROR;
     if (wrong)
         myOption.icon = QIcon(QStringLiteral(":/resources/dialog-error.png"));
     if (option.state.testFlag(QStyle::State_Selected))
         setSelectionColour(&myOption.palette,
-                           wrong ? EditorMainWindow->myPrefs.syntaxColor : QColor(Qt::black));
+                           wrong ? editorAccess().preferences().syntaxColor : QColor(Qt::black));
     QStyledItemDelegate::paint(painter, myOption, index);
 }
 

@@ -9,8 +9,8 @@
 
 #include "antlr3_basetreedelegate.h"
 #include "cell_text.h"
+#include "editor_access.h"
 #include "line_breaks.h"
-#include "mainwindow.h"
 #include "scribon_keywords.h"
 #include "validationcharm.h"
 #include "validatorformat.h"
@@ -317,7 +317,7 @@ QWidget* Antlr3_BaseTreeDelegate::variableEditor(const QModelIndex& index, int t
                                                  const char* optionalData) const
 {
     auto* const dialog =
-        new VariableSelectionDialog(index, EditorMainWindow, QT_MARVANE_VAR_TYPE(type),
+        new VariableSelectionDialog(index, editorAccess().dialogParent(), QT_MARVANE_VAR_TYPE(type),
                                     QString::fromLatin1(optionalData), QString());
     connect(dialog, &QDialog::finished, this, &Antlr3_BaseTreeDelegate::vsCommitAndCloseEditor);
     return dialog;
@@ -326,7 +326,7 @@ QWidget* Antlr3_BaseTreeDelegate::variableEditor(const QModelIndex& index, int t
 void Antlr3_BaseTreeDelegate::keywordComboBoxSetup(QComboBox* editor,
                                                    const QModelIndex& index) const
 {
-    editor->setFont(EditorMainWindow->myPrefs.editorFont);
+    editor->setFont(editorAccess().preferences().editorFont);
     const QStringList list = wordsLeftFor(index);
     editor->insertItems(editor->count(), list);
     for (int i = 0; i < list.size(); ++i) {

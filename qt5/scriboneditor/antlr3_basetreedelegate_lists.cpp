@@ -11,8 +11,8 @@
 #include "antlr3_basetreedelegate.h"
 #include "asamspecs_select.h"
 #include "cell_text.h"
+#include "editor_access.h"
 #include "line_breaks.h"
-#include "mainwindow.h"
 #include "stat_members.h"
 #include "validatorformat.h"
 #include "variableselectiondialog.h"
@@ -76,7 +76,7 @@ void storeScanListVariable(const VariableSelectionDialog& dialog, QAbstractItemM
     QString dstatmem = statmem;
     if (value.contains(QLatin1Char('.')) && !statmem.isEmpty()) {
         dstatmem = withFullStop(statmem);
-        if (!EditorMainWindow->statMemList.contains(dstatmem)) {
+        if (!editorAccess().statisticalMembers().contains(dstatmem)) {
             value += foreignMember(statmem);
             statmem.clear();
         }
@@ -263,8 +263,8 @@ QWidget* Antlr3_BaseTreeDelegate::createEditorTab2(QWidget* the_parent,
 QWidget* Antlr3_BaseTreeDelegate::statMemberEditor(QWidget* the_parent) const
 {
     auto* const editor = new QComboBox(the_parent);
-    editor->setFont(EditorMainWindow->myPrefs.editorFont);
-    editor->addItems(EditorMainWindow->statMemList);
+    editor->setFont(editorAccess().preferences().editorFont);
+    editor->addItems(editorAccess().statisticalMembers());
     for (size_t i = 0; i < STAT_MEMBERS.size(); ++i)
         editor->setItemData(static_cast<int>(i), QString::fromLatin1(STAT_MEMBERS[i].help),
                             Qt::ToolTipRole);
@@ -308,7 +308,8 @@ void Antlr3_BaseTreeDelegate::setEditorDataTab2Col2(QWidget* editor, const QMode
 {
     // The empty last item is for a cell of blanks; an empty cell opens on the first.
     const QString text = textOf(index);
-    showItem(editor, text.isEmpty() ? EditorMainWindow->statMemList.value(0) : text.trimmed());
+    showItem(editor,
+             text.isEmpty() ? editorAccess().statisticalMembers().value(0) : text.trimmed());
 }
 
 void Antlr3_BaseTreeDelegate::setEditorDataTab2Col3(QWidget* editor, const QModelIndex& index) const
@@ -459,7 +460,7 @@ QWidget* Antlr3_BaseTreeDelegate::createEditorTab5(QWidget* the_parent,
 
 QWidget* Antlr3_BaseTreeDelegate::asamEditor(const QModelIndex& index) const
 {
-    auto* const dialog = new asamspecs_select(index, EditorMainWindow);
+    auto* const dialog = new asamspecs_select(index, editorAccess().dialogParent());
     connect(dialog, &QDialog::finished, this, &Antlr3_BaseTreeDelegate::asamCommitAndCloseEditor);
     return dialog;
 }

@@ -29,7 +29,6 @@
 #include "variableselectiondialog.h"
 
 MainWindow* EditorMainWindow = nullptr;
-int LoadingFile = 0;
 
 namespace {
 
@@ -185,7 +184,7 @@ void commitEditorInCell(const QTreeView& tree)
 MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
 {
     setupUi(this);
-    EditorMainWindow = this;
+    setEditorMainWindow(this);
     guardDocument();
     undoGroup = new QUndoGroup(this);
     makeUndoStacks();
@@ -206,7 +205,7 @@ MainWindow::MainWindow(const QString& fileName, QWidget* parent) : QMainWindow(p
     undoGroup = new QUndoGroup(this);
     setupUi(this);
     makeUndoActions(1);
-    EditorMainWindow = this;
+    setEditorMainWindow(this);
     guardDocument();
     addStatusBarForm();
     setupTables(this);
@@ -221,7 +220,7 @@ MainWindow::~MainWindow()
 {
     free_resources();
     if (EditorMainWindow == this)
-        EditorMainWindow = nullptr;
+        setEditorMainWindow(nullptr);
 }
 
 void MainWindow::guardDocument()

@@ -12,6 +12,7 @@
 #include <array>
 #include <memory>
 
+#include "editor_access.h"
 #include "editor_types.h"
 #include "preference_results.h"
 #include "specencoding.h"
@@ -88,6 +89,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    static void setEditorMainWindow(MainWindow* window);
     void guardDocument();
     void fillKeywordHelp();
     void fillStatMemList();
@@ -143,7 +145,7 @@ private:
     std::array<QTreeView*, TAB_SLOTS> view{};
     QTabWidget* tabWidget = nullptr;
 
-    // The public ones are reached by models, delegates and dialogs through EditorMainWindow.
+    // The public ones are what EditorAccess gives models, delegates and dialogs of the window.
 public:
     QUndoGroup* undoGroup = nullptr;
 
@@ -166,6 +168,3 @@ public:
 
 // The one main window; null before it is built.
 extern MainWindow* EditorMainWindow;
-
-// Nonzero while New or Open loads a file: no cell is drawn or judged from a half-built model.
-extern int LoadingFile;

@@ -1,11 +1,10 @@
 #include "treeitem.h"
 
 #include <QString>
-#include <QUndoGroup>
 #include <QUndoStack>
 
+#include "editor_access.h"
 #include "editorundocommand.h"
-#include "mainwindow.h"
 
 namespace {
 
@@ -153,7 +152,7 @@ bool TreeItem::undoredo_setData(TreeModel* model, const QModelIndex& index, cons
     // A null string is a cell that no statement of the file has: it takes no edits.
     if (before.isNull() || before == after)
         return false;
-    QUndoStack* const undoStack = EditorMainWindow->undoGroup->activeStack();
+    QUndoStack* const undoStack = editorAccess().activeUndoStack();
     if (undoStack == nullptr || EditorUndoCommand::isRunning())
         return false;
     undoStack->push(new EditorUndoCommand(model, index, before, after));

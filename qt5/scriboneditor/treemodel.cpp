@@ -4,7 +4,7 @@
 #include <QTextStream>
 #include <QtGlobal>
 
-#include "mainwindow.h"
+#include "editor_access.h"
 #include "treeitem.h"
 
 // clang-format off

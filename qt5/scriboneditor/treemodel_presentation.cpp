@@ -4,7 +4,7 @@
 #include <QColor>
 #include <array>
 
-#include "mainwindow.h"
+#include "editor_access.h"
 #include "treeitem.h"
 #include "treemodel.h"
 
@@ -91,8 +91,8 @@ bool opensChooser(int keywordKind)
 
 QVariant TreeModel::colour(const QModelIndex& index) const
 {
-    if (errorCode(index).toInt() != DE_NOERROR && EditorMainWindow != nullptr)
-        return EditorMainWindow->myPrefs.syntaxColor;
+    if (errorCode(index).toInt() != DE_NOERROR)
+        return editorAccess().preferences().syntaxColor;
     return QColor(QStringLiteral("black"));
 }
 
@@ -146,13 +146,12 @@ QVariant TreeModel::decoration(const QModelIndex& index) const
     return arrowIcon;
 }
 
-// Help on the keyword. The look-up is by subscript, so the window's table grows as the mouse
-// wanders over texts that it does not know.
+// Help on the keyword, and what is wrong with it.
 QVariant TreeModel::keywordToolTip(const QModelIndex& index) const
 {
     const QString text = textAt(index, 0);
     const QString key = text.startsWith(QLatin1Char('@')) ? text.mid(1).toLower().trimmed() : text;
-    QString help = EditorMainWindow == nullptr ? QString() : EditorMainWindow->hash[key];
+    QString help = editorAccess().keywordHelp(key);
     const int code = errorCode(index).toInt();
     if (code == DE_DUPLICATE_ERR)
         help += QStringLiteral("\n<< Duplicate entry found! >>");

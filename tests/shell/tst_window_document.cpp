@@ -17,6 +17,7 @@
 #include <QUndoStack>
 
 #include "antlr3_basetreedelegate.h"
+#include "editor_access.h"
 #include "editor_antlr3.h"
 #include "statusbarform.h"
 #include "window_test.h"
@@ -99,6 +100,7 @@ private Q_SLOTS:
     void windowOnOneFileCountsItsErrors();
     void windowOnOneBadFile();
     void parserIsFreedWithTheWindow();
+    void windowGivesAccessWhileItLives();
 };
 
 void tst_WindowDocument::startsWithNothingLoaded()
@@ -605,6 +607,28 @@ void tst_WindowDocument::parserIsFreedWithTheWindow()
     m_window.reset();
     QVERIFY(getTree() == nullptr);
     QVERIFY(EditorMainWindow == nullptr);
+}
+
+// What models and delegates use of the window, and what they get after it is gone.
+void tst_WindowDocument::windowGivesAccessWhileItLives()
+{
+    EditorAccess* access = &editorAccess();
+    QCOMPARE(access->activeUndoStack(), m_window->undoGroup->activeStack());
+    QVERIFY(access->activeUndoStack() != nullptr);
+    QCOMPARE(&access->preferences(), &m_window->myPrefs);
+    QCOMPARE(access->keywordHelp(QStringLiteral("mode")),
+             m_window->keywordHelp().value(QStringLiteral("mode")));
+    QVERIFY(!access->keywordHelp(QStringLiteral("mode")).isEmpty());
+    QCOMPARE(&access->statisticalMembers(), &m_window->statMemList);
+    QCOMPARE(access->dialogParent(), m_window.get());
+
+    m_window.reset();
+    access = &editorAccess();
+    QVERIFY(access->activeUndoStack() == nullptr);
+    QCOMPARE(access->preferences().syntaxColor, QColor(Qt::black));
+    QVERIFY(access->keywordHelp(QStringLiteral("mode")).isEmpty());
+    QVERIFY(access->statisticalMembers().isEmpty());
+    QVERIFY(access->dialogParent() == nullptr);
 }
 
 QTEST_MAIN(tst_WindowDocument)
