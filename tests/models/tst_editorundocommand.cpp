@@ -5,17 +5,17 @@
 #include <array>
 #include <random>
 
-#include "editing_window.h"
 #include "editorundocommand.h"
 #include "model_text.h"
 #include "undo_reference.h"
+#include "windowless_editing.h"
 
 namespace {
 
 const QStringList ROWS =
     lines({"@SCRIBON | x | FILLER_TXT", "@MODE | m | <unset>", "@GROUP | g | FILLER_TXT"});
 
-// A document, the window that its edits go through, and the stack that keeps them.
+// A document, and the undo stack that its edits go through.
 class Editing {
 public:
     explicit Editing(const QStringList& rows = ROWS, int tab = EDIT_TAB1)
@@ -24,7 +24,7 @@ public:
     }
 
     TreeModel* model() { return m_model.get(); }
-    QUndoStack* stack() { return m_window.stack(); }
+    QUndoStack* stack() { return m_editing.stack(); }
     QStringList rows() const { return rowLines(*m_model); }
     QString cell(int row, int column) const
     {
@@ -64,7 +64,7 @@ public:
 private:
     int lastColumn() const { return m_model->columnCount() - 1; }
 
-    EditingWindow m_window;
+    WindowlessEditing m_editing;
     std::unique_ptr<TreeModel> m_model;
 };
 
@@ -100,19 +100,10 @@ class TwoTabs {
 public:
     enum Tab { First, Second };
 
-    TwoTabs() : m_models{modelOfRows(EDIT_TAB1, ROWS), modelOfRows(EDIT_TAB3, LIST)}
-    {
-        const QList<QUndoStack*> stacks = EditorMainWindow->undoGroup->stacks();
-        m_stacks = {stacks.at(First), stacks.at(Second)};
-    }
-    ~TwoTabs()
-    {
-        for (QUndoStack* const stack : m_stacks)
-            stack->clear();
-    }
+    TwoTabs() : m_models{modelOfRows(EDIT_TAB1, ROWS), modelOfRows(EDIT_TAB3, LIST)} {}
 
     TreeModel* model(int tab) { return m_models[static_cast<size_t>(tab)].get(); }
-    QUndoStack* stack(int tab) { return m_stacks[static_cast<size_t>(tab)]; }
+    QUndoStack* stack(int tab) { return &m_stacks[static_cast<size_t>(tab)]; }
     int rowCount(int tab) { return model(tab)->rowCount(); }
     QString text(int tab, int row, int column)
     {
@@ -131,7 +122,7 @@ public:
     // Through the stack of the tab `shown`.
     bool edit(int tab, int row, int column, const QString& text, int shown)
     {
-        EditorMainWindow->undoGroup->setActiveStack(stack(shown));
+        m_editing.setActiveStack(stack(shown));
         return model(tab)->undoredo_setData(model(tab)->index(row, column), text);
     }
     void insertBelow(int tab, int row)
@@ -150,9 +141,9 @@ public:
 private:
     static const QStringList LIST;
 
-    EditingWindow m_window;
+    WindowlessEditing m_editing;
     std::array<std::unique_ptr<TreeModel>, 2> m_models;
-    std::array<QUndoStack*, 2> m_stacks{};
+    std::array<QUndoStack, 2> m_stacks;
 };
 
 const QStringList TwoTabs::LIST =
@@ -729,5 +720,5 @@ void tst_EditorUndoCommand::historiesOfTwoTabs()
     }
 }
 
-QTEST_MAIN(tst_EditorUndoCommand)
+QTEST_GUILESS_MAIN(tst_EditorUndoCommand)
 #include "tst_editorundocommand.moc"

@@ -378,5 +378,5 @@ void tst_RowLoading::manyRowsStayInOrder()
     }
 }
 
-QTEST_MAIN(tst_RowLoading)
+QTEST_GUILESS_MAIN(tst_RowLoading)
 #include "tst_row_loading.moc"

@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "mainwindow.h"
+#include "editor_access.h"
 #include "model_text.h"
 
 namespace {
@@ -345,5 +345,5 @@ void tst_RowWriting::manyRows()
     QVERIFY(dumpOf(model.get()) == text);
 }
 
-QTEST_MAIN(tst_RowWriting)
+QTEST_GUILESS_MAIN(tst_RowWriting)
 #include "tst_row_writing.moc"

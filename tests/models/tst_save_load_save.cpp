@@ -345,5 +345,5 @@ void tst_SaveLoadSave::zeroByteInAMisplacedTextLosesNothing()
     }
 }
 
-QTEST_MAIN(tst_SaveLoadSave)
+QTEST_GUILESS_MAIN(tst_SaveLoadSave)
 #include "tst_save_load_save.moc"

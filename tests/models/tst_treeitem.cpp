@@ -3,9 +3,9 @@
 #include <QPoint>
 #include <QTest>
 
-#include "editing_window.h"
 #include "model_text.h"
 #include "treeitem.h"
+#include "windowless_editing.h"
 
 namespace {
 
@@ -386,7 +386,7 @@ void tst_TreeItem::undoableStore()
     QFETCH(QVariant, value);
     QFETCH(bool, pushed);
     QFETCH(QString, after);
-    EditingWindow window;
+    WindowlessEditing editing;
     const auto model = modelOfRows(EDIT_TAB1, {QStringLiteral("k | %1 | v").arg(before)});
     const QModelIndex index = model->index(0, column);
     auto* const item = static_cast<TreeItem*>(index.internalPointer());
@@ -394,13 +394,13 @@ void tst_TreeItem::undoableStore()
     QCOMPARE(item->undoredo_setData(model.get(), index, value), pushed);
     QCOMPARE(rowLines(*model), QStringList{QStringLiteral("k | %1 | v").arg(after)});
     const bool isText = value.canConvert<QString>();
-    QCOMPARE(window.stack()->count(), pushed && isText ? 1 : 0);
+    QCOMPARE(editing.stack()->count(), pushed && isText ? 1 : 0);
 }
 
 // A node goes into the cell at once, and no step brings it out again.
 void tst_TreeItem::undoableStoreOfATreeNode()
 {
-    EditingWindow window;
+    WindowlessEditing editing;
     const auto model = modelOfRows(EDIT_TAB1, {QStringLiteral("k | v | w")});
     const QModelIndex index = model->index(0, 1);
     auto* const item = static_cast<TreeItem*>(index.internalPointer());
@@ -408,13 +408,13 @@ void tst_TreeItem::undoableStoreOfATreeNode()
 
     QVERIFY(item->undoredo_setData(model.get(), index, QVariant::fromValue(&tree)));
     QCOMPARE(item->data(1).value<pANTLR3_BASE_TREE>(), &tree);
-    QCOMPARE(window.stack()->count(), 0);
+    QCOMPARE(editing.stack()->count(), 0);
 }
 
 void tst_TreeItem::undoableStoreNeedsAnActiveStack()
 {
-    EditingWindow window;
-    EditorMainWindow->undoGroup->setActiveStack(nullptr);
+    WindowlessEditing editing;
+    editing.setActiveStack(nullptr);
     const auto model = modelOfRows(EDIT_TAB1, {QStringLiteral("k | v | w")});
     const QModelIndex index = model->index(0, 1);
     auto* const item = static_cast<TreeItem*>(index.internalPointer());
@@ -422,5 +422,5 @@ void tst_TreeItem::undoableStoreNeedsAnActiveStack()
     QCOMPARE(item->data(1).toString(), QStringLiteral("v"));
 }
 
-QTEST_MAIN(tst_TreeItem)
+QTEST_GUILESS_MAIN(tst_TreeItem)
 #include "tst_treeitem.moc"

@@ -1,10 +1,12 @@
 // A tab's item model: headers, indices, stores, rows, columns, flags and the roles of plain cells.
 
+#include <QColor>
 #include <QSignalSpy>
 #include <QTest>
 
-#include "editing_window.h"
 #include "model_text.h"
+#include "treeitem.h"
+#include "windowless_editing.h"
 
 namespace {
 
@@ -84,6 +86,8 @@ private Q_SLOTS:
     void roles_data();
     void roles();
     void nothingShowsWhileLoading();
+    void looksWithoutAWindow();
+    void arrowWithoutAGuiApplication();
 
     void setData_data();
     void setData();
@@ -345,6 +349,26 @@ void tst_TreeModel::nothingShowsWhileLoading()
     QCOMPARE(model->data(cell, Qt::UserRole).toInt(), 1);
 }
 
+// A program without a window has chosen no colour and has no keyword help.
+void tst_TreeModel::looksWithoutAWindow()
+{
+    const auto model = sampleModel();
+    const QModelIndex cell = model->index(1, 0);
+    QVERIFY(model->data(cell, Qt::ToolTipRole).toString().isEmpty());
+    model->setErrorCode(cell, DE_SYNTAX_ERR);
+    QCOMPARE(model->data(cell, Qt::ForegroundRole).value<QColor>(), QColor(Qt::black));
+    QCOMPARE(model->data(cell, Qt::ToolTipRole).toString(),
+             QStringLiteral("\nInvalid keyword found! >>"));
+}
+
+void tst_TreeModel::arrowWithoutAGuiApplication()
+{
+    const auto model = sampleModel();
+    const QVariant arrow = model->data(model->index(0, 0), Qt::DecorationRole);
+    QCOMPARE(arrow.userType(), int(QMetaType::QIcon));
+    QCOMPARE(model->data(model->index(0, 2), Qt::DecorationRole).toString(), FILLER_TEXT);
+}
+
 void tst_TreeModel::setData_data()
 {
     QTest::addColumn<QString>("text");
@@ -402,7 +426,7 @@ void tst_TreeModel::setDataWithoutACell()
 // Once when the command stores the text, once when the edit returns.
 void tst_TreeModel::undoableStoreSignalsTwice()
 {
-    EditingWindow window;
+    WindowlessEditing editing;
     const auto model = sampleModel();
     const QModelIndex cell = model->index(0, 1);
     const ModelWatch watch(model.get());
@@ -411,7 +435,7 @@ void tst_TreeModel::undoableStoreSignalsTwice()
 
     QCOMPARE(model->data(cell, Qt::DisplayRole).toString(), QStringLiteral("y"));
     QCOMPARE(watch.dataChanged().size(), 2);
-    QCOMPARE(window.stack()->count(), 1);
+    QCOMPARE(editing.stack()->count(), 1);
     QVERIFY(model->isModified());
     QVERIFY(model->isDirty());
 }
@@ -430,14 +454,14 @@ void tst_TreeModel::undoableStoreRefused()
 {
     QFETCH(QString, cell);
     QFETCH(QString, text);
-    EditingWindow window;
+    WindowlessEditing editing;
     const QStringList lines{QStringLiteral("@MODE | %1 | FILLER_TXT").arg(cell)};
     const auto model = modelOfRows(EDIT_TAB1, lines);
     const ModelWatch watch(model.get());
     QVERIFY(!model->undoredo_setData(model->index(0, 1), text));
     QVERIFY(watch.sawNothing());
     QCOMPARE(rowLines(*model), lines);
-    QCOMPARE(window.stack()->count(), 0);
+    QCOMPARE(editing.stack()->count(), 0);
 }
 
 void tst_TreeModel::errorCodes()
@@ -499,7 +523,7 @@ void tst_TreeModel::insertRows()
 
 void tst_TreeModel::insertedRowsAreUnset()
 {
-    EditingWindow window;
+    WindowlessEditing editing;
     const auto model = sampleModel();
     model->insertRows(1, 1);
     const QModelIndex cell = model->index(1, 1);
@@ -657,5 +681,5 @@ void tst_TreeModel::changeFlags()
     QVERIFY(!model->isModified());
 }
 
-QTEST_MAIN(tst_TreeModel)
+QTEST_GUILESS_MAIN(tst_TreeModel)
 #include "tst_treemodel.moc"

@@ -188,5 +188,5 @@ void tst_ValidatorFormats::emptyTextIsNeverAccepted()
         QVERIFY2(!accepts(judgement.format, QString()), ValidatorPatterns[judgement.format]);
 }
 
-QTEST_MAIN(tst_ValidatorFormats)
+QTEST_GUILESS_MAIN(tst_ValidatorFormats)
 #include "tst_validator_formats.moc"
