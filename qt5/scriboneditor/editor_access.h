@@ -10,6 +10,7 @@
 class QUndoStack;
 class QWidget;
 
+// Callers own nothing of what they get.
 class EditorAccess {
 public:
     virtual QUndoStack* activeUndoStack() = 0;                // null: edits are refused
@@ -27,5 +28,6 @@ EditorAccess& editorAccess();
 // Not owned; null goes back to a WindowlessAccess without an undo stack.
 void setEditorAccess(EditorAccess* access);
 
-// Nonzero while New or Open loads a file: no cell is drawn or judged from a half-built model.
+// Nonzero while New or Open loads a file: TreeModel::data() returns nothing and the delegate paints
+// nothing meanwhile, so that no half-built model is shown.
 extern int LoadingFile;

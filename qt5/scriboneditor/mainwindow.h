@@ -145,7 +145,7 @@ private:
     std::array<QTreeView*, TAB_SLOTS> view{};
     QTabWidget* tabWidget = nullptr;
 
-    // The public ones are what EditorAccess gives models, delegates and dialogs of the window.
+    // Public members are used by models, delegates and dialogs through EditorAccess.
 public:
     QUndoGroup* undoGroup = nullptr;
 
