@@ -271,7 +271,7 @@ private:
     {
         const auto* layout = std::find_if(
             TABLE_LAYOUTS.begin(), TABLE_LAYOUTS.end(), [area, &name](const TableLayout& row) {
-                return row.area == area && recordLayout(row).name == name;
+                return row.area == area && recordName(row.kind) == name;
             });
         if (layout == TABLE_LAYOUTS.end())
             return fail(variables.at, "the area has no table of this name");
@@ -294,8 +294,8 @@ private:
     // How many records the table can have, by the count that was given for it if there is one.
     size_t tableLimit(const TableLayout& layout) const
     {
-        const bool isGiven = isCounted(layout) && countIsGiven_[layout.count];
-        return isGiven ? catalogue_.counts[layout.count] : maxLength(layout);
+        const bool isGiven = isCounted(layout) && countIsGiven_[countOf(layout)];
+        return isGiven ? catalogue_.counts[countOf(layout)] : maxLength(layout);
     }
 
     // A count that was not given is that of the records that are.
@@ -303,7 +303,7 @@ private:
     {
         if (!isCounted(layout))
             return;
-        uint16_t& count = catalogue_.counts[layout.count];
+        uint16_t& count = catalogue_.counts[countOf(layout)];
         count = std::max(count, static_cast<uint16_t>(index + 1));
     }
 
@@ -514,7 +514,7 @@ std::optional<Catalogue> readCatalogue(const std::string& fileName, std::string*
 
 size_t tableLength(const Catalogue& catalogue, const TableLayout& table)
 {
-    return isCounted(table) ? catalogue.counts[table.count] : table.fixedLength;
+    return isCounted(table) ? catalogue.counts[countOf(table)] : table.fixedLength;
 }
 
 }  // namespace marvane

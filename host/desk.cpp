@@ -101,11 +101,10 @@ size_t areaSize(const Catalogue& catalogue, SM_AREA_ID area)
 
 bool writeCounts(const Catalogue& catalogue, SharedObject& area)
 {
-    bool isWritten = true;
+    SYSTEM_ATTRIBUTES attributes{};
     for (size_t i = 0; i < COUNT_LAYOUTS.size(); ++i)
-        isWritten = isWritten && area.write(COUNT_LAYOUTS[i].offset, &catalogue.counts[i],
-                                            sizeof catalogue.counts[i]);
-    return isWritten;
+        attributes.*COUNT_LAYOUTS[i].counter = catalogue.counts[i];
+    return area.write(0, &attributes, sizeof attributes);
 }
 
 bool writeKeyword(const CatalogueKeyword& keyword, SharedObject& area)

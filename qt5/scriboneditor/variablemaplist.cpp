@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "marvane_tables.h"
+
 std::shared_ptr<const VariablesByGroup> Master_variables;
 int VMLType = 0;
 void (*beforePlainExit)() = nullptr;
@@ -30,11 +32,24 @@ QString labelText(const char* label)
 // ---- The tables --------------------------------------------------------------------------------
 
 // A table of records in an area. Its group is listed when the filter contains any of the wanted
-// flags; a table with a count of its own has no counter.
+// flags.
 struct VariableMapList::Table {
-    using Counter = uint16_t SYSTEM_ATTRIBUTES::*;
     using Walk = void (*)(VariableMapList*, const Table&, const void* records, unsigned short n,
                           bool useKeys, bool useIndexNumber);
+
+    struct Records {
+        marvane::RecordKind kind;
+        Walk walk;
+    };
+
+    // A row for a table that the area does not have fails to compile.
+    constexpr Table(int flags, SM_AREA_ID area, const Records& records, const char* groupName)
+        : wanted(flags),
+          layout(*marvane::findTable(area, records.kind)),
+          walk(records.walk),
+          group(groupName)
+    {
+    }
 
     // A table of variables that may have aliases.
     template <typename T>
@@ -54,24 +69,22 @@ struct VariableMapList::Table {
 
     unsigned short count(const SYSTEM_ATTRIBUTES& attributes) const
     {
-        return counter != nullptr ? attributes.*counter : fixedCount;
+        return marvane::isCounted(layout) ? attributes.*layout.counter : layout.fixedLength;
     }
 
     bool isWanted(QT_MARVANE_VAR_TYPE type) const { return (int(type) & wanted) != 0; }
 
     int wanted;
-    SM_AREA_ID area;
-    unsigned short fixedCount;
+    const marvane::TableLayout& layout;
     Walk walk;
-    size_t offset;  // of the first record in the area
-    Counter counter;
     const char* group;
 };
 
 // The tables of an area stand together. Among the channels, and only there, the group of digital
 // inputs ends in a blank.
 struct VariableMapList::Tables {
-    using A = SYSTEM_ATTRIBUTES;
+    using Kind = marvane::RecordKind;
+    using Records = Table::Records;
     static constexpr int R = QT_MARVANE_REAL | QT_MARVANE_REAL_INTEGER;
     static constexpr int I = QT_MARVANE_INTEGER | QT_MARVANE_REAL_INTEGER;
     static constexpr int L = QT_MARVANE_LOGICAL;
@@ -80,69 +93,69 @@ struct VariableMapList::Tables {
     static constexpr int COMP = QT_MARVANE_COMP;
     static constexpr int IO = QT_MARVANE_IO_MEM;
 
-    static constexpr Table::Walk REALS = Table::plain<_real_variable>;
-    static constexpr Table::Walk INTEGERS = Table::plain<integer_variable>;
-    static constexpr Table::Walk LOGICALS = Table::plain<_logical_variable>;
-    static constexpr Table::Walk STRINGS = Table::plain<_string_variable>;
-    static constexpr Table::Walk REAL_ARRAYS = Table::plain<_real_array_variable>;
-    static constexpr Table::Walk INT_ARRAYS = Table::plain<_integer_array_variable>;
-    static constexpr Table::Walk STRING_ARRAYS = Table::plain<_string_array_variable>;
-    static constexpr Table::Walk LOGI_ARRAYS = Table::plain<_logical_array_variable>;
-    static constexpr Table::Walk STATS = Table::structured<_stat_variable>;
-    static constexpr Table::Walk COMPS = Table::structured<_comp_variable>;
-    static constexpr Table::Walk PROPS = Table::structured<_prop_variable>;
-    static constexpr Table::Walk EMISSIONS = Table::structured<_emis_variable>;
+    static constexpr Records REALS{Kind::Real, Table::plain<_real_variable>};
+    static constexpr Records INTEGERS{Kind::Integer, Table::plain<integer_variable>};
+    static constexpr Records LOGICALS{Kind::Logical, Table::plain<_logical_variable>};
+    static constexpr Records STRINGS{Kind::String, Table::plain<_string_variable>};
+    static constexpr Records REAL_ARRAYS{Kind::RealArray, Table::plain<_real_array_variable>};
+    static constexpr Records INT_ARRAYS{Kind::IntegerArray, Table::plain<_integer_array_variable>};
+    static constexpr Records STRING_ARRAYS{Kind::StringArray, Table::plain<_string_array_variable>};
+    static constexpr Records LOGI_ARRAYS{Kind::LogicalArray, Table::plain<_logical_array_variable>};
+    static constexpr Records STATS{Kind::Statistic, Table::structured<_stat_variable>};
+    static constexpr Records COMPS{Kind::Composition, Table::structured<_comp_variable>};
+    static constexpr Records PROPS{Kind::Property, Table::structured<_prop_variable>};
+    static constexpr Records EMISSIONS{Kind::Emission, Table::structured<_emis_variable>};
 
     // clang-format off
     static constexpr Table GENERAL_USE[] = {
-        {R, GU_REAL_MEM,    0, REALS,    0, &A::general_use_reals,    "General Use (real)"},
-        {I, GU_INTEGER_MEM, 0, INTEGERS, 0, &A::general_use_integers, "General Use (integer)"},
-        {L, GU_LOGICAL_MEM, 0, LOGICALS, 0, &A::general_use_logicals, "General Use (logical)"},
-        {S, GU_STRING_MEM,  0, STRINGS,  0, &A::general_use_strings,  "General Use (string)"},
+        {R,    GU_REAL_MEM,         REALS,         "General Use (real)"},
+        {I,    GU_INTEGER_MEM,      INTEGERS,      "General Use (integer)"},
+        {L,    GU_LOGICAL_MEM,      LOGICALS,      "General Use (logical)"},
+        {S,    GU_STRING_MEM,       STRINGS,       "General Use (string)"},
     };
 
     static constexpr Table VARIABLES[] = {
-        {R,    AI_REAL_MEM,         0,   REALS,         0,      &A::analog_inputs,          "Analog Inputs"},
-        {R,    FI_REAL_MEM,         0,   REALS,         0,      &A::frequency_inputs,       "Frequency Inputs (engineering units)"},
-        {R,    CI_REAL_MEM,         0,   REALS,         0,      &A::counter_inputs,         "Counter Inputs (engineering units)"},
-        {R,    REAL_ARRAY_MEM,      0,   REAL_ARRAYS,   0,      &A::real_arrays,            "Real (array)"},
-        {R,    INT_ARRAY_MEM,       0,   INT_ARRAYS,    0,      &A::integer_arrays,         "Integer (array)"},
-        {I,    CI_INTG_MEM,         0,   INTEGERS,      0,      &A::counter_inputs,         "Counter Inputs (counts)"},
-        {R,    ENGINE_PERF_MEM,     100, REALS,         0,      nullptr,                    "Engine Performance (real)"},
-        {I,    ENGINE_PERF_MEM,     50,  INTEGERS,      39000,  nullptr,                    "Engine Performance (integer)"},
-        {R,    ENGINE_CONST_MEM,    50,  REALS,         0,      nullptr,                    "Engine Constants"},
-        {S,    ENGINE_CONST_MEM,    32,  STRINGS,       19500,  nullptr,                    "Engine/Cell (string)"},
-        {R,    FUEL_READING_MEM,    152, REALS,         0,      nullptr,                    "Fuel Reading (real)"},
-        {I,    FUEL_READING_MEM,    16,  INTEGERS,      59280,  nullptr,                    "Fuel Reading (integer)"},
-        {S,    FUEL_READING_MEM,    24,  STRINGS,       64560,  nullptr,                    "Fuel Reading (string)"},
-        {R,    CONTROL_MEM,         893, REALS,         0,      nullptr,                    "Control"},
-        {L,    CONTROL_MEM,         301, LOGICALS,      348270, nullptr,                    "Control (logical)"},
-        {I,    CONTROL_MEM,         4,   INTEGERS,      495760, nullptr,                    "Control (integer)"},
-        {S,    CONTROL_MEM,         298, STRINGS,       497080, nullptr,                    "Control (string)"},
-        {S,    DISPLAY_STRINGS_MEM, 100, STRINGS,       300,    nullptr,                    "Display (string)"},
-        {S,    STRING_ARRAY_MEM,    0,   STRING_ARRAYS, 0,      &A::string_arrays,          "String (array)"},
-        {L,    LOGI_MEM,            400, LOGICALS,      0,      nullptr,                    "General Purpose (logical)"},
-        {L,    DI_LOGI_MEM,         0,   LOGICALS,      0,      &A::digital_inputs,         "Digital Input (logical)"},
-        {L,    DO_LOGI_MEM,         0,   LOGICALS,      0,      &A::digital_outputs,        "Digital Output (logical)"},
-        {L,    LIMIT_LOGI_MEM,      0,   LOGICALS,      0,      &A::limit_logicals,         "Limit (logical)"},
-        {L,    LOGI_ARRAY_MEM,      0,   LOGI_ARRAYS,   0,      &A::logical_arrays,         "Logical (array)"},
-        {STAT, GU_STAT_MEM,         0,   STATS,         0,      &A::general_use_statistics, "General Use (statistical)"},
-        {STAT, DP_STAT_MEM,         0,   STATS,         0,      &A::datapoint_statistics,   "Datapoint (statistical)"},
+        {R,    AI_REAL_MEM,         REALS,         "Analog Inputs"},
+        {R,    FI_REAL_MEM,         REALS,         "Frequency Inputs (engineering units)"},
+        {R,    CI_REAL_MEM,         REALS,         "Counter Inputs (engineering units)"},
+        {R,    REAL_ARRAY_MEM,      REAL_ARRAYS,   "Real (array)"},
+        {R,    INT_ARRAY_MEM,       INT_ARRAYS,    "Integer (array)"},
+        {I,    CI_INTG_MEM,         INTEGERS,      "Counter Inputs (counts)"},
+        {R,    ENGINE_PERF_MEM,     REALS,         "Engine Performance (real)"},
+        {I,    ENGINE_PERF_MEM,     INTEGERS,      "Engine Performance (integer)"},
+        {R,    ENGINE_CONST_MEM,    REALS,         "Engine Constants"},
+        {S,    ENGINE_CONST_MEM,    STRINGS,       "Engine/Cell (string)"},
+        {R,    FUEL_READING_MEM,    REALS,         "Fuel Reading (real)"},
+        {I,    FUEL_READING_MEM,    INTEGERS,      "Fuel Reading (integer)"},
+        {S,    FUEL_READING_MEM,    STRINGS,       "Fuel Reading (string)"},
+        {R,    CONTROL_MEM,         REALS,         "Control"},
+        {L,    CONTROL_MEM,         LOGICALS,      "Control (logical)"},
+        {I,    CONTROL_MEM,         INTEGERS,      "Control (integer)"},
+        {S,    CONTROL_MEM,         STRINGS,       "Control (string)"},
+        {S,    DISPLAY_STRINGS_MEM, STRINGS,       "Display (string)"},
+        {S,    STRING_ARRAY_MEM,    STRING_ARRAYS, "String (array)"},
+        {L,    LOGI_MEM,            LOGICALS,      "General Purpose (logical)"},
+        {L,    DI_LOGI_MEM,         LOGICALS,      "Digital Input (logical)"},
+        {L,    DO_LOGI_MEM,         LOGICALS,      "Digital Output (logical)"},
+        {L,    LIMIT_LOGI_MEM,      LOGICALS,      "Limit (logical)"},
+        {L,    LOGI_ARRAY_MEM,      LOGI_ARRAYS,   "Logical (array)"},
+        {STAT, GU_STAT_MEM,         STATS,         "General Use (statistical)"},
+        {STAT, DP_STAT_MEM,         STATS,         "Datapoint (statistical)"},
     };
 
     static constexpr Table PROPERTIES[] = {
-        {COMP, PROPERTIES_MEM, 34, COMPS,     0,      nullptr, "Gas/Fluid (compostion)"},
-        {COMP, PROPERTIES_MEM, 32, PROPS,     70448,  nullptr, "Gas/Fluid (property)"},
-        {COMP, PROPERTIES_MEM, 34, EMISSIONS, 377648, nullptr, "Emissions"},
+        {COMP, PROPERTIES_MEM,      COMPS,         "Gas/Fluid (compostion)"},
+        {COMP, PROPERTIES_MEM,      PROPS,         "Gas/Fluid (property)"},
+        {COMP, PROPERTIES_MEM,      EMISSIONS,     "Emissions"},
     };
 
     static constexpr Table CHANNELS[] = {
-        {IO, AI_REAL_MEM, 0, REALS,    0, &A::analog_inputs,    "Analog Inputs"},
-        {IO, FI_REAL_MEM, 0, REALS,    0, &A::frequency_inputs, "Frequency Inputs (engineering units)"},
-        {IO, CI_REAL_MEM, 0, REALS,    0, &A::counter_inputs,   "Counter Inputs (engineering units)"},
-        {IO, CI_INTG_MEM, 0, INTEGERS, 0, &A::counter_inputs,   "Counter Inputs (counts)"},
-        {IO, DI_LOGI_MEM, 0, LOGICALS, 0, &A::digital_inputs,   "Digital Input (logical) "},
-        {IO, DO_LOGI_MEM, 0, LOGICALS, 0, &A::digital_outputs,  "Digital Output (logical)"},
+        {IO,   AI_REAL_MEM,         REALS,         "Analog Inputs"},
+        {IO,   FI_REAL_MEM,         REALS,         "Frequency Inputs (engineering units)"},
+        {IO,   CI_REAL_MEM,         REALS,         "Counter Inputs (engineering units)"},
+        {IO,   CI_INTG_MEM,         INTEGERS,      "Counter Inputs (counts)"},
+        {IO,   DI_LOGI_MEM,         LOGICALS,      "Digital Input (logical) "},
+        {IO,   DO_LOGI_MEM,         LOGICALS,      "Digital Output (logical)"},
     };
     // clang-format on
 };
@@ -186,7 +199,7 @@ void VariableMapList::walkGeneralUse(bool useKeys, QT_MARVANE_VAR_TYPE type)
 {
     std::array<void*, std::size(Tables::GENERAL_USE)> areas{};
     const auto link = [&](size_t row) {
-        return local_link_to_memory(Tables::GENERAL_USE[row].area, &areas[row]);
+        return local_link_to_memory(Tables::GENERAL_USE[row].layout.area, &areas[row]);
     };
     for (size_t row = 1; row < areas.size(); ++row)
         link(row);
@@ -197,7 +210,7 @@ void VariableMapList::walkGeneralUse(bool useKeys, QT_MARVANE_VAR_TYPE type)
         walkTables(table, table + 1, areas[row], type, useKeys, false);
     }
     for (const Table& table : Tables::GENERAL_USE)
-        local_fre_shrd_mem(table.area);
+        local_fre_shrd_mem(table.layout.area);
 }
 
 template <size_t N>
@@ -206,8 +219,9 @@ void VariableMapList::walk(const Table (&tables)[N], QT_MARVANE_VAR_TYPE type, b
 {
     const Table* const end = tables + N;
     for (const Table* begin = tables; begin != end;) {
-        const Table* const next = std::find_if(
-            begin, end, [begin](const Table& table) { return table.area != begin->area; });
+        const Table* const next = std::find_if(begin, end, [begin](const Table& table) {
+            return table.layout.area != begin->layout.area;
+        });
         walkArea(begin, next, type, useKeys, useIndexNumber);
         begin = next;
     }
@@ -221,10 +235,10 @@ void VariableMapList::walkArea(const Table* begin, const Table* end, QT_MARVANE_
     if (onlyTable && !begin->isWanted(type))
         return;
     void* area = nullptr;
-    if (!local_link_to_memory(begin->area, &area))
+    if (!local_link_to_memory(begin->layout.area, &area))
         return;
     walkTables(begin, end, area, type, useKeys, useIndexNumber);
-    local_fre_shrd_mem(begin->area);
+    local_fre_shrd_mem(begin->layout.area);
 }
 
 void VariableMapList::walkTables(const Table* begin, const Table* end, const void* area,
@@ -234,7 +248,7 @@ void VariableMapList::walkTables(const Table* begin, const Table* end, const voi
         return;
     for (const Table* table = begin; table != end; ++table) {
         if (table->isWanted(type))
-            table->walk(this, *table, static_cast<const char*>(area) + table->offset,
+            table->walk(this, *table, static_cast<const char*>(area) + table->layout.offset,
                         table->count(*m_attributes), useKeys, useIndexNumber);
     }
 }
