@@ -9,6 +9,7 @@
 #include <QTreeView>
 #include <algorithm>
 #include <array>
+#include <type_traits>
 
 #include "mainwindow.h"
 #include "preferences.h"
@@ -60,39 +61,79 @@ private:
 };
 
 constexpr int BOLD_FROM = 58;
+constexpr int DEFAULT_FONT_SIZE = 12;
 
 QFont defaultFont()
 {
-    constexpr int SIZE = 12;
     constexpr int WEIGHT = 57;
-    return {QStringLiteral("Spectral"), SIZE, WEIGHT, false};
+    return {QStringLiteral("Spectral"), DEFAULT_FONT_SIZE, WEIGHT, false};
 }
+
+// What the file holds.
+struct StoredSettings {
+    QPoint pos;
+    QSize size;
+    preference_results prefs;
+};
+
+// A key of the file. What is stored is not always what is read: a font is stored as its family, and
+// weight, slant and size come from the fonts.
+struct Setting {
+    const char* key;
+    QVariant (*fallback)();  // where the key is missing
+    void (*read)(const QVariant& value, StoredSettings* settings);
+    QVariant (*write)(const StoredSettings& settings);
+};
+
+template <auto member>
+void readPreference(const QVariant& value, StoredSettings* settings)
+{
+    auto& preference = settings->prefs.*member;
+    preference = value.value<std::decay_t<decltype(preference)>>();
+}
+
+using Prefs = preference_results;
+
+// clang-format off
+// In the order in which they are written.
+constexpr std::array<Setting, 9> SETTINGS{{
+    {"pos", [] { return QVariant(QPoint(200, 200)); },
+     [](const QVariant& value, StoredSettings* to) { to->pos = value.toPoint(); },
+     [](const StoredSettings& from) { return QVariant(from.pos); }},
+    {"size", [] { return QVariant(QSize(400, 400)); },
+     [](const QVariant& value, StoredSettings* to) { to->size = value.toSize(); },
+     [](const StoredSettings& from) { return QVariant(from.size); }},
+    {"syntaxfgcolor", [] { return QVariant(QStringLiteral("red")); }, readPreference<&Prefs::syntaxColor>,
+     [](const StoredSettings& from) { return QVariant(from.prefs.syntaxColor); }},
+    {"syntaxFont", [] { return QVariant(defaultFont()); }, readPreference<&Prefs::syntaxFont>,
+     [](const StoredSettings& from) { return QVariant(from.prefs.syntaxFont.family()); }},
+    {"editorFont", [] { return QVariant(defaultFont()); }, readPreference<&Prefs::editorFont>,
+     [](const StoredSettings& from) { return QVariant(from.prefs.editorFont.family()); }},
+    {"syntaxBold", [] { return QVariant(false); }, readPreference<&Prefs::syntaxBold>,
+     [](const StoredSettings& from) { return QVariant(from.prefs.syntaxFont.weight() >= BOLD_FROM); }},
+    {"syntaxItalic", [] { return QVariant(false); }, readPreference<&Prefs::syntaxItalic>,
+     [](const StoredSettings& from) { return QVariant(from.prefs.syntaxFont.style() != QFont::StyleNormal); }},
+    {"syntaxFontSize", [] { return QVariant(DEFAULT_FONT_SIZE); }, readPreference<&Prefs::syntaxFontSize>,
+     [](const StoredSettings& from) { return QVariant(from.prefs.syntaxFont.pointSize()); }},
+    {"editorFontSize", [] { return QVariant(DEFAULT_FONT_SIZE); }, readPreference<&Prefs::editorFontSize>,
+     [](const StoredSettings& from) { return QVariant(from.prefs.editorFont.pointSize()); }},
+}};
+// clang-format on
 
 }  // namespace
 
 void MainWindow::readSettings()
 {
-    constexpr int DEFAULT_FONT_SIZE = 12;
     CellSettings settings;
-    const QPoint place = settings->value(QStringLiteral("pos"), QPoint(200, 200)).toPoint();
-    const QSize extent = settings->value(QStringLiteral("size"), QSize(400, 400)).toSize();
-    myPrefs.syntaxColor =
-        settings->value(QStringLiteral("syntaxfgcolor"), QStringLiteral("red")).value<QColor>();
-    myPrefs.syntaxFont =
-        settings->value(QStringLiteral("syntaxFont"), defaultFont()).value<QFont>();
-    myPrefs.editorFont =
-        settings->value(QStringLiteral("editorFont"), defaultFont()).value<QFont>();
-    myPrefs.syntaxBold = settings->value(QStringLiteral("syntaxBold"), false).toBool();
-    myPrefs.syntaxItalic = settings->value(QStringLiteral("syntaxItalic"), false).toBool();
-    myPrefs.syntaxFontSize =
-        settings->value(QStringLiteral("syntaxFontSize"), DEFAULT_FONT_SIZE).toInt();
-    myPrefs.editorFontSize =
-        settings->value(QStringLiteral("editorFontSize"), DEFAULT_FONT_SIZE).toInt();
+    StoredSettings stored;
+    for (const Setting& setting : SETTINGS)
+        setting.read(settings->value(QLatin1String(setting.key), setting.fallback()), &stored);
+    myPrefs = stored.prefs;
     myPrefs.editorFont.setPointSize(myPrefs.editorFontSize);
     QApplication::setFont(myPrefs.editorFont);
     showEditorFont();
-    resize(extent);
-    move(place);
+    resize(stored.size);
+    move(stored.pos);
 }
 
 // Cells are painted in the editor font; the views must measure them in it too, or texts would be
@@ -123,14 +164,7 @@ void MainWindow::preferences()
 void MainWindow::writeSettings()
 {
     CellSettings settings;
-    const QFont& syntax = myPrefs.syntaxFont;
-    settings->setValue(QStringLiteral("pos"), pos());
-    settings->setValue(QStringLiteral("size"), size());
-    settings->setValue(QStringLiteral("syntaxfgcolor"), myPrefs.syntaxColor);
-    settings->setValue(QStringLiteral("syntaxFont"), syntax.family());
-    settings->setValue(QStringLiteral("editorFont"), myPrefs.editorFont.family());
-    settings->setValue(QStringLiteral("syntaxBold"), syntax.weight() >= BOLD_FROM);
-    settings->setValue(QStringLiteral("syntaxItalic"), syntax.style() != QFont::StyleNormal);
-    settings->setValue(QStringLiteral("syntaxFontSize"), syntax.pointSize());
-    settings->setValue(QStringLiteral("editorFontSize"), myPrefs.editorFont.pointSize());
+    const StoredSettings stored{pos(), size(), myPrefs};
+    for (const Setting& setting : SETTINGS)
+        settings->setValue(QLatin1String(setting.key), setting.write(stored));
 }
