@@ -220,7 +220,7 @@ QString keywordTable(const QVector<KeywordPage>& pages)
 QString statisticTable()
 {
     auto table = QStringLiteral("| Member | Logs |\n|---|---|\n");
-    for (const StatMember& member : STAT_MEMBERS)
+    for (const StatMember& member : SCAN_LIST_MEMBERS)
         table += row(code(QLatin1String(member.name)), prose(member.help));
     return table;
 }

@@ -265,8 +265,8 @@ QWidget* Antlr3_BaseTreeDelegate::statMemberEditor(QWidget* the_parent) const
     auto* const editor = new QComboBox(the_parent);
     editor->setFont(editorAccess().preferences().editorFont);
     editor->addItems(editorAccess().statisticalMembers());
-    for (size_t i = 0; i < STAT_MEMBERS.size(); ++i)
-        editor->setItemData(static_cast<int>(i), QString::fromLatin1(STAT_MEMBERS[i].help),
+    for (size_t i = 0; i < SCAN_LIST_MEMBERS.size(); ++i)
+        editor->setItemData(static_cast<int>(i), QString::fromLatin1(SCAN_LIST_MEMBERS[i].help),
                             Qt::ToolTipRole);
     editor->setMaxVisibleItems(10);
     editor->view()->setSelectionBehavior(QAbstractItemView::SelectItems);

@@ -251,7 +251,7 @@ void MainWindow::fillKeywordHelp()
 // The last entry is empty: choosing it takes a row's member away.
 void MainWindow::fillStatMemList()
 {
-    for (const StatMember& member : STAT_MEMBERS)
+    for (const StatMember& member : SCAN_LIST_MEMBERS)
         statMemList.append(QString::fromLatin1(member.name));
     statMemList.append(QStringLiteral(""));
 }

@@ -1,5 +1,43 @@
 #include "validatorformat.h"
 
+#include <string_view>
+
+#include "stat_members.h"
+
+namespace {
+
+// A text that is put together by the compiler. Too long a text fails to compile.
+struct PatternText {
+    constexpr void append(std::string_view text)
+    {
+        for (const char c : text)
+            characters[size++] = c;
+    }
+
+    std::array<char, 512> characters{};
+    size_t size = 0;
+};
+
+// "^((\.AV)|(\.MN)|...|(\.NR))|(LOG_DIGITAL_DESCP)|(FILLER_TXT)"
+constexpr std::array<char, 512> statMemberPattern()
+{
+    PatternText pattern;
+    pattern.append("^(");
+    for (const StatMember& member : STAT_MEMBERS) {
+        pattern.append(&member == STAT_MEMBERS.data() ? "(\\" : "|(\\");
+        pattern.append(member.name);
+        pattern.append(")");
+    }
+    pattern.append(")|(");
+    pattern.append(LOG_DIGITAL_DESCP.name);
+    pattern.append(")|(FILLER_TXT)");
+    return pattern.characters;
+}
+
+constexpr auto STAT_MEMBER_PATTERN = statMemberPattern();
+
+}  // namespace
+
 // clang-format off
 // Some are wider than they look, such as the range "_-(" of VarName_VF, which stands for all
 // characters from the bracket to the underscore: files in use rely on that.
@@ -15,7 +53,7 @@ const std::array<const char*, VALIDATOR_COUNT> ValidatorPatterns{
     R"x(^#.{0,79})x",
     R"x(^.{1,32})x",
     R"x(^[A-Za-z_0-9]{1,79})x",
-    R"x(^((\.AV)|(\.MN)|(\.MX)|(\.RN)|(\.SD)|(\.C0)|(\.IV)|(\.FV)|(\.DL)|(\.E0)|(\.CI)|(\.I0)|(\.I5)|(\.I9)|(\.ME)|(\.MD)|(\.RM)|(\.ST)|(\.EN)|(\.TN)|(\.TX)|(\.C1)|(\.IN)|(\.IT)|(\.RS)|(\.CV)|(\.E1)|(\.RA)|(\.NM)|(\.SE)|(\.RC)|(\.QF)|(\.NR))|(LOG_DIGITAL_DESCP)|(FILLER_TXT))x",
+    STAT_MEMBER_PATTERN.data(),
     R"x(^([$A-Za-z]([A-Za-z_0-9@/:]*)){1,79})x",
     R"x(^(([A-Za-z]([A-Za-z_0-9]*)(@[0-9]*)?)){1,79})x",
     R"x(^(/([^(/:)]*))*:([A-Za-z_-0-9]*):[0-9]{1,2})x",

@@ -12,6 +12,7 @@
 
 #include "dialog_place.h"
 #include "line_breaks.h"
+#include "stat_members.h"
 #include "treeitem.h"
 #include "ui_variableselectiondialog.h"
 #include "validationcharm.h"
@@ -37,9 +38,14 @@ QString formatOf(const QString& optionalData)
 
 // ---- Members of structured variables -----------------------------------------------------------
 
-constexpr auto stat_extenders =
-    "AV MN MX RN SD C0 IV FV DL E0 CI I0 I5 I9 ME MD RM ST EN TN TX C1 IN IT RS CV E1 RA NM SE RC "
-    "QF NR";
+// Without the full stop, which the label of the variable ends in.
+QStringList stat_extenders()
+{
+    QStringList extenders;
+    for (const StatMember& member : STAT_MEMBERS)
+        extenders.append(QString::fromLatin1(member.name + 1));
+    return extenders;
+}
 
 constexpr auto comp_extenders =
     "H2 CO O2 WA C2 N2 NX AR AM ME EE PR NB IB NP IP HX HE OC NN HS H2S MTM ETM DMS IPM TBM MES "
@@ -63,14 +69,19 @@ constexpr auto emis_extenders =
 struct StructuredKind {
     QT_MARVANE_FLAGS flag;
     int16_t (*find)(const char* label, SHARED_MEMORY* mem);
-    const char* extenders;
+    QStringList (*extenders)();
 };
 
+QStringList words(const char* text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(' '));
+}
+
 constexpr std::array<StructuredKind, 4> STRUCTURED_KINDS{{
-    {QT_MARVANE_COMP, find_comp_label, comp_extenders},
+    {QT_MARVANE_COMP, find_comp_label, [] { return words(comp_extenders); }},
     {QT_MARVANE_STAT, find_stat_label, stat_extenders},
-    {QT_MARVANE_PROP, find_prop_label, prop_extenders},
-    {QT_MARVANE_EMIS, find_emis_label, emis_extenders},
+    {QT_MARVANE_PROP, find_prop_label, [] { return words(prop_extenders); }},
+    {QT_MARVANE_EMIS, find_emis_label, [] { return words(emis_extenders); }},
 }};
 
 // ---- Units -------------------------------------------------------------------------------------
@@ -449,7 +460,7 @@ QStringList VariableSelectionDialog::membersOf(const QString& stext) const
     SHARED_MEMORY mem{};
     for (const StructuredKind& kind : STRUCTURED_KINDS) {
         if (varType.testFlag(kind.flag) && kind.find(name.constData(), &mem) == 0)
-            return QString::fromLatin1(kind.extenders).split(QLatin1Char(' '));
+            return kind.extenders();
     }
     return {};
 }

@@ -6,6 +6,7 @@
 #include "captured_output.h"
 #include "lexed_tokens.h"
 #include "scribonspecs_tokens.h"
+#include "stat_members.h"
 #include "tree_printer.h"
 
 namespace {
@@ -69,6 +70,17 @@ constexpr std::array<const char*, 8> UNITS{{
     "SEC", "sec", "min", "MIN", "HR", "hr", "MSEC", "msec",
 }};
 // clang-format on
+
+// All words of capital letters and digits with at most this many characters.
+std::vector<std::string> wordsUpTo(size_t longest)
+{
+    std::vector<std::string> words{""};
+    for (size_t i = 0; words[i].size() < longest; ++i) {
+        for (const char c : std::string("0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"))
+            words.push_back(words[i] + c);
+    }
+    return words;
+}
 
 bool isWordStart(int byte)
 {
@@ -149,6 +161,7 @@ private Q_SLOTS:
     void keywordIsAWholeWord();
     void statisticalMembers_data();
     void statisticalMembers();
+    void statisticalMembersAreThoseOfTheTable();
     void unitsOfIntervals_data();
     void unitsOfIntervals();
     void byteBetweenWords_data();
@@ -252,6 +265,24 @@ void tst_Lexer::statisticalMembers()
     QCOMPARE(printed(text + "x"), token("TEXT_BLK", text + "x"));
     QCOMPARE(printed("x" + text), token("TEXT_BLK", "x" + text));
     QCOMPARE(printed(text + "=" + text), token("STAT_MEM", text) + " " + token("STAT_MEM", text));
+}
+
+// Every text of one to three capital letters and digits behind a full stop is tried.
+void tst_Lexer::statisticalMembersAreThoseOfTheTable()
+{
+    std::string text;
+    for (const std::string& word : wordsUpTo(3))
+        text += "." + word + " ";
+    QStringList members;
+    for (const LexedToken& lexed : lexText(text)) {
+        if (lexed.type == TOKEN_STAT_MEM)
+            members.append(QString::fromStdString(lexed.text));
+    }
+    QStringList expected;
+    for (const StatMember& member : STAT_MEMBERS)
+        expected.append(QString::fromLatin1(member.name));
+    expected.sort();
+    QCOMPARE(members, expected);
 }
 
 void tst_Lexer::unitsOfIntervals_data()

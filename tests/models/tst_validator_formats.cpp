@@ -68,6 +68,7 @@ class tst_ValidatorFormats : public QObject {
 private Q_SLOTS:
     void initTestCase();
     void formatsAreInTheOrderOfTheirNumbers();
+    void patternOfStatisticalMembers();
     void texts_data();
     void texts();
     void textsWithBlanks_data();
@@ -104,6 +105,16 @@ void tst_ValidatorFormats::formatsAreInTheOrderOfTheirNumbers()
     QCOMPARE(int(VALIDATOR_COUNT), 17);
     for (size_t i = 0; i < JUDGEMENTS.size(); ++i)
         QCOMPARE(size_t(JUDGEMENTS[i].format), i);
+}
+
+// The pattern is made from the table of members; this is the whole text that it must come to.
+void tst_ValidatorFormats::patternOfStatisticalMembers()
+{
+    QCOMPARE(ValidatorPatterns[StatMem_VF],
+             R"x(^((\.AV)|(\.MN)|(\.MX)|(\.RN)|(\.SD)|(\.C0)|(\.IV)|(\.FV)|(\.DL)|(\.E0)|(\.CI))x"
+             R"x(|(\.I0)|(\.I5)|(\.I9)|(\.ME)|(\.MD)|(\.RM)|(\.ST)|(\.EN)|(\.TN)|(\.TX)|(\.C1))x"
+             R"x(|(\.IN)|(\.IT)|(\.RS)|(\.CV)|(\.E1)|(\.RA)|(\.NM)|(\.SE)|(\.RC)|(\.QF)|(\.NR)))x"
+             R"x(|(LOG_DIGITAL_DESCP)|(FILLER_TXT))x");
 }
 
 void tst_ValidatorFormats::texts_data()
