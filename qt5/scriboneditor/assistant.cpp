@@ -10,10 +10,11 @@ const auto COLLECTION =
     QStringLiteral("/usr/local/share/doc/marvane/qt/scriboneditor/scriboneditor.qhc");
 const auto DOCUMENTATION_PACKAGE = QStringLiteral("scriboneditor_docs");
 
-constexpr int START_MS = 30000;
-constexpr int END_MS = 3000;
+constexpr int START_TIMEOUT_MS = 30000;
+constexpr int END_TIMEOUT_MS = 3000;
 
-// The contents unfolded, beside the first page of the editor's help and nothing else.
+// Commands for Qt Assistant's remote control: show only the expanded contents and the first page of
+// the help.
 constexpr auto SHOW_HELP =
     "hide bookmarks;"
     "hide index;"
@@ -21,8 +22,9 @@ constexpr auto SHOW_HELP =
     "expandToc -1;"
     "setSource qthelp://marvane.scriboneditor.1.0/doc/scriboneditorHelp.htm\n";
 
-// Any entry of the environment that speaks of QT5DIR counts, and the first one wins. Without one
-// there is no help and no way on.
+// The viewer below the directory that QT5DIR names. The first environment entry that contains
+// "QT5DIR" anywhere is used; without one, QStringList::first() ends the program by an assertion.
+// Existing behaviour, kept for compatibility.
 QString viewerPath()
 {
     const QStringList entries =
@@ -30,8 +32,8 @@ QString viewerPath()
     return entries.first().split(QLatin1Char('=')).last() + QStringLiteral("/bin/assistant");
 }
 
-// The viewer outlives the editor. Its output must not go into a pipe of ours, where writing would
-// end it then, and which would fill this process until then.
+// The viewer outlives the editor, so its output must not go to a pipe of the editor: a write would
+// end it by SIGPIPE then, and QProcess would buffer all output until then.
 std::unique_ptr<QProcess> makeProcess()
 {
     auto process = std::make_unique<QProcess>();
@@ -49,7 +51,7 @@ Assistant::~Assistant()
     if (proc == nullptr || proc->state() != QProcess::Running)
         return;
     proc->terminate();
-    proc->waitForFinished(END_MS);
+    proc->waitForFinished(END_TIMEOUT_MS);
 }
 
 void Assistant::showDocumentation()
@@ -79,7 +81,7 @@ bool Assistant::startAssistant()
         viewer,
         {QStringLiteral("-collectionFile"), COLLECTION, QStringLiteral("-enableRemoteControl")},
         QIODevice::ReadWrite);
-    if (proc->waitForStarted(START_MS))
+    if (proc->waitForStarted(START_TIMEOUT_MS))
         return true;
     QMessageBox::critical(nullptr, tr("scriboneditor"),
                           tr("Unable to launch Qt Assistant (%1)").arg(viewer), QMessageBox::Ok);

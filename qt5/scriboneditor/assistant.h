@@ -1,4 +1,4 @@
-// Help: the toolkit's help viewer, a process of its own, on the editor's help collection.
+// Shows the editor's help collection in Qt Assistant, which runs as a process of its own.
 #pragma once
 
 #include <QCoreApplication>
@@ -10,18 +10,19 @@ class Assistant {
 
 public:
     Assistant();
-    // Closes the viewer if it is open, which takes up to three seconds.
+    // Terminates the viewer if it runs, and waits for its end for up to three seconds.
     ~Assistant();
 
-    // Shows the help in the viewer that is open, or opens one, which takes up to thirty seconds. A
-    // collection that is not installed and a viewer that does not start are told in a box; an
-    // environment without QT5DIR ends the program.
+    // Shows the help in the running viewer, or starts one, which blocks for up to thirty seconds.
+    // A message box tells if the collection is not installed or the viewer does not start. Without
+    // QT5DIR in the environment the program ends.
     void showDocumentation();
 
 private:
     Q_DISABLE_COPY(Assistant)
 
+    // Starts the viewer unless it runs. False, after a message box, if it does not start.
     bool startAssistant();
 
-    std::unique_ptr<QProcess> proc;  // null until help is first asked for
+    std::unique_ptr<QProcess> proc;  // null until the help is first shown
 };

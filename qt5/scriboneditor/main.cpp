@@ -1,4 +1,4 @@
-// The process: joins the platform, proves that it runs, and shows the one window.
+// Entry point: attaches to the platform and shows the main window.
 
 #include <sys/mman.h>
 
@@ -15,7 +15,7 @@
 
 namespace {
 
-// Ends at the first NUL byte; empty when the resource cannot be read.
+// The style sheet, up to its first NUL byte; empty if the resource cannot be read.
 QString readStyle(QFile* styleFile)
 {
     styleFile->open(QIODevice::ReadOnly);
@@ -42,11 +42,11 @@ bool platformIsRunning()
 
 }  // namespace
 
-// The order is the platform's: its calls come before the toolkit's application object, and nothing
-// of the process stays locked in memory from then on.
+// The order matters: the platform's calls come before the QApplication is made, and munlockall()
+// comes after them, so that no page of the process stays locked in memory.
 int main(int argc, char* argv[])
 {
-    Q_INIT_RESOURCE(scriboneditor);  // the linker drops a static library's resources otherwise
+    Q_INIT_RESOURCE(scriboneditor);  // needed: the resources are in a static library
     QFile styleFile(QStringLiteral(":/resources/qss/default.qss"));
     marvane_init_fn(1);
     qRegisterMetaType<pANTLR3_BASE_TREE>("pANTLR3_BASE_TREE");
@@ -58,7 +58,7 @@ int main(int argc, char* argv[])
     app.setStyleSheet(style);
     if (!platformIsRunning())
         endWithoutPlatform();
-    // Lives to the end of the process: the window's own close event does the cleaning up.
+    // Never deleted: closeEvent() does the cleanup.
     auto* const mainWindow = new MainWindow(nullptr);
     if (QCoreApplication::arguments().size() > 1)
         mainWindow->loadFile(QString::fromLocal8Bit(argv[1]), false);

@@ -38,10 +38,11 @@ const auto SPEC_PREFIX = QStringLiteral("/specs/");
 const auto SPEC_FILTER = QStringLiteral("scrib*;;*");
 const auto NOTHING_LOADED = QStringLiteral("Empty File");
 
-constexpr int NEWS_MS = 2000;
+constexpr int STATUS_MESSAGE_MS = 2000;
 constexpr int FITTING_PASSES = 5;
 
-// What New writes: every name in it is there to be replaced, and marked until it is.
+// The text of a new file: the required keywords and the Meta Data list. The names are placeholders,
+// marked as wrong until the user replaces them.
 constexpr std::array<const char*, 10> NEW_FILE_BLOCKS{
     "@SCRIBON\n<new_scribon>\n\n",         "@DESCRIPTION\n'This is a description of my test'\n\n",
     "@GROUP\nmarvane_str_var\n\n",         "@MODE\nmarvane_str_var\n\n",
@@ -50,15 +51,16 @@ constexpr std::array<const char*, 10> NEW_FILE_BLOCKS{
     "@META_DATA\ndummy_pam dummy_var\n\n", "@SCAN_LIST\ndummy_var dummy_chan\n\n",
 };
 
-// What differs between the tabs. The columns that Insert Row fills and those whose texts Remove Row
-// keeps are not the same on the Meta Data tab; a column too many does no harm.
+// What differs between the tabs. The two last columns are the ends of the column ranges that Insert
+// Row and Remove Row pass to EditorUndoCommand.
+// Existing behaviour, kept for compatibility: they differ on the Meta Data tab.
 struct TabFacts {
     const char* text;
     const char* pageTitle;
     const char* toolTip;
     const char* errorLabel;
     int editTab;
-    const char* section;  // null on the tab that is no list
+    const char* section;  // keyword of the list, without its "@"; null on the Keywords tab
     int insertEndColumn;
     int removeEndColumn;
 };
@@ -109,8 +111,8 @@ QStringList headersOf(int tab)
     return headers;
 }
 
-// Opens the file unless something else than a file has its name: opening a pipe could hang, and a
-// device answers anything.
+// Opens regular files only: a FIFO may block, a device may never end. A file that does not exist
+// may be created. Returns false, with the reason in *error, if the file is not opened.
 bool openRegular(QFile* file, QIODevice::OpenMode mode, QString* error)
 {
     const QFileInfo info(*file);
@@ -129,8 +131,9 @@ bool canBeOpened(const QString& fileName, QString* error)
     return openRegular(&file, QIODevice::ReadOnly, error);
 }
 
-// Finds the file, with a second try below "/specs/", and reads all of it for the parser before
-// anything of the document on screen is given up.
+// Reads the whole file for the parser, before anything of the current document is released. If the
+// name cannot be opened, tries it below "/specs/" and stores that in *fileName. Returns false, with
+// the reason in *error, if the file cannot be read.
 bool readAhead(QString* fileName, QString* error)
 {
     if (!canBeOpened(*fileName, error)) {
@@ -145,7 +148,7 @@ bool readAhead(QString* fileName, QString* error)
     return failure == 0;
 }
 
-// Silent when the file cannot be written: reading it back tells.
+// Reports no failure: the load that follows does.
 void writeNewFile(const QString& fileName)
 {
     QFile file(fileName);
@@ -165,8 +168,8 @@ void dropSelectionModel(QItemSelectionModel* selection)
     delete selection;
 }
 
-// As the delegate does when the editor in a cell loses the focus; only the current cell can have
-// one. A dialog over a cell is a window of its own, which its own buttons end.
+// Commits and closes the open editor, as the delegate does on focus loss. Only the current cell can
+// have one. A dialog is a window of its own and is left open.
 void commitEditorInCell(const QTreeView& tree)
 {
     QWidget* const editor = tree.indexWidget(tree.currentIndex());
@@ -248,7 +251,7 @@ void MainWindow::fillKeywordHelp()
     }
 }
 
-// The last entry is empty: choosing it takes a row's member away.
+// The last entry is empty: choosing it removes the member from a row.
 void MainWindow::fillStatMemList()
 {
     for (const StatMember& member : SCAN_LIST_MEMBERS)
@@ -276,8 +279,8 @@ void MainWindow::makeUndoActions(int separators)
     actionsMenu->addAction(redoAction);
 }
 
-// The tab widget is wired before it has tabs: adding the first one makes its undo stack the active
-// one.
+// The tab widget is connected before it has tabs: adding the first one emits currentChanged(),
+// which makes its undo stack the active one.
 void MainWindow::setupTables(QMainWindow* /*window*/)
 {
     tabWidget = new QTabWidget(centralwidget);
@@ -358,7 +361,7 @@ void MainWindow::loadFile(const QString& fileName, bool newFile)
     setupEditor(tFileName, newFile);
     updateActions();
     if (loadedFile)
-        statusBar()->showMessage(tr("File loaded"), NEWS_MS);
+        statusBar()->showMessage(tr("File loaded"), STATUS_MESSAGE_MS);
 }
 
 bool MainWindow::setupEditor(const QString& fileName, bool newFile)
@@ -381,14 +384,14 @@ void MainWindow::clearUndoStacks()
     }
 }
 
-// A dialog over a cell would outlive the delegate that ends it.
+// An open dialog would outlive the delegate whose slots close it.
 void MainWindow::rejectCellDialogs()
 {
     for (VariableSelectionDialog* const dialog : findChildren<VariableSelectionDialog*>())
         dialog->reject();
 }
 
-// The delegate goes with the models; the selection model would follow them half.
+// Deletes the delegates and selection models before the models that they use are replaced.
 void MainWindow::releaseViews()
 {
     rejectCellDialogs();
@@ -417,7 +420,7 @@ void MainWindow::showDocument(const QString& fileName)
     guard->loaded(fileName, QByteArray::fromRawData(file.data, static_cast<int>(file.size)));
 }
 
-// The old model goes last: the view and its selection still speak to it while they change over.
+// Destroy the old model last; setModel() still disconnects from it.
 void MainWindow::showModel(int tab, std::unique_ptr<TreeModel> model)
 {
     const auto slot = static_cast<size_t>(tab);
@@ -426,7 +429,7 @@ void MainWindow::showModel(int tab, std::unique_ptr<TreeModel> model)
                                 QAbstractItemView::EditKeyPressed);
     connect(model.get(), &TreeModel::codesChanged, view[slot]->viewport(),
             qOverload<>(&QWidget::update));
-    // What was typed and not taken over leaves its mark, which the next check puts right.
+    // Typing marks the cell; validate again in case the editor is closed without a commit.
     connect(delegates[slot].get(), &QAbstractItemDelegate::closeEditor, model.get(),
             &TreeModel::setDirty);
     guardModel(*model);
@@ -443,8 +446,8 @@ void MainWindow::guardModel(const TreeModel& model)
     connect(&model, &QAbstractItemModel::rowsRemoved, guard.get(), &DocumentGuard::edited);
 }
 
-// Row 0 of a list tab is the section's keyword, which the user neither sees nor edits, and so is
-// column 0.
+// On a list tab, row 0 holds the section's keyword and column 0 is not used: both are hidden. On
+// the Keywords tab column 3 is hidden.
 void MainWindow::arrangeView(int tab)
 {
     QTreeView* const tree = view[static_cast<size_t>(tab)];
@@ -458,7 +461,8 @@ void MainWindow::arrangeView(int tab)
             &MainWindow::updateActions);
 }
 
-// The title is the only report. Views that showed a document keep its models.
+// Reports the failure in the window title only. Views that showed a document keep its models.
+// Returns false, the result of setupEditor().
 bool MainWindow::refuseDocument(const QString& fileName, int readResult)
 {
     const QString title = readResult == -2
@@ -474,8 +478,8 @@ bool MainWindow::refuseDocument(const QString& fileName, int readResult)
     return false;
 }
 
-// A view without a delegate or a selection model fails when it paints. The toolkit's own delegate
-// would open editors that write past the undo stack, so nothing starts one.
+// A view must have a delegate and a selection model when it paints. Qt's standard delegate bypasses
+// the undo stack, so editing is switched off.
 void MainWindow::makeViewHarmless(int tab)
 {
     QTreeView* const tree = view[static_cast<size_t>(tab)];
@@ -509,8 +513,7 @@ void MainWindow::fitColumns(int tab)
         tree->resizeColumnToContents(column);
 }
 
-// A column's width depends on rows that the one before made visible: after a few passes all are
-// right.
+// Five passes. Existing behaviour, kept for compatibility.
 void MainWindow::fitColumnsRepeatedly()
 {
     for (int pass = 0; pass < FITTING_PASSES; ++pass) {
@@ -578,8 +581,9 @@ bool MainWindow::saveAs()
     return saveFile(dialog.selectedFiles().first());
 }
 
-// In place: the file is emptied and each tab appends its rows. Until all of them are on disk the
-// recovery copy holds the document.
+// Writes in place: opening truncates the file, then each tab appends its rows. Until all of it is
+// on disk, the recovery copy holds the document. Returns false, after a message box, if no document
+// is loaded or the file cannot be opened.
 bool MainWindow::saveFile(const QString& fileName)
 {
     const QString title = tr("Scribon Specifications Editor");
@@ -600,12 +604,12 @@ bool MainWindow::saveFile(const QString& fileName)
     const QByteArray text = writeTabs(fileName.toLocal8Bit());
     setCurrentFile(fileName);
     guard->saved(fileName, text);
-    statusBar()->showMessage(tr("File saved"), NEWS_MS);
+    statusBar()->showMessage(tr("File saved"), STATUS_MESSAGE_MS);
     return true;
 }
 
-// Returns what the file should hold then. The five flags go first: what is written is what the rows
-// are now.
+// Appends each tab's rows to the file and returns the bytes that it should then have. The modified
+// flags are cleared before writing.
 QByteArray MainWindow::writeTabs(QByteArray localName)
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -691,8 +695,7 @@ void MainWindow::checkErrorCount()
         updateErrorCount();
 }
 
-// The current tab, as long as it has errors, is judged again each time; the others when they have
-// changed.
+// Validates the tabs that have changed, and the current tab also as long as it has errors.
 void MainWindow::updateErrorCount()
 {
     totalErrorCount = 0;
@@ -712,7 +715,7 @@ void MainWindow::updateErrorCount()
         showErrorCounts(tab_index);
 }
 
-// Writes what has changed and nothing else: an idle document repaints no status bar.
+// Sets only what has changed, so that the status bar is not repainted twice a second.
 void MainWindow::showErrorCounts(int tab)
 {
     if (tabErrorCount != lastTabErrorCount) {
@@ -741,15 +744,16 @@ TreeModel* MainWindow::modelOf(int tab) const
     return models[static_cast<size_t>(tab)].get();
 }
 
-// A shortcut, a menu and the window manager leave the focus in an open editor, whose text is not in
-// the model yet.
+// Shortcuts, menus and the window manager do not take the focus from an open editor, so its text is
+// not in the model yet.
 void MainWindow::commitOpenEditors()
 {
     for (size_t tab = 0; tab < TAB_COUNT; ++tab)
         commitEditorInCell(*view[tab]);
 }
 
-// The Edit menu holds Undo, too, which would put an older text into an editor that is still open.
+// Open editors are closed first: Undo, which is in the same menu, must not change the cell under an
+// open editor.
 void MainWindow::updateActions()
 {
     const bool hasCurrent = loadedFile && isTab(currentTab());
@@ -775,8 +779,8 @@ void MainWindow::currentTabChanged(int tabIndex)
     }
 }
 
-// The point is one of a view, yet taken as the window's own: the menu opens displaced by the view's
-// place in the window, where users have learned to find it.
+// pos is in the view's coordinates but mapped as the window's, so the menu opens off the cursor by
+// the view's position in the window. Existing behaviour, kept for compatibility.
 void MainWindow::ShowContextMenu(const QPoint& pos)
 {
     actionsMenu->exec(mapToGlobal(pos));
@@ -813,8 +817,9 @@ void MainWindow::insertRow()
     model->validate_model();
 }
 
-// What may not go: a required keyword, and on a list tab the section's own row, which is also what
-// no current row stands for. The name is told in lower case, without its "@".
+// True for a row that cannot be removed: a required keyword, and on a list tab row 0, which holds
+// the section's keyword, or no row at all (-1). Stores the keyword in *keyword, in lower case and
+// without its "@".
 bool MainWindow::refusesRemoval(int tab, const QModelIndex& index, QString* keyword) const
 {
     if (factsOf(tab).section != nullptr) {
@@ -854,7 +859,7 @@ QUndoStack* MainWindow::uStack()
     return undoGroup->activeStack();
 }
 
-// The actions of the undo group do the work themselves.
+// The actions of the QUndoGroup undo and redo by themselves.
 void MainWindow::undo() {}
 
 void MainWindow::redo() {}

@@ -1,4 +1,4 @@
-// Where the user learns about the editor: its help, and what it is.
+// The help and the About boxes.
 
 #include <QMessageBox>
 #include <vector>
@@ -16,7 +16,7 @@ constexpr auto ABOUT = QT_TRANSLATE_NOOP(
     "the developers of this editor for the Scribon editor's own icon set, which comes under the "
     "<a href=\"file:///usr/local/share/doc/marvane/qt/scriboneditor/LICENSE\">MIT License</a>.");
 
-// Empty with a platform that tells none.
+// Empty if the platform library has no version text: MARVANE_VER is a weak symbol.
 QString platformVersion()
 {
     return &MARVANE_VER == nullptr ? QString() : QString::fromUtf8(MARVANE_VER);
@@ -24,8 +24,8 @@ QString platformVersion()
 
 }  // namespace
 
-// Deleting an Assistant closes its viewer, which is to stay open when the window goes. So they live
-// as long as the process.
+// The viewer stays open when the window is deleted, but ~Assistant() closes it. So Assistants are
+// never deleted.
 Assistant* MainWindow::makeAssistant()
 {
     static auto* const assistants = new std::vector<std::unique_ptr<Assistant>>;

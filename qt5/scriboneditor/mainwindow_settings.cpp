@@ -1,4 +1,4 @@
-// What the window remembers from one run to the next.
+// The settings: what the window stores at its end and restores at its start.
 
 #include <QApplication>
 #include <QFileInfo>
@@ -18,17 +18,19 @@ namespace {
 
 const auto SETTINGS_DIRECTORY = QStringLiteral("/specs/qt");
 
-// What the toolkit opens there: the settings, those that it falls back to, and the lock it writes.
+// The files that QSettings opens there: the settings, those of the organization as a fallback, and
+// the lock file.
 constexpr std::array<const char*, 3> SETTINGS_FILES{"ScribonUI/preferences.conf", "ScribonUI.conf",
                                                     "ScribonUI/preferences.conf.lock"};
 
+// Whether the name is taken by something other than a regular file.
 bool isSomethingElse(const char* name)
 {
     const QFileInfo file(SETTINGS_DIRECTORY + QLatin1Char('/') + QLatin1String(name));
     return file.exists() && !file.isFile();
 }
 
-// The settings of all users of the cell, in a folder beside their spec files.
+// The settings in /specs/qt, which all users of the machine share.
 class CellSettings {
 public:
     CellSettings()
@@ -43,8 +45,8 @@ public:
     QSettings* operator->() { return m_settings.get(); }
 
 private:
-    // Below a device there is no file: what stands in a file's place and is none, a pipe say, would
-    // be waited for.
+    // Opening a FIFO in place of a settings file would block. Then there are no settings: no file
+    // can exist below /dev/null.
     static QString directory()
     {
         const bool usable =
@@ -136,8 +138,8 @@ void MainWindow::readSettings()
     move(stored.pos);
 }
 
-// Cells are painted in the editor font; the views must measure them in it too, or texts would be
-// cut off. Headers keep the font of the window's content.
+// The delegate paints cells in the editor font, so the views must measure in it too, or texts would
+// be cut off. Headers keep the font of the central widget.
 void MainWindow::showEditorFont()
 {
     for (int tab = 0; tab < TAB_COUNT; ++tab) {

@@ -7,7 +7,8 @@ namespace {
 
 void printWithPlace(const char* kind, const QMessageLogContext& context, const QByteArray& message)
 {
-    // Release builds of the toolkit leave file and function out.
+    // Null in messages from code that was compiled without QT_MESSAGELOGCONTEXT, as release builds
+    // of Qt are.
     const char* const file = context.file == nullptr ? "" : context.file;
     const char* const function = context.function == nullptr ? "" : context.function;
     std::fprintf(stderr, "%s: %s (%s:%u, %s)\n", kind, message.constData(), file,

@@ -1,9 +1,9 @@
-// Where the toolkit's log macros end.
+// Qt message handler.
 #pragma once
 
 #include <QMessageLogContext>
 #include <QString>
 
-// Writes a message to standard error, a line each. Warnings are dropped: the toolkit gives many
-// that mean nothing to the user. A fatal message ends the program.
+// Prints each message as one line on standard error. Warnings are dropped. A fatal message aborts
+// the program. For qInstallMessageHandler().
 void myMessageOutput(QtMsgType type, const QMessageLogContext& context, const QString& msg);

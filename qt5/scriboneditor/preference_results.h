@@ -1,4 +1,4 @@
-// The user's choice of fonts and of the colour that marks a wrong cell.
+// The preferences: fonts, and the colour of wrong cells.
 #pragma once
 
 #include <QColor>

@@ -8,8 +8,8 @@
 Preferences::Preferences(QWidget* parent)
     : QDialog(parent, Qt::Drawer), ui(std::make_unique<Ui::Preferences>())
 {
-    // Below a window that has a style sheet, the parts do not take the dialog's font over. So the
-    // form gives them its size by a style sheet too.
+    // Below a window with a style sheet, child widgets do not inherit the dialog's font. So the
+    // form sets the font size by a style sheet.
     ui->setupUi(this);
     connect(ui->syntaxErrorColorButton, &QAbstractButton::pressed, this, &Preferences::setColor);
     connect(this, &Preferences::closeDialog, this, &QDialog::reject);

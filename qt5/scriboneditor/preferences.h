@@ -1,4 +1,4 @@
-// The dialog that changes the editor's font, its size and the colour of wrong cells.
+// The Preferences dialog: the editor's font, its size, and the colour of wrong cells.
 #pragma once
 
 #include <QDialog>
@@ -14,24 +14,24 @@ class Preferences : public QDialog {
     Q_OBJECT
 
 public:
-    // The dialog opens over its parent.
+    // The dialog opens at its parent's top left corner.
     explicit Preferences(QWidget* parent = nullptr);
     ~Preferences() override;
 
-    // Shows the user's choices as they are.
+    // Shows these values. Call it before the dialog is shown.
     void setDefaults(const preference_results& prefs);
 
-    // Puts the editor's font, its size and the colour in their places, and leaves the rest. The
-    // font itself does not have that size yet.
+    // Sets the editor's font, its size and the colour; the other fields stay as they are. The size
+    // is not applied to the font itself.
     void getResults(preference_results* prefs) const;
 
 Q_SIGNALS:
     void closeDialog();
     void mapParent();
-    void finishedSetup();  // for who derives from the dialog; it has nothing to set up later itself
+    void finishedSetup();  // never emitted; existing interface, kept for compatibility
 
 protected:
-    // Both without the base class's part, which would centre the dialog.
+    // Do not call the base class, whose showEvent() would move the dialog.
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
@@ -44,5 +44,5 @@ private:
     void showColor();
 
     std::unique_ptr<Ui::Preferences> ui;
-    preference_results m_defaults;  // the colour alone: chosen, but not yet anyone's
+    preference_results m_defaults;  // only syntaxColor is used: picked, not yet accepted
 };

@@ -1,4 +1,4 @@
-// The counts of errors at the right of the status bar: of the current tab, and of the document.
+// The error counters at the right of the status bar: of the current tab and of the document.
 #pragma once
 
 #include <QString>
@@ -16,13 +16,13 @@ public:
     explicit StatusBarForm(QWidget* parent = nullptr);
     ~StatusBarForm() override;
 
-    // The displays stop at 999.
+    // The spin boxes show at most 999.
     void setErrorCount(int count);
     void setTabErrCount(int count);
 
     void setTabErrLabel(const QString& text);
 
-    // The tab that the label names; -1 until the first count of a loaded document.
+    // The index of the tab that the label names; -1 before the first one is set.
     void setTabIndex(int index);
     int getTabIndex() const;
 
