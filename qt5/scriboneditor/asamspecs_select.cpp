@@ -18,8 +18,8 @@ const auto SPEC_PATTERN = QStringLiteral("asam3_specs.*");
 const auto SPEC_FILTER = QStringLiteral("asam3_specs*;;*");
 const auto OTHER_FILE = QStringLiteral("Other");
 
-// Appends the files of the directory whose names match, then those of its subdirectories. Links
-// are not followed: they could lead in a circle.
+// Appends the files of the directory whose names match, then those of its subdirectories. Symbolic
+// links are not followed, since they may form a loop.
 void findRecursion(const QString& path, const QString& pattern, QStringList* result)
 {
     const QDir currentDir(path);
@@ -34,7 +34,7 @@ void findRecursion(const QString& path, const QString& pattern, QStringList* res
         findRecursion(prefix + name, pattern, result);
 }
 
-// None for a file that cannot be read or is no asam3_specs file.
+// Empty for a file that cannot be read or is not an asam3_specs file.
 QStringList ecmInstancesOf(const QByteArray& fileName)
 {
     char ecmLists[MAX_ASAM3_LISTS][ASAM3_LIST_SIZE]{};
@@ -47,17 +47,17 @@ QStringList ecmInstancesOf(const QByteArray& fileName)
     return instances;
 }
 
-// The box for the number is 40 pixels wide whatever the font is: two digits get the margins of its
-// line and, where that is not enough, a smaller font.
+// The spin box is always 40 pixels wide. So that two digits fit, the margins of its line edit are
+// removed, and its font is reduced if necessary.
 void fitTwoDigits(QSpinBox* box)
 {
-    constexpr int ROOM = 22;
+    constexpr int TEXT_WIDTH = 22;
     constexpr int INNER_MARGIN = 2;
     if (auto* const line = box->findChild<QLineEdit*>())
         line->setTextMargins(-INNER_MARGIN, 0, -INNER_MARGIN, 0);
     QFont font = box->font();
     while (font.pointSize() > 1 &&
-           QFontMetrics(font).horizontalAdvance(QStringLiteral("99")) > ROOM)
+           QFontMetrics(font).horizontalAdvance(QStringLiteral("99")) > TEXT_WIDTH)
         font.setPointSize(font.pointSize() - 1);
     box->setFont(font);
 }
@@ -70,7 +70,7 @@ asamspecs_select::asamspecs_select(const QModelIndex& index, QWidget* parent)
     : QDialog(parent, Qt::Drawer), ui(std::make_unique<Ui::asamspecs_select>()), m_index(index)
 {
     ui->setupUi(this);
-    // The view gives its editor the keyboard, which is of no use in the dialog itself.
+    // The view sets the focus on its editor; the file combo box takes it.
     setFocusProxy(ui->specfiles);
     fitTwoDigits(ui->extensionNumber);
     connectAll();
@@ -110,7 +110,8 @@ QSpinBox* asamspecs_select::extSpinBoxEdit() const
 
 // ---- Showing and hiding ------------------------------------------------------------------------
 
-// A window manager that brings the dialog back into sight finds in it what the user has picked.
+// A spontaneous event comes from the window system, such as when the window is restored: what the
+// user has picked must stay.
 void asamspecs_select::showEvent(QShowEvent* evt)
 {
     if (evt->spontaneous())
@@ -133,7 +134,7 @@ void asamspecs_select::hideEvent(QHideEvent* /*evt*/)
         Q_EMIT closeDialog();
 }
 
-// The view has put the dialog at the cell in the view's own coordinates, as if it were a child.
+// The view has set the position in its own coordinates, as if the dialog were a child widget.
 void asamspecs_select::mapDialog()
 {
     constexpr int BELOW_CELL = 80;
@@ -159,14 +160,14 @@ void asamspecs_select::cancel_asam()
 
 // ---- What the user picks -----------------------------------------------------------------------
 
-// What is made current here comes back here and is already current then.
+// Setting the current file calls this slot again, which then changes nothing.
 void asamspecs_select::fileEditTextChanged(const QString& changedText)
 {
     selectFile(changedText == OTHER_FILE ? askForOtherFile() : changedText);
     offerEcmInstances();
 }
 
-// Empty when the user picked none.
+// Empty if the user cancelled.
 QString asamspecs_select::askForOtherFile()
 {
     QString fileName =
@@ -189,7 +190,7 @@ void asamspecs_select::selectFile(const QString& fileName)
     }
 }
 
-// A file without instances leaves those of the last one.
+// A file without ECM instances leaves the items of the file before.
 void asamspecs_select::offerEcmInstances()
 {
     const QStringList ecmStrList = ecmInstancesOf(ui->specfiles->currentText().toLatin1());

@@ -1,5 +1,5 @@
-// Picks one of the ECM lists that the asam3_specs files below /specs offer, and its extension
-// number. It writes nothing: who opened it reads its widgets once it is accepted.
+// Dialog to pick an ECM list from the asam3_specs files below /specs, and its extension number. It
+// writes nothing to the model: the delegate reads its widgets once it is accepted.
 #pragma once
 
 #include <QDialog>
@@ -18,7 +18,7 @@ class asamspecs_select : public QDialog {
     Q_OBJECT
 
 public:
-    // For the cell of this index. The dialog shows below its place in the parent, which it needs.
+    // For the cell at this index. The parent must not be null: the dialog is placed relative to it.
     asamspecs_select(const QModelIndex& index, QWidget* parent);
     ~asamspecs_select() override;
 
@@ -26,8 +26,8 @@ public:
     QComboBox* ecmComboBox() const;
     QSpinBox* extSpinBoxEdit() const;
 
-    // What the cell had, to be told before the dialog shows. The file is on offer then even if it
-    // is not there. The instance is the name of an ECM and an index, with a colon between them.
+    // The cell's present values; set them before the dialog is shown. The file is offered even if
+    // it does not exist. The instance is the name of an ECM and an index, as in "ECM0:1".
     void setOrigExtNumber(const QString& number) { origExtNumber_ = number; }
     void setOrigFileName(const QString& fileName) { origFileName_ = fileName; }
     void setOrigEcmInstance(const QString& instance) { origEcmInstance_ = instance; }
@@ -35,14 +35,14 @@ public:
     QString OrigEcmInstance() const { return origEcmInstance_; }
     QString OrigExtNumber() const { return origExtNumber_; }
 
-    int canceled = 0;  // 1 when the Cancel button ended the dialog
+    int canceled = 0;  // 1 if the dialog was ended by the Cancel button
 
 Q_SIGNALS:
     void closeDialog();
     void mapParent();
 
 protected Q_SLOTS:
-    // These two without the base class's part.
+    // showEvent() and hideEvent() do not call the base class.
     void showEvent(QShowEvent* evt) override;
     void hideEvent(QHideEvent* evt) override;
     void fileEditTextChanged(const QString& changedText);

@@ -1,8 +1,8 @@
-// Where a cell's dialog stands.
+// The position of the dialogs that edit cells.
 #pragma once
 
 class QWidget;
 
-// Moves a dialog that reaches beyond the screen of its parent back into it, as far as it fits: the
-// buttons of one over a low cell would be out of reach.
+// Moves the dialog so that it lies within the available area of its parent's screen. One that is
+// too large is aligned to the area's top left. Does nothing without a parent.
 void keepOnScreen(QWidget* dialog);

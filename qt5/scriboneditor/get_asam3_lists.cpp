@@ -22,7 +22,7 @@ constexpr int16_t MAX_TOKENS = 6;
 constexpr int16_t WITH_QUOTES = 1;
 constexpr size_t MAX_NAME_SIZE = ASAM3_LIST_SIZE - sizeof(":0");
 
-// One more than are kept: the head of the section behind the last entry has to be right as well.
+// One more than is stored: the head line behind the last stored section is checked, too.
 constexpr int MAX_SECTIONS = MAX_ASAM3_LISTS + 1;
 
 using File = std::unique_ptr<FILE, int (*)(FILE*)>;
@@ -34,7 +34,7 @@ bool isRegularFile(int descriptor)
     return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-// Null for what cannot be opened; this does not wait for a pipe's writer.
+// Null if the file cannot be opened. Opening a FIFO does not block.
 File openFile(const char* filename)
 {
     const int descriptor = open(filename, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
@@ -46,7 +46,7 @@ File openFile(const char* filename)
     return {stream, fclose};
 }
 
-// False at the end of the file. The texts that the platform gives end here even where it ends none.
+// False at the end of the file. Terminates the line, in case the platform's function did not.
 bool readLine(FILE* file, Line& line)
 {
     const bool read = get_next_line(file, line.data()) != -1;
@@ -85,7 +85,7 @@ void skipSection(FILE* file)
     }
 }
 
-// False for a line that is no head of a section.
+// Stores the ECM's name in name. False if the line is not the head line of a section.
 bool parseHead(const Line& line, Line& name)
 {
     std::array<Line, MAX_TOKENS> token{};

@@ -1,9 +1,8 @@
-/* The whole contract between the editor and the platform's host library: areas of shared memory,
- * the records in them, and the functions that reach both. Plain C, without the toolkit, so that the
- * library may be written in either language.
+/* The interface between the editor and the platform's host library: areas of shared memory, their
+ * records, and functions. Plain C without Qt, so that the library may be written in C or C++.
  *
- * All areas are read only for the editor. Their texts have the width of their field as the only
- * sure bound: one that fills its field has no terminating zero. The functions are for one thread.
+ * The editor only reads the areas. A text that fills its field has no terminating zero, so never
+ * read beyond the field's width. Call the functions from one thread only.
  */
 #pragma once
 
@@ -82,8 +81,8 @@ typedef struct SYSTEM_ATTRIBUTES {
 
 enum { MARVANE_LABEL_SIZE = 80 };
 
-/* In every record: active is nonzero for a variable in use, label is its name. Records lie end to
- * end in their tables. */
+/* In every record: active is nonzero for a variable in use, label is its name. Tables are arrays of
+ * records. */
 typedef struct _real_variable {
     uint8_t reserved_0[50];
     int16_t active;
@@ -183,8 +182,8 @@ enum { MAX_PAM_KEYWORDS = 8000 };
 
 typedef struct PAM_KEYWORD {
     char keyword[80];  /* empty in an entry that is not in use */
-    int32_t unitscode; /* of the units that the keyword is meant for; 0 for none */
-    char type;
+    int32_t unitscode; /* code of the units that the keyword is for; 0 for none */
+    char type;         /* CHANNEL_KEYWORD, ... */
     char filler[3];
 } PAM_KEYWORD;
 
@@ -198,7 +197,7 @@ typedef struct KEYWORD_MEMORY {
 
 typedef int16_t SM_VARI_TYPE;
 
-/* Filled by the find functions and only handed back. */
+/* Filled by the find functions and passed back to the library; the editor does not look inside. */
 #pragma pack(push, 1)
 typedef struct _shared_memory {
     SM_AREA_ID code;
@@ -216,7 +215,7 @@ typedef struct _shared_memory {
 } SHARED_MEMORY;
 #pragma pack(pop)
 
-/* A units text; one of 16 characters fills it without a terminating zero. */
+/* The name of units; one of 16 characters has no terminating zero. */
 typedef char UNITS_NAME[16];
 
 /* ---- Lines of text -------------------------------------------------------------------------- */
@@ -231,71 +230,73 @@ enum { PARSED_WORD = 0, PARSED_INTEGER = 1, PARSED_REAL = 2, PARSED_QUOTED = 3 }
 
 #pragma GCC visibility push(default)
 
-/* A text like "$Version: E-7.0.23   $". Weak: its address is null with a library that has none. */
+/* A text such as "$Version: E-7.0.23   $". Weak: its address is null if the library has none. */
 extern const char* MARVANE_VER __attribute__((weak));
 
-/* Makes the process a client of the host runtime; first of all calls. 0 on success. */
+/* Makes the process a client of the platform. To be called before any other function. 0 on
+ * success. */
 int16_t marvane_init_fn(int16_t mode);
 
-/* Attaches the process to a host layer. 0 on success. */
+/* Attaches the process to a layer of the platform. 0 on success. */
 int16_t join_layer(int16_t layer);
 
-/* Attaches the area and stores its address. Nonzero on success; 0, with a null address, when the
- * area is not there, as none is when the platform does not run. The address stays good until the
- * area is freed, also when the platform ends. */
+/* Attaches the area and stores its address. Nonzero on success; 0, with a null address, if there is
+ * no such area or the platform does not run. The address stays valid until the area is detached,
+ * even if the platform ends. */
 int16_t link_to_memory(SM_AREA_ID area, void** address);
 
-/* Whether this process has the area attached. Attachments are not counted. */
+/* Nonzero if this process has the area attached. Attachments are not counted. */
 int16_t shrd_mem_in_use(SM_AREA_ID area);
 
-/* Attaches the area, if it is not yet, and gives its address; null when it is not there. The second
- * argument is 0. */
+/* Attaches the area if it is not attached yet, and returns its address; null if there is no such
+ * area. Pass 0 as mode. */
 void* get_shrd_mem(SM_AREA_ID area, int16_t mode);
 
-/* Detaches the area. 0 on success, -1 when it was not attached. */
+/* Detaches the area. 0 on success, -1 if it was not attached. */
 int16_t fre_shrd_mem(SM_AREA_ID area);
 
-/* Look-ups: 0 and a filled handle when there is such a variable in use, otherwise -1. At most 80
- * bytes of a label are read. The label of a structured variable may be given without its full
- * stop. find_variable knows aliases too. */
+/* Look a variable in use up by its label: 0 and a filled handle, or -1 if there is none. At most 80
+ * bytes of the label are read. The full stop of a structured variable may be left out.
+ * find_variable also finds aliases. */
 int16_t find_variable(const char* label, SHARED_MEMORY* mem);
 int16_t find_stat_label(const char* label, SHARED_MEMORY* mem);
 int16_t find_comp_label(const char* label, SHARED_MEMORY* mem);
 int16_t find_prop_label(const char* label, SHARED_MEMORY* mem);
 int16_t find_emis_label(const char* label, SHARED_MEMORY* mem);
 
-/* 0 when the variable of this label has an alias, which is then stored in *alias (and its variable
- * in *mem), otherwise -1. The text is good until the next call. */
+/* 0 if the variable of this label has an alias: stores it in *alias and the variable in *mem.
+ * Otherwise -1. The text belongs to the library and is valid until the next call. */
 int16_t find_alias_of_target(const char* label, SHARED_MEMORY* mem, char** alias);
 
-/* The units of a variable that was found, "" when it has none. Good until the next call. */
+/* The units of a variable that was found; "" if it has none. The text belongs to the library and is
+ * valid until the next call. */
 const char* get_variable_units(SHARED_MEMORY mem);
 
 /* Fills units with the names of all units of the same dimension as the named ones, these included.
- * On entry *count is the number of entries that units has room for, afterwards that of the entries
- * filled: 0 for an unknown or empty name. Case does not matter in a units text. */
+ * *count is the size of the array on entry and the number of filled entries on return: 0 for an
+ * unknown or empty name. Names are compared case-insensitively. */
 int16_t LV_get_units2(const char* name, int16_t* count, UNITS_NAME* units);
 
-/* 0 with the code of the units in *code, or -1, with *code as it was, for an unknown text. */
+/* 0 and the code of the units in *code, or -1 for unknown units, which leaves *code unchanged. */
 int16_t units_keyword_to_code(const char* text, int32_t* code);
 
-/* 0 when the entry is of the kind, as one of kind CHANNEL_OR_PARAMETER_KEYWORD is of either. */
+/* 0 if the entry is of this kind; an entry of kind CHANNEL_OR_PARAMETER_KEYWORD is of both. */
 int16_t check_keyword(const PAM_KEYWORD* entry, int16_t kind);
 
-/* Reads the next line, without its line end, into a buffer of MARVANE_LINE_SIZE bytes; the rest of
- * a longer line is dropped. 0, or -1 at the end of the file. */
+/* Reads the next line, without its line end, into a buffer of MARVANE_LINE_SIZE bytes. The rest of
+ * a longer line is discarded. 0, or -1 at the end of the file. */
 int16_t get_next_line(FILE* file, char* line);
 
-/* Splits a line at blanks and tabs into at most max_tokens tokens, stored as texts of at most
- * token_size bytes with their zero, in rows of that size, with their kinds in token_type. With
- * quotes, a text in single or double quotes is one token, stored without them. Returns the number
- * of tokens stored. */
+/* Splits a line at blanks and tabs into at most max_tokens tokens. token is an array of rows of
+ * token_size bytes: each token is stored, cut if necessary, with a terminating zero. token_type
+ * gets their kinds. If quotes is nonzero, a text in single or double quotes is one token, stored
+ * without them. Returns the number of tokens stored. */
 int16_t parse_line(const char* line, int16_t max_tokens, int16_t token_size, int16_t quotes,
                    char* token, TOKEN_TYPE* token_type);
 
 #pragma GCC visibility pop
 
-/* ---- The layout, pinned --------------------------------------------------------------------- */
+/* ---- Checks of the layout ------------------------------------------------------------------- */
 
 #define MARVANE_CHECK_RECORD(type, size, active_at, label_at)                 \
     static_assert(sizeof(type) == (size), "the size of " #type);              \

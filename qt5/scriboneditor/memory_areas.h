@@ -1,5 +1,5 @@
-// The platform's areas that an object has attached for a while. What somebody else in the process
-// had attached before stays attached when the object is done with it.
+// Base class of those that attach areas of the platform's shared memory. An area that other code of
+// the process had attached before stays attached when it is freed here.
 #pragma once
 
 #include <array>
@@ -8,12 +8,14 @@
 
 class MemoryAreas {
 protected:
-    // False, with a null address, when the area is not there or addr is null.
+    // Attaches the area and stores its address in *addr. False if addr is null or if there is no
+    // such area; *addr is null then.
     bool local_link_to_memory(SM_AREA_ID memcode, void** addr);
 
+    // Detaches the area, unless it was attached before local_link_to_memory().
     void local_fre_shrd_mem(SM_AREA_ID memcode);
 
 private:
-    // By area: whether it was in use before it was attached here.
+    // By area number: whether the area was in use before it was attached here.
     std::array<bool, MAX_NUM_SHRD_MEM> mem_handles{};
 };

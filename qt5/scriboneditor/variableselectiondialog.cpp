@@ -64,8 +64,8 @@ constexpr auto emis_extenders =
     "EXH_MF_CO_I1 EXH_MF_NOX_I1 EXH_MF_HC_I1 BSCO2_I1 BSCO_I1 BSNOX_I1 BSHC_I1 NOX_COR_I1 "
     "BSNOX_COR_I1 PSEUDO_PHI CO2_ERR O2_ERR UT";
 
-// A kind of variable with members: how the platform knows one of its names, and the members in the
-// order in which they are offered. A name is taken for the first kind that knows it.
+// A kind of variable with members: the platform's function that looks a label up, and the members
+// in the order in which they are offered. The first kind that finds a label is used.
 struct StructuredKind {
     QT_MARVANE_FLAGS flag;
     int16_t (*find)(const char* label, SHARED_MEMORY* mem);
@@ -88,7 +88,7 @@ constexpr std::array<StructuredKind, 4> STRUCTURED_KINDS{{
 
 constexpr int16_t MAX_UNITS = 30;
 
-// Units of 16 bytes fill their field without a terminating zero.
+// A name of 16 bytes fills the field, which has no terminating zero then.
 QByteArray unitsBytes(const UNITS_NAME& units)
 {
     return {units, static_cast<int>(strnlen(units, sizeof(UNITS_NAME)))};
@@ -106,7 +106,7 @@ void storeUnits(UNITS_NAME& units, const char* text)
         std::memcpy(units, text, strnlen(text, sizeof(UNITS_NAME)));
 }
 
-// All units of the dimension of the named ones; none for a name that the platform does not know.
+// The names of all units of the same dimension, the given ones included; empty if they are unknown.
 QStringList unitsLike(const UNITS_NAME& named)
 {
     int16_t num_keywords = MAX_UNITS;
@@ -120,8 +120,8 @@ QStringList unitsLike(const UNITS_NAME& named)
 
 // ---- Lists -------------------------------------------------------------------------------------
 
-// A list is as wide as its box, and shortens longer names in the middle. One name is measured for
-// all, since there may be thousands.
+// A popup list is as wide as its combo box and elides longer names. Widens it for the longest name;
+// only that one is measured, since there may be thousands.
 void fitList(const QComboBox& comboBox, const QStringList& names)
 {
     const auto isShorter = [](const QString& a, const QString& b) { return a.size() < b.size(); };
@@ -159,9 +159,9 @@ VariableSelectionDialog::VariableSelectionDialog(const QModelIndex& index, QWidg
 
 VariableSelectionDialog::~VariableSelectionDialog() = default;
 
-// The combo box would delete its own model when it gets another. A proxy that sorted by itself
-// would move a row that the combo box inserts away from it, which then writes to another
-// variable's.
+// Puts a sort proxy between the combo box and its model, which setModel() would delete otherwise.
+// The proxy does not sort dynamically: the combo box inserts a row and then sets its text by row
+// number, which would be another row after sorting.
 void VariableSelectionDialog::putProxyBehindVariables()
 {
     QComboBox* const comboBox = ui->variableComboBox;
@@ -174,8 +174,8 @@ void VariableSelectionDialog::putProxyBehindVariables()
     proxy_->setDynamicSortFilter(false);
 }
 
-// The names are sorted, which lets the completer find the typed beginning among any number of them
-// at once; its list measures one line for all and lays out only what is seen at first.
+// Thousands of names must not slow typing down: the completer searches a sorted model, and its
+// popup has uniform item sizes and batched layout.
 void VariableSelectionDialog::setupVariableLine()
 {
     QComboBox* const comboBox = ui->variableComboBox;
@@ -219,7 +219,7 @@ void VariableSelectionDialog::connectAll()
     connectText(ui->unitsComboBox, &VariableSelectionDialog::unitsIndexChanged);
 }
 
-// Calls the slot with the text of the item that has become current.
+// Calls the slot with the text of the new current item.
 void VariableSelectionDialog::connectText(QComboBox* comboBox,
                                           void (VariableSelectionDialog::*slot)(const QString&))
 {
@@ -292,8 +292,8 @@ void VariableSelectionDialog::showEvent(QShowEvent* /*event*/)
     takeKeyboard();
 }
 
-// A window manager may leave the keyboard with the table, where typing would search and scroll the
-// cell away. It goes to the line that holds the value.
+// Activates the dialog and sets the focus on the line edit that holds the value: a window manager
+// may leave the focus on the table, where typing would start a keyboard search.
 void VariableSelectionDialog::takeKeyboard()
 {
     ui->variableComboBox->lineEdit()->selectAll();
@@ -345,8 +345,8 @@ QStringList VariableSelectionDialog::allVariables() const
     return names;
 }
 
-// Sorted before they go in, in one piece and behind the combo box's back. The proxy would compare
-// two items through four copies each time, and a combo box inserts its items one by one.
+// Fills the source model directly with the sorted names, for speed: QComboBox::addItems() inserts
+// items one by one, and the proxy compares slowly.
 void VariableSelectionDialog::offerVariables(QStringList names)
 {
     std::sort(names.begin(), names.end());
@@ -362,8 +362,8 @@ void VariableSelectionDialog::offerVariables(QStringList names)
     fitList(*ui->variableComboBox, names);
 }
 
-// Return adds a name of the user's own, which the combo box puts where it stands regardless of
-// case.
+// Sorts again after Return has added a name of the user's own: the combo box inserts it by a
+// case-insensitive order.
 void VariableSelectionDialog::sortInOwnName()
 {
     if (m_names->rowCount() == m_sortedNames)
@@ -372,8 +372,8 @@ void VariableSelectionDialog::sortInOwnName()
     m_sortedNames = m_names->rowCount();
 }
 
-// A text with colons is a variable with a suffix, which is shown whole; one with a full stop is a
-// variable and its member.
+// Shows the cell's text: one with colons is a variable with a suffix and is shown whole, one with a
+// full stop is a variable and its member.
 void VariableSelectionDialog::showOriginal()
 {
     const QString stem = origVarName_.section(QLatin1Char(':'), 0, 0);
@@ -400,7 +400,7 @@ void VariableSelectionDialog::showMember(const QString& variable, const QString&
         showItem(ui->subComboBox, member, member);
 }
 
-// False when there is no such item.
+// Selects the item and sets the edit text. False if there is no such item.
 bool VariableSelectionDialog::showItem(QComboBox* comboBox, const QString& item,
                                        const QString& text)
 {
@@ -414,7 +414,7 @@ bool VariableSelectionDialog::showItem(QComboBox* comboBox, const QString& item,
 
 // ---- What the user picks and types -------------------------------------------------------------
 
-// The first entry stands for all groups, also where it is a group itself.
+// The first entry always means all groups, even if it is a group itself.
 void VariableSelectionDialog::groupIndexChanged(const QString& item)
 {
     if (initializingClass)
@@ -431,7 +431,7 @@ void VariableSelectionDialog::groupIndexChanged(const QString& item)
     }
 }
 
-// A member behind a full stop keeps the members of its variable on offer.
+// For a text "variable.member", offers the members of the variable.
 void VariableSelectionDialog::variableEditTextChanged(const QString& stext)
 {
     if (initializingClass || stext.isEmpty())
@@ -445,8 +445,8 @@ void VariableSelectionDialog::variableEditTextChanged(const QString& stext)
     offerUnits();
 }
 
-// Only a dialog for variables of all kinds has units; a name that the platform does not know leaves
-// those of the last one.
+// Only a dialog for variables of all kinds offers units. For a name that the platform does not
+// know, the units of the variable before are kept.
 void VariableSelectionDialog::takeDefaultUnits(const QString& stext)
 {
     SHARED_MEMORY mem{};
@@ -465,8 +465,7 @@ QStringList VariableSelectionDialog::membersOf(const QString& stext) const
     return {};
 }
 
-// The first member is selected at once, so the file gets that one behind a variable with members
-// unless another is chosen.
+// The first member becomes current, so it goes to the file unless the user chooses another.
 void VariableSelectionDialog::offerMembers(const QStringList& members)
 {
     ui->subComboBox->clear();
@@ -474,8 +473,8 @@ void VariableSelectionDialog::offerMembers(const QStringList& members)
     ui->subComboBox->setEnabled(!members.isEmpty());
 }
 
-// The units of the variable come first, unless the cell has units of its own: then they are not
-// offered at all, since naming them says nothing that the variable does not.
+// Offers the variable's default units first, then the others of the same dimension. If the cell
+// names units, the default ones are not offered. Existing behaviour, kept for compatibility.
 void VariableSelectionDialog::offerUnits()
 {
     const QString own = unitsString(default_units);
@@ -493,7 +492,7 @@ void VariableSelectionDialog::offerUnits()
     ui->unitsComboBox->setCurrentIndex(indexOfUnits());
 }
 
-// None when the units of the cell are not on offer, as the variable's own are not.
+// The index of the cell's units; -1 if they are not offered, as the default ones are not.
 int VariableSelectionDialog::indexOfUnits() const
 {
     if (m_units[0] == '\0')
@@ -503,8 +502,7 @@ int VariableSelectionDialog::indexOfUnits() const
 
 void VariableSelectionDialog::unitsIndexChanged(const QString& /*item*/) {}
 
-// What the line shows by now: a text that was pasted with line breaks has lost them since the
-// signal.
+// Reads the line edit: a slot called before this one may have removed line breaks from the text.
 void VariableSelectionDialog::lineEditTextChanged(const QString& /*lineValueText*/)
 {
     if (!initializingClass)

@@ -1,6 +1,6 @@
-// Picks a live variable, with its member and units where it has them, or what may stand in place of
-// one in some cells: a time interval, a path, a literal. It shows what it is given and writes
-// nothing: who opened it reads its fields once it is accepted.
+// Dialog to pick a variable of the platform, with its member and units, or to type what some cells
+// accept instead: a time interval, a path or a literal. It writes nothing to the model: the
+// delegate reads its widgets once it is accepted.
 #pragma once
 
 #include <QDialog>
@@ -25,10 +25,10 @@ class VariableSelectionDialog : public QDialog, private MemoryAreas {
     Q_OBJECT
 
 public:
-    // For the cell of this index, which is marked while the optional line holds a wrong text.
-    // optionalData is the label of that line, which also tells what it accepts; empty for none.
-    // The catalogue is read anew if the current one was made with another filter; that ends the
-    // program when the platform has gone away.
+    // For the cell at this index, which is marked as wrong while the optional line edit holds an
+    // invalid text. optionalData is the label of that line edit and decides what it accepts
+    // ("Interval", "Path", "Literal"); empty for none. Rebuilds Master_variables if it was made
+    // with another filter, which ends the program if the platform does not run.
     VariableSelectionDialog(const QModelIndex& index, QWidget* parent,
                             QFlags<QT_MARVANE_FLAGS> type, const QString& optionalData,
                             const QString& inName);
@@ -39,22 +39,23 @@ public:
     QComboBox* unitsComboBox() const;
     QLineEdit* lineEdit() const;
 
-    // Before the dialog is shown: the text that the cell had, without its units.
+    // The cell's text without its units; set it before the dialog is shown.
     void setOrigVarName(const QString& name) { origVarName_ = name; }
 
-    // Before the dialog is shown: the units of the cell, of which the first 16 bytes count.
+    // The cell's units, cut to 16 bytes; set them before the dialog is shown.
     void setUnits(const QString& units);
 
-    // What stands in place of a variable; empty for a variable.
+    // The text of the optional line edit; empty if a variable is picked.
     void setOptionalText(const QString& text) { m_optionalText = text; }
     QString optionalText() const { return m_optionalText; }
 
     QString subText() const;
 
-    // Those of the variable in the line, as the platform told them last.
+    // The units of the last variable that the platform found; empty if there was none.
     QString defaultUnits() const;
 
-    // The item whose data is the text in the line; -1 for none. The names have no data.
+    // The index of the item whose Qt::UserRole data is the current text. Items have no such data,
+    // so it is -1. Existing behaviour, kept for compatibility.
     int indexOfSelectedVarName() const;
 
 Q_SIGNALS:
@@ -69,7 +70,7 @@ protected Q_SLOTS:
     void lineEditTextChanged(const QString& lineValueText);
 
 protected:
-    // Both without the base class's part.
+    // Do not call the base class.
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
@@ -101,12 +102,12 @@ private:
     QT_MARVANE_VAR_TYPE varType;
     QString origVarName_;
     std::shared_ptr<const VariablesByGroup> variables;
-    QStandardItemModel* m_names = nullptr;  // what variableComboBox holds, behind the proxy
+    QStandardItemModel* m_names = nullptr;  // source model of proxy_
     QSortFilterProxyModel* proxy_ = nullptr;
     int m_sortedNames = 0;
     UNITS_NAME m_units{};
     UNITS_NAME default_units{};
-    bool initializingClass = false;  // the slots do nothing meanwhile
+    bool initializingClass = false;  // the slots do nothing while it is set
     QString m_optionalText;
     QPersistentModelIndex m_index;
 };
