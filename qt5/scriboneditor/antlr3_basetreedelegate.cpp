@@ -15,9 +15,9 @@
 
 namespace {
 
-constexpr int LOWEST_ROW = 40;
+constexpr int MIN_ROW_HEIGHT = 40;
 
-// A cell that was never judged counts as good in column 0; elsewhere as one that has no field.
+// The cell's error code. Before the first validation: DE_NOERROR in column 0, DE_NOFIELD elsewhere.
 int errorValue(const QModelIndex& index)
 {
     const QVariant code = index.data(Qt::UserRole);
@@ -34,8 +34,8 @@ void setSelectionColour(QPalette* palette, const QColor& colour)
 
 }  // namespace
 
-// The icon survives the base class for a wrong cell because the model gives such a cell's text as
-// decoration: that reserves the room, and only an icon would replace ours.
+// The model returns the text of a wrong cell as its decoration: that sets HasDecoration, which
+// reserves space for this icon, and being no icon it does not replace it.
 void Antlr3_BaseTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                     const QModelIndex& index) const
 {
@@ -81,7 +81,7 @@ QSize Antlr3_BaseTreeDelegate::sizeHint(const QStyleOptionViewItem& option,
                                         const QModelIndex& index) const
 {
     QSize size = index.isValid() ? QStyledItemDelegate::sizeHint(option, index) : QSize(-1, -1);
-    size.setHeight(qMax(size.height(), LOWEST_ROW));
+    size.setHeight(qMax(size.height(), MIN_ROW_HEIGHT));
     return size;
 }
 
@@ -157,8 +157,8 @@ void Antlr3_BaseTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel* 
 
 namespace {
 
-// A dialog is no child of the table, which places it in its own coordinates all the same, when it
-// opens it and again with every change of the layout. It then has to move beside its cell.
+// The view sets the geometry of a dialog in its own coordinates, as if it were a child widget, when
+// it opens the dialog and at each layout change. mapParent() then moves the dialog to its cell.
 template <typename Dialog>
 void putBesideCell(QWidget* editor)
 {
@@ -215,9 +215,9 @@ void Antlr3_BaseTreeDelegate::vsCommitAndCloseEditor(int rc)
     endEdit<VariableSelectionDialog>(rc == QDialog::Accepted);
 }
 
-// The line in a combo box sends this, and is no combo box: a keyword that is being typed is taken
-// over by Return, or by the base class when the editor loses the focus, and never by the line
-// itself, which reports an end as soon as its list of choices opens.
+// Connected to the line edit of a combo box, which is not a QComboBox, so nothing happens: its
+// editingFinished() is also emitted when the popup list opens. A typed keyword is committed by
+// Return, or by the base class on focus loss.
 void Antlr3_BaseTreeDelegate::cbCommitAndCloseEditor()
 {
     endEdit<QComboBox>(true);

@@ -1,6 +1,6 @@
-// How cells look and how they are edited. One class for all cells of all tabs; it holds no state
-// and takes the tab from the object name of the model behind the index, "Model13" to "Model17".
-// What the user enters goes to the model as commands on the active undo stack.
+// The delegate of all five tabs: paints cells and creates their editors. It has no state; the tab
+// follows from the object name of the index's model, "Model13" to "Model17". Edits go to the model
+// as commands on the active undo stack.
 #pragma once
 
 #include <QStringList>
@@ -17,31 +17,32 @@ class Antlr3_BaseTreeDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    // Marks a wrong cell with the error icon at its right; draws nothing while a file is loading.
+    // Paints the error icon at the right of a wrong cell. Paints nothing while a file is loading.
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
 
-    // What a cell's text reads like: a keyword by its display name, a placeholder as nothing.
+    // A keyword's display name; empty for a placeholder ("FILLER_TXT"); other texts without a
+    // leading blank.
     QString displayText(const QVariant& value, const QLocale& locale) const override;
 
-    // At least 40 pixels high.
+    // The height is at least 40 pixels.
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
-    // Null for a cell that cannot be edited. Dialogs belong to the main window, other editors to
-    // the parent; the view deletes either.
+    // Null for a cell that cannot be edited. The parent of a dialog is the main window, that of
+    // other editors is parent. The view deletes the editor in both cases.
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model,
                       const QModelIndex& index) const override;
 
-    // The cell, or more to the right and downwards where the editor needs it.
+    // Sets the editor to the cell's rectangle, enlarged to the editor's size hint.
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
 
 public Q_SLOTS:
-    // Each ends the edit of the editor that sends the signal, and first takes its value over; a
-    // sender of another class is none. The dialogs' values are taken over only when accepted.
+    // Commits and closes the sending editor; other senders are ignored. A dialog that was not
+    // accepted is closed without a commit.
     void commitAndCloseEditor();
     void sbCommitAndCloseEditor();
     void commitAndCloseEditor(int index);
@@ -49,8 +50,8 @@ public Q_SLOTS:
     void cbCommitAndCloseEditor();
     void asamCommitAndCloseEditor(int rc);
 
-    // Return ends the edit in a cell and does nothing in a dialog; a dialog also stays open when
-    // it loses the focus.
+    // Return commits and closes an editor in a cell; a dialog ignores it, and also stays open on
+    // focus loss.
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
@@ -65,7 +66,7 @@ private:
     QWidget* createEditorTab5(QWidget* the_parent, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const;
 
-    // Offers the keywords that no other row has.
+    // Fills the combo box with the keywords that no other row has.
     void keywordComboBoxSetup(QComboBox* editor, const QModelIndex& index) const;
 
     void setModelDataTab1(QWidget* editor, QAbstractItemModel* model,
@@ -107,26 +108,27 @@ private:
 
     QWidget* yesno_editor(QWidget* the_parent) const;
 
-    // The display name of the first keyword that agrees with the first `length` bytes of the text,
-    // so the beginning of a keyword has one too; empty for none.
+    // The display name of the first keyword that begins with the first `length` bytes of value;
+    // empty if there is none.
     QString convertKeywordText(const char* value, size_t length) const;
 
-    // Declared only: an interval is edited as one text, its units in brackets.
+    // Declared, but not defined: an interval is edited as one text, as in "1[sec]".
     QWidget* interval_w_units_editor(QWidget* the_parent, const QModelIndex& index) const;
 
-    // A line edit whose cell is marked while its text does not match the format; the length does
-    // not limit it.
+    // A line edit whose cell is marked as wrong while the text does not match the regular
+    // expression. length is not used.
     QWidget* get_line_editor(QWidget* parent, const char* format, unsigned int length,
                              const char* message, const QModelIndex& index) const;
     QWidget* integer_editor(QWidget* the_parent, int minValue, int maxValue) const;
 
-    // The platform's keywords for the variable of this label that no other row has, in the order
-    // of the platform's table; none without a keyword area.
+    // The platform's keywords that fit the units of the variable of this label and that no other
+    // row has, in the order of the platform's table. Empty if there is no keyword area.
     QStringList PAM_Keywords(const QString& label, const QModelIndex& index) const;
     QStringList Chan_Keywords(const QString& label, const QModelIndex& index) const;
     QStringList mPAM_Keywords(const QString& label, const QModelIndex& index,
                               int keywordType) const;
 
+    // Closes the sender, after commitData() if commit is set. Ignored if it is not an Editor.
     template <typename Editor>
     void endEdit(bool commit);
     QWidget* keywordEditor(QWidget* the_parent, const QModelIndex& index) const;
@@ -137,6 +139,5 @@ private:
     QWidget* asamEditor(const QModelIndex& index) const;
 };
 
-// The platform's keywords; null until they are first asked for, and then attached to the end of the
-// process.
+// The platform's keyword area. Null until it is first needed; never detached.
 extern const KEYWORD_MEMORY* Keyword_memory;

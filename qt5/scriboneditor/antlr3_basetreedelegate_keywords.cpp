@@ -1,4 +1,4 @@
-// Editing the Keywords tab, where a row's keyword decides how its values are edited.
+// The editors of the Keywords tab, where the keyword of a row decides which editor its values get.
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int MOST_SCANS = 1000000;
+constexpr int MAX_SCANS = 1000000;
 
 struct LineFormat {
     VaidatorFormat format;
@@ -52,7 +52,7 @@ const LineFormat& lineFormatOf(int editorType)
     }
 }
 
-// Null where a keyword has no second value.
+// Null if the keyword has no second value.
 const LineFormat* secondLineFormatOf(int editorType)
 {
     switch (editorType) {
@@ -75,7 +75,7 @@ int keywordTypeOf(const QModelIndex& index)
     return editorTypeOf(index.siblingAtColumn(0));
 }
 
-// A keyword as it is offered: in lower case without its "@".
+// A keyword as the combo box shows it: in lower case, without its "@".
 QString offeredName(QString keyword)
 {
     if (!keyword.startsWith(QLatin1Char('@')))
@@ -105,8 +105,9 @@ QStringList wordsLeftFor(const QModelIndex& index)
     return list;
 }
 
-// By position: a word has its tool tip only where nothing before it has been taken out, since
-// users know the list by its full form.
+// The tool tip of an item, looked up by its position; null if that row of SCRIBON_KEYWORDS has
+// another keyword. So items behind one that is left out have no tool tip. Existing behaviour, kept
+// for compatibility.
 const char* choiceHelpAt(int position, const QString& word)
 {
     const ScribonKeyword& keyword = SCRIBON_KEYWORDS[static_cast<size_t>(position)];
@@ -123,7 +124,7 @@ void showKeyword(QComboBox* comboBox, const QString& name)
     comboBox->setCurrentIndex(qMax(currentIndex, 0));
 }
 
-// Shows a variable in a dialog that is not shown yet: whatever it is, it stands in the line.
+// Selects the variable in a dialog that is not shown yet, or sets it as edit text if it is unknown.
 void showVariable(VariableSelectionDialog* dialog, const QString& text)
 {
     QComboBox* const comboBox = dialog->variableComboBox();
@@ -155,9 +156,9 @@ void showInterval(VariableSelectionDialog* dialog, const QModelIndex& index)
         showVariableOfCell(dialog, index);
 }
 
-// A variable in place of a path is not handed on as the dialog's original, so the dialog clears its
-// line when it comes up. The file keeps the variable unless another one or a path is chosen: an
-// empty value is never written into a cell.
+// A variable in place of a path is not set as the dialog's original, so the dialog opens with an
+// empty variable. Existing behaviour, kept for compatibility. The cell keeps its variable unless
+// another one or a path is chosen: empty values are not stored.
 void showPath(VariableSelectionDialog* dialog, const QModelIndex& index)
 {
     const QString text = textOf(index);
@@ -200,10 +201,9 @@ QString valueOfDialog(const VariableSelectionDialog& dialog, int editorType)
     return dialog.variableComboBox()->currentText();
 }
 
-// What a comment or a free text becomes. A word that is a keyword makes the row a keyword's; one
-// typed with its "@" gets a second one, and the file says "@@MODE" for "@mode". A comment in place
-// of a free text counts as such a word too: the file gets it in upper case. All other text stays as
-// typed.
+// The text to store for a row that is a comment or free text. A word that is a keyword without its
+// "@" becomes that keyword; other text stays as typed. Existing behaviour, kept for compatibility:
+// "@mode" becomes "@@MODE", and a comment typed in place of a free text is stored in upper case.
 QString freeTextOrKeyword(const QString& value, int editorType)
 {
     QString value2 = value;
@@ -216,7 +216,7 @@ QString freeTextOrKeyword(const QString& value, int editorType)
 
 }  // namespace
 
-// ---- Making editors ----------------------------------------------------------------------------
+// ---- Creating editors --------------------------------------------------------------------------
 
 QWidget* Antlr3_BaseTreeDelegate::createEditorTab1(QWidget* the_parent,
                                                    const QStyleOptionViewItem& /*option*/,
@@ -261,7 +261,7 @@ QWidget* Antlr3_BaseTreeDelegate::keywordValueEditor(QWidget* the_parent,
         case YESNO_EDITOR:
             return yesno_editor(the_parent);
         case INTEGER_EDITOR:
-            return integer_editor(the_parent, 0, MOST_SCANS);
+            return integer_editor(the_parent, 0, MAX_SCANS);
         case LOGICAL_VAR_EDITOR:
             return variableEditor(index, QT_MARVANE_LOGICAL, "");
         case STRING_VAR_EDITOR:
@@ -354,7 +354,7 @@ void Antlr3_BaseTreeDelegate::setEditorDataTab1(QWidget* editor, const QModelInd
     }
 }
 
-// A keyword that is not on offer opens on the first free one. The line is selected, so that typing
+// A keyword that is not in the list selects the first item. All text is selected, so that typing
 // replaces it.
 void Antlr3_BaseTreeDelegate::setEditorDataTab1Col0(QWidget* editor, const QModelIndex& index) const
 {

@@ -1,5 +1,5 @@
-// Editing the list tabs. A variable's cell holds its name, then maybe a member, then maybe units in
-// square brackets: the dialog gets the parts, and they are joined again behind it.
+// The editors of the list tabs. The cell of a variable holds its name, optionally with a member and
+// with units in square brackets: it is split into these parts for the dialog and joined again.
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -32,8 +32,7 @@ void splitIntoDialog(VariableSelectionDialog* dialog, const QString& text)
     dialog->variableComboBox()->setCurrentText(sl[0]);
 }
 
-// Units are named only where they are not the variable's own. No units at all, which is what the
-// dialog shows for a cell that names the default ones, differ from them too and give "[]".
+// Adds units only if they differ from the default; none selected gives "[]".
 QString unitsSuffix(const VariableSelectionDialog& dialog)
 {
     const QString uValue = dialog.unitsComboBox()->currentText();
@@ -50,8 +49,8 @@ QString joinFromDialog(const VariableSelectionDialog& dialog)
     return value + dialog.subText().trimmed() + unitsSuffix(dialog);
 }
 
-// A member that is none of a statistic belongs to the variable's name. Typed with its full stop,
-// it loses that and its first letter, and the file gets a NUL behind it.
+// What a member that is not statistical adds to the variable's name. Existing behaviour, kept for
+// compatibility: typed with its full stop, it loses that and its first letter, and a NUL is added.
 QString foreignMember(const QString& statmem)
 {
     if (!statmem.startsWith(QLatin1Char('.')))
@@ -66,8 +65,8 @@ QString withFullStop(const QString& member)
     return complete ? member : QLatin1Char('.') + member;
 }
 
-// The Scan List has a column for the member, unless it is none of a statistic. Only a variable with
-// a full stop in its name gets one put before its member.
+// Stores a statistical member in its own column of the Scan List and any other member as part of
+// the variable's name. A full stop is put before the member only if the variable's name has one.
 void storeScanListVariable(const VariableSelectionDialog& dialog, QAbstractItemModel* model,
                            const QModelIndex& index)
 {
@@ -90,7 +89,7 @@ void storeScanListVariable(const VariableSelectionDialog& dialog, QAbstractItemM
 
 // ---- The rest of the cells ---------------------------------------------------------------------
 
-// The first item when there is none of that text.
+// Selects the item of this text, or the first one if there is none.
 void showItem(QWidget* editor, const QString& text)
 {
     auto* const comboBox = qobject_cast<QComboBox*>(editor);
@@ -113,7 +112,7 @@ bool isLiteral(const QString& text)
     return text.startsWith(QLatin1Char('\'')) || text.startsWith(QLatin1Char('"'));
 }
 
-// A row without an alternate name takes its own text for one.
+// Stores the variable as its alternate name if the row has none yet.
 void storeAlternateName(QAbstractItemModel* model, const QModelIndex& index, const QString& value)
 {
     const QString item = textOf(index).trimmed();
@@ -125,6 +124,7 @@ void storeAlternateName(QAbstractItemModel* model, const QModelIndex& index, con
 
 // ---- The platform's keywords -------------------------------------------------------------------
 
+// Attaches the keyword area at the first call. False if there is none.
 bool linkKeywordMemory()
 {
     void* area = nullptr;
@@ -133,8 +133,9 @@ bool linkKeywordMemory()
     return Keyword_memory != nullptr;
 }
 
-// As many characters are cut off as the closing bracket's code, 93, and with them any units that a
-// cell names: the keywords on offer go by the variable's own units.
+// Always empty, unless the units are longer than 93 characters: chop() takes the character code of
+// ']' as a count. So only the variable's own units decide which keywords are offered. Existing
+// behaviour, kept for compatibility.
 QString typedUnits(const QString& label)
 {
     QString units = label.section(QLatin1Char('['), 1, 1);
@@ -142,6 +143,7 @@ QString typedUnits(const QString& label)
     return units;
 }
 
+// Empty if the platform does not know the variable.
 QByteArray unitsOfVariable(const QString& label)
 {
     const QString name = label.section(QLatin1Char('['), 0, 0);
@@ -151,7 +153,7 @@ QByteArray unitsOfVariable(const QString& label)
     return get_variable_units(mem);
 }
 
-// 0, which stands for any units, when none are known.
+// 0, which means any units, if none are known.
 int32_t unitsCodeFor(const QString& label)
 {
     QByteArray units = typedUnits(label).toLocal8Bit();
@@ -176,7 +178,7 @@ bool isOffered(const PAM_KEYWORD& entry, int32_t unitsCode, int keywordType)
            entry.keyword[0] != '\0';
 }
 
-// How often the other rows have each text in the column of channel keywords.
+// How often each text occurs in column 3 of the other rows.
 QHash<QString, int> keywordsOfOtherRows(const QModelIndex& index)
 {
     QHash<QString, int> uses;
@@ -189,7 +191,8 @@ QHash<QString, int> keywordsOfOtherRows(const QModelIndex& index)
     return uses;
 }
 
-// False when none is left: a name that the platform has twice is taken by two rows.
+// Counts one use of the name down; false if none is left. A keyword that the platform has twice can
+// be used by two rows.
 bool takeOneUse(QHash<QString, int>* uses, const QString& name)
 {
     const auto use = uses->find(name);
@@ -306,7 +309,7 @@ void Antlr3_BaseTreeDelegate::setEditorDataTab2Col1(QWidget* editor, const QMode
 
 void Antlr3_BaseTreeDelegate::setEditorDataTab2Col2(QWidget* editor, const QModelIndex& index) const
 {
-    // The empty last item is for a cell of blanks; an empty cell opens on the first.
+    // A cell of blanks selects the empty last item, an empty cell the first item.
     const QString text = textOf(index);
     showItem(editor,
              text.isEmpty() ? editorAccess().statisticalMembers().value(0) : text.trimmed());
@@ -324,7 +327,7 @@ void Antlr3_BaseTreeDelegate::setModelDataTab2(QWidget* editor, QAbstractItemMod
         if (index.column() == 1)
             storeScanListVariable(*dialog, model, index);
     } else if (const auto* const comboBox = qobject_cast<QComboBox*>(editor)) {
-        // Two blanks set a member off from the variable before it in the file.
+        // The two blanks separate the member from the variable in the file.
         if (index.column() == 2)
             store(model, index, QLatin1String("  ") + comboBox->currentText());
         else if (index.column() == 3)
@@ -493,7 +496,7 @@ void Antlr3_BaseTreeDelegate::setEditorDataTab5Col2(QWidget* editor, const QMode
         dialog->fileComboBox()->setEditText(sl[0]);
     if (sl.size() > 1)
         dialog->ecmComboBox()->setEditText(sl[1]);
-    // A new row's blank reads as 0.
+    // The blank of a new row converts to 0.
     dialog->extSpinBoxEdit()->setValue(textOf(index.siblingAtColumn(1)).toInt());
 }
 
@@ -506,7 +509,7 @@ void Antlr3_BaseTreeDelegate::setModelDataTab5(QWidget* editor, QAbstractItemMod
         const QString value = (dialog->fileComboBox()->currentText() + QLatin1Char(':') +
                                dialog->ecmComboBox()->currentText())
                                   .trimmed();
-        // ":0" is what an untouched dialog gives that has no file.
+        // ":0" is the value of an untouched dialog without a file.
         if (dialog->canceled == 1 || value == QLatin1String(":0"))
             return;
         const QString indValue = QString::number(dialog->extSpinBoxEdit()->value());

@@ -1,4 +1,5 @@
-// A widget that edits a node of the parse tree. Nothing shows one yet.
+// A widget for a node of the parse tree. Not used by the program. Existing interface, kept for
+// compatibility.
 #pragma once
 
 #include <QWidget>
@@ -13,7 +14,7 @@ public:
 
     QSize sizeHint() const override;
 
-    // The node belongs to the parser.
+    // The node is owned by the parser.
     void setBaseTree(pANTLR3_BASE_TREE tree) { treeItem = tree; }
     pANTLR3_BASE_TREE baseTree() const { return treeItem; }
 

@@ -1,4 +1,4 @@
-// Cells as the editors of the tabs read and write them.
+// Helpers with which the delegate reads and stores the text of cells.
 #pragma once
 
 #include <QByteArray>
@@ -14,7 +14,8 @@ inline QString textOf(const QModelIndex& index)
     return index.data(Qt::EditRole).toString();
 }
 
-// What kind of editor a text calls for; its token goes to *tok_type.
+// The type of editor for a text. Stores the type of its first token in *tok_type unless that is
+// null.
 inline int editorTypeOf(const QString& text, int* tok_type = nullptr)
 {
     const QByteArray bytes = text.toUtf8();
@@ -30,20 +31,20 @@ inline int editorTypeOf(const QModelIndex& index)
     return editorTypeOf(textOf(index));
 }
 
-// Of a row that no keyword rules.
+// Whether a row of this type has no keyword in column 0.
 inline bool isFreeText(int editorType)
 {
     return editorType == TEXT_BLOCK || editorType == COMMENT_LINE;
 }
 
-// Through the active undo stack; nothing for a model of another kind.
+// Sets the value by a command on the active undo stack. Does nothing if model is not a TreeModel.
 inline void store(QAbstractItemModel* model, const QModelIndex& index, const QVariant& value)
 {
     if (auto* const treeModel = qobject_cast<TreeModel*>(model))
         treeModel->undoredo_setData(index, value, Qt::EditRole);
 }
 
-// Takes the mark off a cell whose value is about to be replaced.
+// Resets the error code of a cell before its value is replaced.
 inline void clearMark(QAbstractItemModel* model, const QModelIndex& index)
 {
     if (auto* const treeModel = qobject_cast<TreeModel*>(model))

@@ -4,6 +4,7 @@
 
 namespace {
 
+// Whether the text begins with a quote and the next quote of the same kind is its last character.
 bool isQuoted(const QString& text)
 {
     if (!text.startsWith(QLatin1Char('"')) && !text.startsWith(QLatin1Char('\'')))
@@ -16,7 +17,7 @@ QString withoutLineBreaks(QString text)
     return text.remove(QLatin1Char('\n')).remove(QLatin1Char('\r'));
 }
 
-// The cursor stays behind what stood before it.
+// Keeps the cursor behind the same characters.
 void takeOutLineBreaks(QLineEdit* lineEdit)
 {
     const QString text = lineEdit->text();

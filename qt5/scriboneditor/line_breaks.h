@@ -1,16 +1,13 @@
-// Keeps line breaks, which only come by pasting or dropping, out of the lines whose text becomes a
-// cell: in the file the rest of the text would stand on a line of its own, and be read as another
-// row or statement.
+// Keeps line breaks out of line edits whose text goes to a cell. They come by paste or drop, and in
+// the file the rest of the text would be read as another row or statement.
 #pragma once
 
 #include <QString>
 
 class QLineEdit;
 
-// Takes them out of whatever the user enters, as soon as it is entered. Texts that the program sets
-// stay as they are.
+// Removes line breaks from what the user enters. Texts set by setText() are not changed.
 void refuseLineBreaks(QLineEdit* lineEdit);
 
-// The same, but for a line that may hold a quoted text: the file can have line breaks between
-// quotes.
+// The same, except if the whole text is in quotes, where the file can have line breaks.
 void refuseLineBreaksOutsideQuotes(QLineEdit* lineEdit);

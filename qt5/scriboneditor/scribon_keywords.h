@@ -1,5 +1,5 @@
-// The keywords of the language, one row each: everything that the program knows about a keyword is
-// told here once, and the lists that differ on purpose are derived from it.
+// The table of keywords, one row each. Everything that the program knows about a keyword is here;
+// the other lists of keywords are derived from it.
 #pragma once
 
 #include <array>
@@ -7,27 +7,28 @@
 #include "editor_types.h"
 #include "scribonspecs_tokens.h"
 
-// What is true of a keyword.
+// Properties of a keyword.
 enum ScribonKeywordFlag : unsigned {
-    REQUIRED = 1,     // every spec file must keep it: its row cannot be removed
-    IN_WORD_LIST = 2  // the Keywords tab offers it, and accepts it once
+    REQUIRED = 1,     // its row cannot be removed
+    IN_WORD_LIST = 2  // the Keywords tab offers it, and accepts it only once
 };
 
 struct ScribonKeyword {
     const char* spelling;
     int token;
-    int editor;  // the kind of editor that the keyword's value calls for
+    int editor;  // editor type of the keyword's value
     unsigned flags;
-    const char* displayName;  // what cells show in its place; null shows nothing
-    const char* help;         // the tool tip of its cell; null for none
-    const char* choiceHelp;   // the tool tip where it is offered; null for none, SAME_AS_HELP
+    const char* displayName;  // shown in cells; null shows an empty cell
+    const char* help;         // tool tip of its cell; null for none
+    const char* choiceHelp;   // tool tip of its combo box item; null for none, or SAME_AS_HELP
 
     constexpr bool is(ScribonKeywordFlag flag) const { return (flags & flag) != 0; }
 };
 
 inline constexpr char SAME_AS_HELP[] = "";
 
-// In the order in which the Keywords tab offers them; then those that it does not offer.
+// In the order in which the Keywords tab offers them, then those that it does not offer. SCAN_LIST,
+// which it does not offer either, keeps its place, since tool tips are looked up by position.
 // clang-format off
 inline constexpr std::array<ScribonKeyword, 38> SCRIBON_KEYWORDS{{
     {"@CLEAR_STATISTICS_EVENT", TOKEN_KYWD_CLR_STAT_EVT, EVENT_EDITOR, IN_WORD_LIST, "Clear Statistics Event",
@@ -180,8 +181,8 @@ inline constexpr std::array<ScribonKeyword, 38> SCRIBON_KEYWORDS{{
      nullptr},
 }};
 
-// The order in which a text is looked up among the display names: the beginning of a keyword shows
-// as the first one here that begins so.
+// The order in which Antlr3_BaseTreeDelegate::convertKeywordText() looks a text up: the beginning
+// of a keyword is shown as the first keyword here that begins with it.
 inline constexpr std::array<int, 37> DISPLAY_ORDER{{
     TOKEN_KYWD_SCRIBON, TOKEN_KYWD_TEST_ID, TOKEN_KYWD_TEST_TYPE, TOKEN_KYWD_MODE,
     TOKEN_KYWD_GROUP, TOKEN_KYWD_PROGRAM, TOKEN_KYWD_DESCRIPTION, TOKEN_KYWD_SCAN_INTV,
@@ -197,6 +198,7 @@ inline constexpr std::array<int, 37> DISPLAY_ORDER{{
 }};
 // clang-format on
 
+// Null for a token that is not a keyword of the table.
 constexpr const ScribonKeyword* scribonKeyword(int token)
 {
     for (const ScribonKeyword& keyword : SCRIBON_KEYWORDS) {

@@ -24,7 +24,7 @@ ValidationCharm::ValidationCharm() : QObject(nullptr)
 
 ValidationCharm::~ValidationCharm() = default;
 
-// The index is kept as one that follows its cell: rows may come and go while a dialog is open.
+// A persistent index, since rows may be inserted or removed while a dialog is open.
 void ValidationCharm::activateOn(QLineEdit* lineEdit, QValidator* validator, const QString& message,
                                  const QModelIndex& index)
 {
@@ -63,7 +63,7 @@ void ValidationCharm::textEdited_(const QString& /*text*/)
     }
 }
 
-// Does nothing to a text without any.
+// Sets the text without line feeds. Leaves the line edit alone if there are none.
 void ValidationCharm::removeLineFeeds(QLineEdit* lineEdit, const QString& text)
 {
     if (text.contains(QLatin1Char('\n')))

@@ -1,5 +1,5 @@
-// Judges what the user types into a line edit, at each keystroke and without refusing any: the
-// outcome goes to the cell under edit, whose mark and counters follow while the user still types.
+// Validates the text of a line edit at each keystroke, without rejecting any. The result goes to
+// the model as the error code of the edited cell, so that its mark and the error counters follow.
 #pragma once
 
 #include <QModelIndex>
@@ -9,7 +9,7 @@
 class QLineEdit;
 class QValidator;
 
-// Holds no state: all of it lies on the line edits, so one charm can serve several of them.
+// All state is in dynamic properties of the line edits, so one charm can serve several of them.
 class ValidationCharm : public QObject {
     Q_OBJECT
 
@@ -17,8 +17,8 @@ public:
     ValidationCharm();
     ~ValidationCharm() override;
 
-    // From now on, what is typed is judged. The validator has to live as long as the line edit; a
-    // cell that goes away is no longer marked.
+    // Starts validating. The validator is not owned and must live as long as the line edit. The
+    // cell may be removed meanwhile.
     void activateOn(QLineEdit* lineEdit, QValidator* validator, const QString& message,
                     const QModelIndex& index);
     void deactivateOn(QLineEdit* lineEdit);

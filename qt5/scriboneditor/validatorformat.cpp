@@ -39,8 +39,8 @@ constexpr auto STAT_MEMBER_PATTERN = statMemberPattern();
 }  // namespace
 
 // clang-format off
-// Some are wider than they look, such as the range "_-(" of VarName_VF, which stands for all
-// characters from the bracket to the underscore: files in use rely on that.
+// Some accept more than they seem to, such as VarName_VF, whose "_-(" is a range of characters.
+// Existing behaviour, kept for compatibility.
 const std::array<const char*, VALIDATOR_COUNT> ValidatorPatterns{
     R"x(^([A-Za-z_0-9][A-Za-z_0-9]?){1,31})x",
     R"x(^[A-Za-z_]([A-Za-z_0-9]*){1,31})x",

@@ -1,11 +1,11 @@
-// The formats that a cell's text can be held against.
+// The formats that the text of a cell can be checked against.
 #pragma once
 
 #include <QRegExpValidator>
 #include <array>
 #include <memory>
 
-// What a cell's text can be held against. A text passes when the validator answers Acceptable.
+// A text matches a format if its validator returns QValidator::Acceptable.
 enum VaidatorFormat {
     Event_Name_VF,
     RegName_VF,
@@ -27,7 +27,7 @@ enum VaidatorFormat {
     VALIDATOR_COUNT
 };
 
-// The formats as patterns of the toolkit's default syntax, case-sensitive.
+// The formats as QRegExp patterns in the default syntax, case-sensitive.
 extern const std::array<const char*, VALIDATOR_COUNT> ValidatorPatterns;
 
 using FormatValidators = std::array<std::unique_ptr<QRegExpValidator>, VALIDATOR_COUNT>;
