@@ -25,10 +25,10 @@ pANTLR3_INPUT_STREAM Input = nullptr;
 pscribonspecsLexer Lex = nullptr;
 scribonspecsParser_expr_return Result{};
 
-// The bytes behind Input, which does not copy them.
+// The bytes of the file. Input does not copy them.
 std::string fileBytes;
 
-// What preload_file has read for the next read_file.
+// What preload_file() has read for the next read_file().
 struct {
     bool there = false;
     std::string name;
@@ -40,7 +40,8 @@ std::vector<std::unique_ptr<char[]>> editedTokenTexts;
 constexpr ANTLR3_UINT32 FILE_TOKENS_HINT = 1025;
 constexpr ANTLR3_UINT32 CELL_TOKENS_HINT = 10;
 
-// The runtime counts the bytes of a stream in 32 bits.
+// Returns 0 or an errno; EFBIG for a file whose size does not fit into the 32 bits that the ANTLR
+// runtime has for it.
 int readBytes(const char* filename, std::string* bytes)
 {
     const int error = readWholeFile(filename, bytes);
@@ -54,7 +55,8 @@ bool isRegularFile(const char* filename)
     return stat(filename, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-// A file that is gone by now is not parsed, whether it was read before or not.
+// Sets fileBytes, from the preloaded bytes if they are of this file. False if the file cannot be
+// read, or was removed since it was preloaded.
 bool takeFileBytes(const char* filename)
 {
     const bool known = std::exchange(preloaded.there, false) && preloaded.name == filename;
@@ -62,8 +64,8 @@ bool takeFileBytes(const char* filename)
     return known ? isRegularFile(filename) : readBytes(filename, &fileBytes) == 0;
 }
 
-// A stream on the bytes that were read and checked: the runtime's own file stream takes no notice
-// of a read that fails or comes back short. It copies the name.
+// A string stream on fileBytes, since the runtime's file stream ignores failed and short reads. The
+// stream copies the name.
 pANTLR3_INPUT_STREAM streamOfFileBytes(std::string name)
 {
     return antlr3StringStreamNew(reinterpret_cast<pANTLR3_UINT8>(fileBytes.data()), ANTLR3_ENC_8BIT,
@@ -98,7 +100,7 @@ struct TypeToEditor {
     int editor;
 };
 
-// What tokens and nodes call for that are no keywords with a spelling of their own.
+// The editor types of tokens and nodes that are not in SCRIBON_KEYWORDS.
 constexpr std::array<TypeToEditor, 12> OTHER_EDITORS{{
     {TOKEN_COMMENT, COMMENT_LINE},
     {TOKEN_EDITOR_TAB1, EDIT_TAB1},
@@ -133,7 +135,8 @@ int editorOfType(ANTLR3_UINT32 type)
     return type < EDITOR_OF_TYPE.size() ? EDITOR_OF_TYPE[type] : static_cast<int>(TEXT_BLOCK);
 }
 
-// The type of the first token in a text, 0 without one.
+// The type of the first token in a text, TOKEN_INVALID (0) if it has none. Two zero bytes must
+// follow the size bytes of the text.
 int firstTokenType(char* zeroTerminated, size_t size)
 {
     TextLexer lexer(zeroTerminated, size);
@@ -144,19 +147,19 @@ int firstTokenType(char* zeroTerminated, size_t size)
     return static_cast<int>(token->getType(token));
 }
 
-// Copies a text in front of the zero bytes that the string stream reads behind it; most cells fit
-// into the local buffer.
+// Lexes a copy of the text, with the two zero bytes behind it that the string stream reads. Most
+// texts fit into the local buffer.
 int tokenTypeOf(const char* value, size_t size)
 {
     constexpr size_t LOCAL_SIZE = 128;
-    constexpr size_t READ_BEHIND = 2;
+    constexpr size_t ZERO_BYTES = 2;
     if (size <= LOCAL_SIZE) {
-        std::array<char, LOCAL_SIZE + READ_BEHIND> buffer{};
+        std::array<char, LOCAL_SIZE + ZERO_BYTES> buffer{};
         std::copy_n(value, size, buffer.begin());
         return firstTokenType(buffer.data(), size);
     }
     std::string buffer(value, size);
-    buffer.append(READ_BEHIND, '\0');
+    buffer.append(ZERO_BYTES, '\0');
     return firstTokenType(buffer.data(), size);
 }
 
@@ -168,8 +171,7 @@ bool isRequiredKeyword(int tokenType)
 
 }  // namespace
 
-// ---- The load
-// ------------------------------------------------------------------------------------
+// ---- The load -----------------------------------------------------------------------------------
 
 int preload_file(const char* filename)
 {
@@ -233,8 +235,7 @@ pANTLR3_BASE_TREE treeChild(int i)
     return static_cast<pANTLR3_BASE_TREE>(root->getChild(root, static_cast<ANTLR3_UINT32>(i)));
 }
 
-// ---- What a text is
-// ------------------------------------------------------------------------------
+// ---- What a text is -----------------------------------------------------------------------------
 
 TextLexer::TextLexer(char* zeroTerminated, size_t size)
     : m_input(antlr3StringStreamNew(reinterpret_cast<pANTLR3_UINT8>(zeroTerminated),
@@ -298,8 +299,8 @@ void AntlrErrorHandler(pANTLR3_BASE_RECOGNIZER recognizer)
     recognizer->state->error = ANTLR3_FALSE;
 }
 
-// The runtime keeps an exception for every character that was dropped until the lexer goes, so a
-// large file of nothing else would eat up the memory: only the last one is kept.
+// The runtime keeps an exception for each dropped character until the lexer is freed, which could
+// use up the memory for a large file. So all but the last one are freed.
 void LAntlrErrorHandler(pANTLR3_BASE_RECOGNIZER recognizer)
 {
     const pANTLR3_EXCEPTION last = recognizer->state->exception;
@@ -316,8 +317,8 @@ void* AntlrErrorNode(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_TOKEN_STREAM /*c
     pANTLR3_COMMON_TOKEN token = startToken;
     if (e != nullptr && e->token != nullptr)
         token = static_cast<pANTLR3_COMMON_TOKEN>(e->token);
-    // The token's string belongs to the input's factory and outlives the tree. It is set as a
-    // whole, since a C string ends at a zero byte inside quotes.
+    // The token's string is owned by the input's string factory and outlives the tree. setText()
+    // with the string, since a C string would end at a zero byte inside quotes.
     const pANTLR3_STRING text = token->getText(token);
     const auto node = static_cast<pANTLR3_BASE_TREE>(
         adaptor->createTypeText(adaptor, TOKEN_INVALID, text->chars));

@@ -1,4 +1,4 @@
-// The objects of the one current parse, shared by the files of the language layer and nobody else.
+// The parser objects of the current file. To be included by the files of the language layer only.
 #pragma once
 
 #include <memory>
@@ -9,7 +9,8 @@
 extern pscribonspecsParser Parser;
 extern pANTLR3_COMMON_TOKEN_STREAM TokenStream;
 
-// Releases a runtime object through its own member: close for input streams, free for the rest.
+// Frees an object of the ANTLR runtime by its own function: close() for input streams, free() for
+// the others.
 struct RuntimeDeleter {
     void operator()(pANTLR3_INPUT_STREAM input) const { input->close(input); }
     template <typename Object>
@@ -21,30 +22,29 @@ struct RuntimeDeleter {
 template <typename Pointer>
 using RuntimePtr = std::unique_ptr<std::remove_pointer_t<Pointer>, RuntimeDeleter>;
 
-// A text of its own, lexed once. Reads `size` bytes and the two zero bytes that must stand behind
-// them; the buffer has to outlive the object.
+// A lexer for the text of a cell. Reads `size` bytes and two zero bytes, which must follow them.
+// The buffer is not copied: it must outlive the object.
 class TextLexer {
 public:
     TextLexer(char* zeroTerminated, size_t size);
 
-    // The first token, off-channel ones included; null for a text without one. Lives as long as
-    // this object.
+    // The first token, also one of a hidden channel; null if there is none. Owned by this object.
     pANTLR3_COMMON_TOKEN firstToken();
 
 private:
-    // In this order, so that they die in reverse.
+    // The order matters: each uses the one before it and is destroyed first.
     RuntimePtr<pANTLR3_INPUT_STREAM> m_input;
     RuntimePtr<pscribonspecsLexer> m_lexer;
     RuntimePtr<pANTLR3_COMMON_TOKEN_STREAM> m_tokens;
 };
 
-// Lets the file's token stream, if there is one, read on to the end of its file.
+// Lets the token stream of the file, if there is one, read all remaining tokens.
 void fillFileTokenStream();
 
-// Completes a tree with the sections that a file may leave out; each looks at one section.
+// Each adds one optional section to the tree if it is missing, or a line end if it is empty.
 void add_meta_data_section();
 void add_ecm_list();
 void add_scan_list_aux_user();
 
-// Keeps the text of an edited token alive as long as the tree and returns it.
+// Takes ownership of the text of a token and keeps it as long as the tree. Returns the pointer.
 char* keepTokenText(std::unique_ptr<char[]> text);

@@ -1,5 +1,5 @@
-// The sections that a spec file may leave out. Every tab needs one, so the load makes up what is
-// missing, behind all the statements and before the end of input.
+// The optional sections of a spec file. Each tab needs its section, so read_file() adds the missing
+// ones to the tree, behind all statements and before the end of input.
 
 #include <algorithm>
 #include <array>
@@ -15,8 +15,8 @@ struct SectionChild {
     const char* text;
 };
 
-// Three sections that differ on purpose: the first gets no row, the others one row of blanks; and
-// what counts as content of a section that is there is not the same for all.
+// The sections differ on purpose: Meta Data gets no row, the others one row of blanks, and each has
+// its own list of nodes that do not count as content. Existing behaviour, kept for compatibility.
 struct OptionalSection {
     ANTLR3_UINT32 declaration;
     const char* declarationName;
@@ -76,7 +76,7 @@ pANTLR3_BASE_TREE childOfType(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 type)
     return static_cast<pANTLR3_BASE_TREE>(tree->getFirstChildWithType(tree, type));
 }
 
-// Appends the declaration's node to the root and moves the end of input behind it again.
+// Appends the declaration's node to the root, in front of the end of input.
 pANTLR3_BASE_TREE appendDeclaration(const OptionalSection& section, pANTLR3_BASE_TREE root)
 {
     const pANTLR3_BASE_TREE endOfInput = childOfType(root, ANTLR3_TOKEN_EOF);
@@ -126,8 +126,8 @@ void ensureLineEnd(pANTLR3_BASE_TREE declaration)
     declaration->freshenPACIndexesAll(declaration);
 }
 
-// Makes the section up or, when it is there, gives it a line end if `needsLineEnd` says so of its
-// declaration and whether that has content.
+// Adds the section if it is missing. If it is there, adds a line end if needsLineEnd(declaration,
+// hasContent) is true.
 template <typename NeedsLineEnd>
 void completeSection(const OptionalSection& section, NeedsLineEnd needsLineEnd)
 {
@@ -144,8 +144,8 @@ bool whenEmpty(pANTLR3_BASE_TREE /*declaration*/, bool content)
     return !content;
 }
 
-// A parsed ECM list's own tab node counts as content, so its bare pair of children needs the test
-// of its own.
+// The tab node of a parsed ECM list counts as content, so an empty list is recognized by having
+// only two children.
 bool whenEmptyOrBare(pANTLR3_BASE_TREE declaration, bool content)
 {
     return !content || declaration->getChildCount(declaration) == 2;

@@ -1,4 +1,4 @@
-// Reading and editing single nodes of the tree.
+// Reads and edits single nodes of the tree.
 
 #include <algorithm>
 #include <cstdio>
@@ -8,7 +8,7 @@
 #include "editor_antlr3_objects.h"
 #include "scribonspecs_tokens.h"
 
-// The generator defines the names without declaring them anywhere.
+// Defined by the generated parser, which declares it in no header.
 extern "C" pANTLR3_UINT8 scribonspecsParserTokenNames[];
 
 const char* const MetaTokenNames[META_TOKEN_COUNT] = {
@@ -48,7 +48,8 @@ pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
     return static_cast<pANTLR3_BASE_TREE>(tree->getChild(tree, index));
 }
 
-// Looks the parent up from the root: the runtime's own way to it is unreliable.
+// Searches the parent of item among the nodes below the given one; null if item is not there. The
+// runtime's getParent() is unreliable.
 pANTLR3_BASE_TREE parentOf(pANTLR3_BASE_TREE item, pANTLR3_BASE_TREE below)
 {
     for (ANTLR3_UINT32 i = 0; i < below->getChildCount(below); ++i) {
@@ -61,6 +62,7 @@ pANTLR3_BASE_TREE parentOf(pANTLR3_BASE_TREE item, pANTLR3_BASE_TREE below)
     return nullptr;
 }
 
+// The index of item among its parent's children. It must be one of them.
 ANTLR3_UINT32 indexIn(pANTLR3_BASE_TREE parent, pANTLR3_BASE_TREE item)
 {
     ANTLR3_UINT32 index = 0;
@@ -69,6 +71,7 @@ ANTLR3_UINT32 indexIn(pANTLR3_BASE_TREE parent, pANTLR3_BASE_TREE item)
     return index;
 }
 
+// A new node of the item's type with the text " ", without a parent.
 pANTLR3_BASE_TREE makeBlankTwin(pANTLR3_BASE_TREE item)
 {
     const pANTLR3_BASE_TREE_ADAPTOR adaptor = Parser->adaptor;
@@ -79,12 +82,12 @@ pANTLR3_BASE_TREE makeBlankTwin(pANTLR3_BASE_TREE item)
     text[0] = ' ';
     token->textState = ANTLR3_TEXT_CHARP;
     token->tokText.chars = reinterpret_cast<pANTLR3_UCHAR>(keepTokenText(std::move(text)));
-    // The runtime's copy of a token comes without the factory that its text is read through.
+    // createTokenFromToken() does not copy the string factory, which getText() needs.
     token->strFactory = adaptor->strFactory;
     return static_cast<pANTLR3_BASE_TREE>(adaptor->create(adaptor, token));
 }
 
-// Puts a blank twin of item at index loc + 1 of its siblings, after those behind item moved up.
+// Moves the siblings behind item up by one and sets a blank node of its type at index loc + 1.
 pANTLR3_BASE_TREE insertBlank(pANTLR3_BASE_TREE item, pANTLR3_BASE_TREE parent, ANTLR3_UINT32 loc)
 {
     const pANTLR3_BASE_TREE twin = makeBlankTwin(item);
@@ -97,13 +100,13 @@ pANTLR3_BASE_TREE insertBlank(pANTLR3_BASE_TREE item, pANTLR3_BASE_TREE parent, 
     return twin;
 }
 
-// The parent of a node of the current tree, null for null and for a node from elsewhere.
+// The parent of a node in the current tree; null if item is null or not in the tree.
 pANTLR3_BASE_TREE parentInTree(pANTLR3_BASE_TREE item)
 {
     return item == nullptr || getTree() == nullptr ? nullptr : parentOf(item, getTree());
 }
 
-// The text of an edited token, with room for a comment's line feed and the zero bytes that the
+// A copy of the text, with room for the line feed of a comment and for the two zero bytes that the
 // string stream reads behind it.
 std::unique_ptr<char[]> editedText(const char* value, size_t length, bool comment)
 {
@@ -124,8 +127,7 @@ void setTypeFromText(pANTLR3_COMMON_TOKEN tok, char* text, size_t length)
         tok->setType(tok, first->getType(first));
 }
 
-// Runs the parser once more at the end of its file, where it finds nothing: what remains of it is
-// that no statement is in progress.
+// Resets the parser's state to that between statements, by running it at the end of the file.
 void parseNothing()
 {
     if (Parser == nullptr)
@@ -141,7 +143,7 @@ void parseNothing()
 pANTLR3_BASE_TREE createNewChild(pANTLR3_BASE_TREE_ADAPTOR adaptor, ANTLR3_UINT32 tokenType,
                                  const char* text, pANTLR3_BASE_TREE parent)
 {
-    // The adaptor's type is not const-correct; it only ever reads the text.
+    // The runtime's interface is not const-correct: it does not change the text.
     const auto chars = reinterpret_cast<pANTLR3_UINT8>(const_cast<char*>(text));
     const auto node =
         static_cast<pANTLR3_BASE_TREE>(adaptor->createTypeText(adaptor, tokenType, chars));
@@ -180,7 +182,7 @@ int linePos(pANTLR3_BASE_TREE item)
 int update_token(pANTLR3_COMMON_TOKEN tok, const char* value, size_t vSize)
 {
     constexpr size_t EMPTY_LENGTH = 10;
-    // The end of the stream is told by this one token: with another type it would never end.
+    // The parser stops at this token: with another type it would never end.
     if (tok->getType(tok) == ANTLR3_TOKEN_EOF)
         return 0;
     const size_t length = vSize == 0 ? EMPTY_LENGTH : vSize;

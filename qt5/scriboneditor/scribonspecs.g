@@ -1,11 +1,11 @@
 // The language of Scribon spec files.
 //
-// The parser refuses nothing aloud: what it cannot place becomes a node of type 0 with the text of
-// the offending token, or is dropped, and the editor shows what is left for the user to mend. The
-// same characters give the same token everywhere; what is legal where is told by the three globals
-// ctab, ecm_init and und_mask, which the predicates read. Plain predicates are wanted throughout:
-// the generator hoists them into the decisions of the callers, and several of the required
-// recoveries come from there. Gate one only where the comment says so.
+// The parser reports no errors: what it does not accept becomes a node of type 0 with the text of
+// the token, or is dropped, and the editor shows what is left. The lexer has no context; what is
+// legal where depends on the globals ctab, ecm_init and und_mask (scribonspecs_state.h), which the
+// predicates read. Use plain predicates, {...}?, and not gated ones, {...}?=>, unless a comment
+// says so: the generator hoists plain ones into the decisions of the calling rules, and the error
+// recovery depends on that.
 grammar scribonspecs;
 
 options {
@@ -35,7 +35,7 @@ options {
 }
 
 @parser::members {
-// Classes of value tokens, a bit each: und_mask lists those that the statement in progress expects.
+// One bit for each kind of value token: und_mask has those that the current statement accepts.
 #define FULLm 0xFF
 #define COMMENTm 0x80
 #define TEXT_BLKm 0x40
@@ -46,7 +46,7 @@ options {
 #define LOG_DIGITAL_DESCm 0x02
 #define STAT_MEMm 0x01
 
-// A comment that begins right of this column belongs to a list row's second cell.
+// A comment that begins behind this column goes to the second cell of a list row.
 #define LAST_LINE_COMMENT_COLUMN 31
 #define COMMENT_COLUMN() (LT(1)->getCharPositionInLine(LT(1)))
 
@@ -58,7 +58,7 @@ ANTLR3_INT32 ecml_rules = 0;
 ANTLR3_INT32 metaDataList = 0;
 }
 
-// ---- The file ------------------------------------------------------------------------------------
+// ---- The file -----------------------------------------------------------------------------------
 
 expr
 @init { ecml_rules = 0; ecm_init = 0; }
@@ -90,9 +90,9 @@ syncClass
     :
     ;
 
-// ---- Tails, comments and unknown text ------------------------------------------------------------
+// ---- Tails, comments and unknown text -----------------------------------------------------------
 
-// The value of a statement that takes one word, on the keyword's line or a later one.
+// The value of a statement that has one word, in the keyword's line or a later one.
 eol_r
     :   ({ecm_init!=0}? EOL)*
         ( TEXT_BLK -> ^(EOL TEXT_BLK)
@@ -123,8 +123,8 @@ undefined
     ;
     finally { ecm_init = 0; }
 
-// The two alternatives are alike on purpose: the ambiguity makes the generator test the opening
-// predicate of undefined_txt here, so that a stray word behind a list fails before it is consumed.
+// Both alternatives match the same: because of the ambiguity the generator tests the first
+// predicate of undefined_txt here, so that a word behind a list fails before it is consumed.
 undefined_txt_r
 @init { und_mask = 0; }
     :   {ecm_init==0}?
@@ -134,7 +134,7 @@ undefined_txt_r
         )
     ;
 
-// One value token of a class that the statement in progress does not expect.
+// One value token of a kind that the current statement does not accept.
 undefined_txt
     :   {ctab==1 || ecm_init >0}?
         ( {(und_mask ^ FULLm) & STAT_MEMm}? STAT_MEM
@@ -147,7 +147,7 @@ undefined_txt
         )
     ;
 
-// ---- Keyword statements --------------------------------------------------------------------------
+// ---- Keyword statements -------------------------------------------------------------------------
 
 string_r
 @init { ctab = 1; ecm_init = KYWD_SCRIBON; }
@@ -185,8 +185,9 @@ scans
     ;
     finally { ecm_init = 0; }
 
-// The gated empty alternative is a missing value: the token belongs to the next statement. The end
-// of input and a token that starts nothing have no alternative and leave an error node.
+// The gated empty alternative is for a missing value: the next token belongs to the next statement.
+// The end of input and tokens that cannot start a statement match no alternative and give an error
+// node.
 scan_subs
     :   {ecm_init== KYWD_FIFO_PTRG_SCANS}?
         ( COMMENT
@@ -203,7 +204,8 @@ meta_hdr_filename_r
     :   meta_hdr_filename -> ^(META_FILENAME_DECL EDITOR_TAB1 meta_hdr_filename)
     ;
 
-// Leaves und_mask as the statement before it in the file set it.
+// Does not set und_mask, which is still that of the statement before. Existing behaviour, kept for
+// compatibility.
 meta_hdr_filename
 @init { ecm_init = KYWD_META_HDR_FILENAME; }
 @after { ecm_init = 0; }
@@ -237,7 +239,7 @@ yesno_r
     :   yesno -> ^(YESNO_DECL EDITOR_TAB1 yesno FILLER_TXT)
     ;
 
-// The one family that swallows its line ends.
+// The only kind of statement that consumes the line ends behind it.
 yesno
 @init { ctab = 1; ecm_init = KYWD_FIFO_LOG_BUF; und_mask = RESPNSm; }
     :   ( a=KYWD_FIFO_LOG_BUF | a=KYWD_FOR_DFILE_WRITE | a=KYWD_LOG_DIG_DESC | a=KYWD_LOG_STATS
@@ -294,8 +296,9 @@ running_ave
         -> ^(KYWD_RUNNING_AVE EOL running_ave_sub)
     ;
 
-// The gate of the third alternative also guards the way into the second, which makes both
-// unreachable: an interval alone, or a word, is an error that the user sees in the cell.
+// The gated predicate of the third alternative is hoisted into the second, too, so that neither can
+// match: an interval alone or a word alone gives an error node. Existing behaviour, kept for
+// compatibility.
 running_ave_sub
     :   {ecm_init==KYWD_RUNNING_AVE}? (TIME_INTERVAL EOL* TEXT_BLK)=> TIME_INTERVAL EOL* TEXT_BLK
         -> ^(TIME_INTERVAL EOL TEXT_BLK)
@@ -328,10 +331,10 @@ description
     ;
     finally { ecm_init = 0; }
 
-// ---- List sections -------------------------------------------------------------------------------
+// ---- List sections ------------------------------------------------------------------------------
 
-// A row is a run of tokens, not a line: it ends with its last token, and two may share a line. The
-// row alternatives look one token ahead, so that their own predicates are tried in order.
+// A row is a sequence of tokens, not a line: there may be two in one line. k = 1 makes the
+// generator try the syntactic predicates of the row alternatives in their order.
 
 scan_list_r
 @init { ctab = 2; }
@@ -367,7 +370,8 @@ meta_data_r
     :   meta_data_list -> ^(META_DATA_LIST_DECL EDITOR_TAB3 meta_data_list)
     ;
 
-// Leaves ecm_init set: a line end behind a stray word in this section fails the whole load.
+// Does not reset ecm_init: a line end behind an unexpected word in this section makes the whole
+// load fail. Existing behaviour, kept for compatibility.
 meta_data_list
 @init { ctab = 3; ecm_init = KYWD_META_DATA; und_mask = TEXT_BLKm | STAT_MEMm | DESCRIPm; }
     :   KYWD_META_DATA EOL* meta_data_list_sub*
@@ -392,15 +396,16 @@ scan_list_aux_user_r
     :   scan_list_aux_user -> ^(SCAN_LIST_AUX_USER_DECL EDITOR_TAB4 scan_list_aux_user)
     ;
 
-// Leaves ecm_init set, as the meta data list does.
+// Does not reset ecm_init, like meta_data_list.
 scan_list_aux_user
 @init { ctab = 4; ecm_init = KYWD_SCAN_LIST_AUX_USER; und_mask = TEXT_BLKm; }
     :   {ctab==4}? KYWD_SCAN_LIST_AUX_USER EOL* slist_aux_user_sub*
         -> ^(KYWD_SCAN_LIST_AUX_USER EOL FILLER_TXT FILLER_TXT slist_aux_user_sub*)
     ;
 
-// A word with a comment behind it is taken as a word alone and a comment row: the fifth and sixth
-// alternatives win over the seventh and eighth.
+// A word with a comment behind it gives a row with the word and one with the comment: the fifth and
+// sixth alternatives match before the seventh and eighth. Existing behaviour, kept for
+// compatibility.
 slist_aux_user_sub
 @init { num = 0; ctab = 4; ecm_init = KYWD_SCAN_LIST_AUX_USER; }
     :   { ctab==4 && ecm_init==KYWD_SCAN_LIST_AUX_USER }?
@@ -444,9 +449,9 @@ ecm_list_sub
         ({ecm_init!=0}? EOL)*
     ;
 
-// ---- Tokens --------------------------------------------------------------------------------------
+// ---- Tokens -------------------------------------------------------------------------------------
 
-// The longest match wins, the earlier rule between equals: the order is part of the language.
+// The longest match wins, and of equally long ones the first rule: the order of the rules matters.
 
 TIME_INTERVAL
     :   ('0'..'9')* '.' ('0'..'9')* '['
@@ -524,7 +529,7 @@ DESCRIP
     |   APOST (~'\'')* APOST
     ;
 
-// Words win over most numbers, so this is left with exponents that carry a plus sign.
+// TEXT_BLK matches most numbers first; this rule only matches exponents with a plus sign.
 FLOAT
     :   ('0'..'9')+ '.' ('0'..'9')* EXPONENT?
     |   '.' ('0'..'9')+ EXPONENT?

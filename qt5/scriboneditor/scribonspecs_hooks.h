@@ -1,4 +1,4 @@
-/* What the generated recognizers call of the layer around them. C, because they are. */
+/* The functions that the generated lexer and parser call, which are C. */
 #pragma once
 
 #include <antlr3.h>
@@ -7,20 +7,20 @@
 extern "C" {
 #endif
 
-/* The parser's error report: clears the error flag, so that the calling rule goes on as if its
-   subrule had succeeded. Says nothing to anyone. */
+/* The parser's reportError: reports nothing, but clears the error flag, so that the calling rule
+   goes on as if its subrule had matched. */
 void AntlrErrorHandler(pANTLR3_BASE_RECOGNIZER recognizer);
 
-/* The lexer's error report: reports nothing; what cannot be a token is dropped. */
+/* The lexer's reportError: reports nothing. Characters that match no token are dropped. */
 void LAntlrErrorHandler(pANTLR3_BASE_RECOGNIZER recognizer);
 
-/* The node that stands in a failed rule's place: type 0, with the text of the exception's token or,
-   without an exception, of the start token. */
+/* The tree adaptor's errorNode: the node for a failed rule, of type 0 and with the text of the
+   exception's token, or of the start token if there is no exception. Owned by the tree. */
 void* AntlrErrorNode(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_TOKEN_STREAM ctnstream,
                      pANTLR3_COMMON_TOKEN startToken, pANTLR3_COMMON_TOKEN endToken,
                      pANTLR3_EXCEPTION e);
 
-/* Skips the tokens that nothing can start with at the parser's present place. */
+/* Skips the tokens that cannot follow at the parser's current position. */
 void syncToSet(void);
 
 #ifdef __cplusplus

@@ -1,5 +1,5 @@
-/* The state of the parse, read by the grammar's predicates: plain globals, since there is one parse
-   at a time. */
+/* The state of the parse, for the predicates of the grammar. Globals: there is only one parse at a
+   time. */
 #pragma once
 
 #include <antlr3.h>
@@ -8,19 +8,19 @@
 extern "C" {
 #endif
 
-/* Tab of the statement in progress, 1 to 5. Not reset between statements, lists or files. */
+/* The tab of the current statement, 1 to 5. Not reset between statements, lists or files. */
 extern ANTLR3_INT32 ctab;
 
-/* Keyword token that stands for the family of the statement in progress; 0 between statements. */
+/* A keyword token that stands for the kind of the current statement; 0 between statements. */
 extern ANTLR3_INT32 ecm_init;
 
-/* Classes of value tokens that the statement in progress expects. */
+/* Bit mask of the value tokens that the current statement accepts. */
 extern ANTLR3_UINT32 und_mask;
 
-/* Values seen in a string statement. */
+/* The number of values in the current string statement. */
 extern ANTLR3_INT32 num;
 
-/* Written by the grammar for whoever looks in from outside; it reads neither. */
+/* Set by the grammar and not read. Existing interface, kept for compatibility. */
 extern ANTLR3_INT32 ecml_rules;
 extern ANTLR3_INT32 metaDataList;
 
