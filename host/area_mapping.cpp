@@ -24,7 +24,7 @@ size_t roundedToPages(size_t size)
     return (size + pageSize() - 1) / pageSize() * pageSize();
 }
 
-// Address space that costs no memory before it is written, which read-only pages never are.
+// Reserves address space, without memory. Null if that fails.
 void* reserve(size_t size)
 {
     void* address =

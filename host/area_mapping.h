@@ -1,4 +1,4 @@
-// A shared memory object mapped so that no reader can run out of it unnoticed.
+// Read-only mapping, zero-padded to its maximum, with a guard page behind it.
 #pragma once
 
 #include <cstddef>
@@ -6,13 +6,13 @@
 
 namespace marvane {
 
-// The host's functions tell no sizes, and the counts that readers go by stand in memory of another
-// process. So zeros follow the object up to the reach, which a reader sees as records not in use,
-// and then a page that cannot be read.
+// The host functions return no sizes, and readers use counts that another process may change. So
+// the object is followed by zeros up to `reach` bytes, which are records not in use, and then by a
+// page that cannot be read.
 class AreaMapping {
 public:
-    // Not mapped when there is no such object, or none to be trusted. What the object has beyond
-    // the reach stays unmapped.
+    // isMapped() is false if there is no such object, it is not trusted or it cannot be mapped.
+    // Bytes of the object beyond `reach` are not mapped.
     static AreaMapping map(const std::string& objectName, size_t reach);
 
     AreaMapping() = default;
@@ -23,6 +23,7 @@ public:
     ~AreaMapping();
 
     bool isMapped() const { return address_ != nullptr; }
+    // Null if nothing is mapped.
     void* address() const { return address_; }
 
 private:
@@ -31,7 +32,7 @@ private:
     bool mapObject(int descriptor, size_t size);
 
     void* address_ = nullptr;
-    size_t size_ = 0;  // with the guard page
+    size_t size_ = 0;  // includes the guard page
 };
 
 }  // namespace marvane

@@ -20,10 +20,10 @@ namespace marvane {
 
 namespace {
 
-constexpr size_t LONGEST_LABEL = MARVANE_LABEL_SIZE - 1;
-constexpr size_t LONGEST_UNITS = sizeof(UNITS_NAME) - 1;
-constexpr size_t LONGEST_KEYWORD = sizeof(PAM_KEYWORD::keyword) - 1;
-constexpr size_t MOST_UNITS = INT16_MAX;
+constexpr size_t MAX_LABEL_LENGTH = MARVANE_LABEL_SIZE - 1;
+constexpr size_t MAX_UNITS_LENGTH = sizeof(UNITS_NAME) - 1;
+constexpr size_t MAX_KEYWORD_LENGTH = sizeof(PAM_KEYWORD::keyword) - 1;
+constexpr size_t MAX_UNITS = INT16_MAX;
 
 struct KeywordKind {
     std::string_view name;
@@ -36,7 +36,7 @@ constexpr std::array<KeywordKind, 3> KEYWORD_KINDS{{
     {"channel_or_parameter", CHANNEL_OR_PARAMETER_KEYWORD},
 }};
 
-// The C locale's view, whatever the process has: labels are plain ASCII.
+// ASCII only, independent of the locale.
 bool isLetter(char c)
 {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
@@ -77,7 +77,7 @@ std::string_view withoutFullStop(std::string_view label)
     return label;
 }
 
-// A value of the document and the way to it.
+// A value of the document and the JSON pointer to it.
 struct Node {
     const Json& value;
     JsonPointer at;
@@ -86,8 +86,8 @@ struct Node {
     Node operator[](size_t index) const { return {value.at(index), at / index}; }
 };
 
-// Reads the document's parts one after the other. Every member function answers false when it has
-// met a fault, which is then described in fault().
+// Reads and checks the parts of the document. Every member function that returns bool returns false
+// at the first fault, which fault() then describes.
 class CatalogueReader {
 public:
     explicit CatalogueReader(const Json& document) : document_(document) {}
@@ -137,7 +137,7 @@ private:
                fail(node.at, std::string("the key ") + inQuotes(key) + " is missing");
     }
 
-    // A text of 1 to longest bytes.
+    // Stores a text of 1 to `longest` bytes.
     bool readText(const Node& node, size_t longest, std::string& text)
     {
         if (!node.value.is_string())
@@ -158,7 +158,7 @@ private:
         return true;
     }
 
-    // For the editors of catalogue files only.
+    // The name of the schema is for text editors: it is checked, but not used.
     bool readSchemaName(const Node& top)
     {
         std::string name;
@@ -196,12 +196,12 @@ private:
     bool readUnitsName(const Node& node, int32_t dimension)
     {
         std::string name;
-        if (!readText(node, LONGEST_UNITS, name))
+        if (!readText(node, MAX_UNITS_LENGTH, name))
             return false;
         if (!isPrintableWord(name) || name.find_first_of("[]") != std::string::npos)
             return fail(node.at, "must be one printable ASCII word without brackets");
-        if (catalogue_.units.size() == MOST_UNITS)
-            return fail(node.at, "there are more than " + std::to_string(MOST_UNITS) + " units");
+        if (catalogue_.units.size() == MAX_UNITS)
+            return fail(node.at, "there are more than " + std::to_string(MAX_UNITS) + " units");
         const auto code = static_cast<int32_t>(catalogue_.units.size()) + 1;
         if (!unitsCodes_.emplace(inUpperCase(name), code).second)
             return fail(node.at, "the units " + inQuotes(name) + " are there already");
@@ -291,14 +291,14 @@ private:
         return true;
     }
 
-    // How many records the table can have, by the count that was given for it if there is one.
+    // The maximum number of records of the table: its count if the catalogue gives one.
     size_t tableLimit(const TableLayout& layout) const
     {
         const bool isGiven = isCounted(layout) && countIsGiven_[countOf(layout)];
         return isGiven ? catalogue_.counts[countOf(layout)] : maxLength(layout);
     }
 
-    // A count that was not given is that of the records that are.
+    // Raises the table's count so that the record fits. A given count is large enough already.
     void makeRoom(const TableLayout& layout, uint16_t index)
     {
         if (!isCounted(layout))
@@ -307,7 +307,7 @@ private:
         count = std::max(count, static_cast<uint16_t>(index + 1));
     }
 
-    // The index of a record, which is the next one unless it is given.
+    // Stores the index of a record: the given one, or `next`. Must be below `limit` and not taken.
     bool readIndex(const Node& record, size_t next, size_t limit, std::unordered_set<size_t>& taken,
                    uint16_t& index)
     {
@@ -335,7 +335,7 @@ private:
 
     bool readLabel(const Node& node, bool isStructured, std::string& label)
     {
-        if (!hasKey(node, "label") || !readText(node["label"], LONGEST_LABEL, label))
+        if (!hasKey(node, "label") || !readText(node["label"], MAX_LABEL_LENGTH, label))
             return false;
         if (isStructured && label.back() != '.')
             return fail(node.at / "label", "a structured variable's label ends in a full stop");
@@ -350,7 +350,7 @@ private:
             return true;
         if (isStructured)
             return fail(node.at / "alias", "a structured variable has no alias");
-        return readText(node["alias"], LONGEST_LABEL, alias) && isFreeName(node["alias"], alias);
+        return readText(node["alias"], MAX_LABEL_LENGTH, alias) && isFreeName(node["alias"], alias);
     }
 
     bool isFreeName(const Node& node, std::string_view name)
@@ -372,13 +372,13 @@ private:
         return true;
     }
 
-    // The code of the units that the node names, if it names any, is stored too.
+    // Stores the name of the node's units, and their code in *code, if the node has units.
     bool readUnitsOf(const Node& node, std::string& units, int32_t* code = nullptr)
     {
         if (!node.value.contains("units"))
             return true;
         std::string name;
-        if (!readText(node["units"], LONGEST_UNITS, name))
+        if (!readText(node["units"], MAX_UNITS_LENGTH, name))
             return false;
         const auto known = unitsCodes_.find(inUpperCase(name));
         if (known == unitsCodes_.end())
@@ -420,7 +420,7 @@ private:
 
     bool readKeywordName(const Node& node, std::string& name)
     {
-        if (!hasKey(node, "name") || !readText(node["name"], LONGEST_KEYWORD, name))
+        if (!hasKey(node, "name") || !readText(node["name"], MAX_KEYWORD_LENGTH, name))
             return false;
         if (!isPrintableWord(name))
             return fail(node.at / "name", "must be one printable ASCII word");
@@ -445,16 +445,16 @@ private:
     Catalogue catalogue_;
     JsonFault fault_;
     std::array<bool, COUNT_LAYOUTS.size()> countIsGiven_{};
-    std::unordered_map<std::string, int32_t> unitsCodes_;  // by their names in upper case
-    std::unordered_map<std::string, std::string> names_;   // of variables, with their places
+    std::unordered_map<std::string, int32_t> unitsCodes_;  // by name in upper case
+    std::unordered_map<std::string, std::string> names_;   // JSON pointers by label or alias
     std::unordered_set<std::string> keywordNames_;
 };
 
-// Complaints quote what they find in the file, and have to stay one line that can be read.
+// Makes a message one line of limited length: messages quote the file.
 std::string asOneLine(const std::string& text)
 {
-    constexpr size_t LONGEST = 300;
-    std::string line = text.size() > LONGEST ? text.substr(0, LONGEST) + "..." : text;
+    constexpr size_t MAX_LENGTH = 300;
+    std::string line = text.size() > MAX_LENGTH ? text.substr(0, MAX_LENGTH) + "..." : text;
     for (char& c : line) {
         if (std::iscntrl(static_cast<unsigned char>(c)) != 0)
             c = '?';
@@ -462,7 +462,8 @@ std::string asOneLine(const std::string& text)
     return line;
 }
 
-// Only a regular file has an end for sure.
+// Reads regular files only: a FIFO may block, a device may never end. False, with the reason, if
+// the file cannot be read.
 bool readFile(const std::string& fileName, std::string& text, std::string& reason)
 {
     constexpr size_t CHUNK = 1 << 16;

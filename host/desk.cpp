@@ -23,7 +23,8 @@ std::string failureOf(const std::string& object)
     return "shared memory " + object + ": " + std::strerror(errno);
 }
 
-// Not open, with a complaint, when the name is taken by what is not to be trusted.
+// Opens or creates the object. Not open, with the reason in *complaint, if that fails or if the
+// object is not trusted.
 FileDescriptor openOwnObject(const std::string& object, std::string* complaint)
 {
     FileDescriptor descriptor = openObject(object, O_RDWR | O_CREAT);
@@ -36,6 +37,7 @@ FileDescriptor openOwnObject(const std::string& object, std::string* complaint)
     return descriptor;
 }
 
+// Takes the write lock. False if another process has it.
 bool lock(int descriptor)
 {
     struct flock wanted {};
@@ -44,8 +46,8 @@ bool lock(int descriptor)
     return fcntl(descriptor, F_OFD_SETLK, &wanted) == 0;
 }
 
-// A directory that nobody else has locked is one of three: left by a platform that was killed, just
-// removed by one that ended, or a new one.
+// The states of a directory that no other process has locked: left by a killed platform, just
+// removed by a platform that ended, or new.
 enum class Unlocked { Left, Removed, New };
 
 Unlocked stateOf(int descriptor)
@@ -57,8 +59,9 @@ Unlocked stateOf(int descriptor)
     return status.st_size != 0 ? Unlocked::Left : Unlocked::New;
 }
 
-// A new directory of this name, locked. One that was left is replaced and not used again: clients
-// may still have it mapped, and must not find it shorter.
+// Creates and locks the directory. One that a killed platform has left is unlinked and not reused:
+// clients may still have it mapped, and it must not be truncated under them. nullopt, with the
+// reason in *complaint, if that fails.
 std::optional<SharedObject> lockNewDirectory(const std::string& name, std::string* complaint)
 {
     const std::string object = directoryObjectName(name);
@@ -117,8 +120,7 @@ bool writeKeyword(const CatalogueKeyword& keyword, SharedObject& area)
     return area.write(keyword.index * sizeof entry, &entry, sizeof entry);
 }
 
-// Only the fields that have a content: a record of an array is large, and what lies between them
-// takes no memory.
+// Writes only these fields: the rest of a record stays zero and, if it is large, takes no memory.
 bool writeVariable(const CatalogueVariable& variable, const TableLayout& table, SharedObject& area)
 {
     const RecordLayout& record = recordLayout(table);

@@ -1,4 +1,4 @@
-// A desk platform while it runs: its areas, and the directory whose lock says so.
+// A running desk platform: its areas in shared memory, and its locked directory.
 #pragma once
 
 #include <optional>
@@ -13,9 +13,9 @@ namespace marvane {
 
 class Desk {
 public:
-    // Removes what a platform of this name has left that was killed, and makes all areas of the
-    // catalogue. When that fails there is no desk, nothing of it is left, and *complaint tells why
-    // in a line; above all when a platform of this name runs already.
+    // Removes what a killed platform of this name has left, and creates all areas of the catalogue.
+    // If that fails, such as because a platform of this name is running, returns nullopt, removes
+    // what was created, and stores the reason as one line in *complaint.
     static std::optional<Desk> start(const std::string& name, const Catalogue& catalogue,
                                      std::string* complaint);
 
@@ -23,7 +23,7 @@ public:
     Desk& operator=(Desk&&) = delete;
     Desk(const Desk&) = delete;
     Desk& operator=(const Desk&) = delete;
-    // Clients see the platform as gone before its areas are.
+    // Clears the ready flag first, then removes the areas.
     ~Desk();
 
 private:
@@ -33,7 +33,7 @@ private:
     bool publish(const Catalogue& catalogue);
     bool setReady(uint32_t ready);
 
-    SharedObject directory_;  // goes last, so that nothing is left behind it
+    SharedObject directory_;  // destroyed last: its lock keeps other platforms of this name away
     std::vector<SharedObject> areas_;
 };
 

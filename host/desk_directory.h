@@ -1,4 +1,4 @@
-// The directory of a running desk platform, as a client reads it.
+// A client's view of the directory of a running desk platform.
 #pragma once
 
 #include <cstdint>
@@ -14,15 +14,14 @@ namespace marvane {
 
 class DeskDirectory {
 public:
-    // Null when no platform of this name runs, its directory is another user's, or what the
-    // directory holds does not fit together.
+    // Null if no platform of this name runs, or if its directory is not trusted or inconsistent.
     static std::unique_ptr<DeskDirectory> open(const std::string& deskName);
 
     DeskDirectory(const DeskDirectory&) = delete;
     DeskDirectory& operator=(const DeskDirectory&) = delete;
     ~DeskDirectory();
 
-    // Whether the platform of this directory still runs.
+    // Whether the platform still runs.
     bool isLive() const;
 
     struct NameMatch {
@@ -30,23 +29,24 @@ public:
         NameKind kind;
     };
 
-    // The variable of this label or alias. A full stop at the end is taken as a structured
-    // variable's; it may be left out.
+    // The variable of this label or alias; nullopt if there is none. With a full stop at the end,
+    // only structured variables are found; without it, those too. Pointers to rows are valid as
+    // long as this object.
     std::optional<NameMatch> findName(std::string_view name) const;
 
-    // Null when the handle is not one of a variable in use.
+    // Null if the handle is not that of a variable in use.
     const VariableRow* variableOf(const SHARED_MEMORY& handle) const;
 
     uint32_t unitsCount() const { return header_.units.count; }
     const UnitsRow& units(uint32_t index) const { return array<UnitsRow>(header_.units)[index]; }
 
-    // The index of the units of this name in any case.
+    // The index of the units of this name, compared case-insensitively; nullopt if there are none.
     std::optional<uint32_t> findUnits(std::string_view name) const;
 
 private:
     DeskDirectory(FileDescriptor object, const void* address, size_t size);
 
-    // False when it does not fit together.
+    // Copies and checks the header. False if it is inconsistent.
     bool takeHeader();
     template <typename Element>
     bool holds(const DirectoryArray& array) const;
@@ -62,14 +62,14 @@ private:
     }
     std::optional<NameMatch> matchInBucket(uint32_t bucket, std::string_view name) const;
 
-    FileDescriptor object_;  // whose lock tells whether the platform runs
+    FileDescriptor object_;  // the platform holds its write lock while it runs
     const void* address_;
     size_t size_;
-    // As it was checked: the shared one may have been written to since.
+    // The checked copy: the shared header may be changed by another process.
     DirectoryHeader header_{};
 };
 
-// The text in a field of fixed width, which need not have a terminating zero.
+// The text in a field of fixed width, which may have no terminating zero.
 template <size_t width>
 std::string_view textIn(const char (&field)[width])
 {

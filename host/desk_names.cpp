@@ -9,7 +9,7 @@ namespace marvane {
 
 namespace {
 
-constexpr size_t LONGEST_NAME = 64;
+constexpr size_t MAX_NAME_LENGTH = 64;
 
 bool isNameCharacter(char c)
 {
@@ -32,7 +32,7 @@ std::string deskNameOfEnvironment()
 
 bool isValidDeskName(const std::string& name)
 {
-    return !name.empty() && name.size() <= LONGEST_NAME &&
+    return !name.empty() && name.size() <= MAX_NAME_LENGTH &&
            std::all_of(name.begin(), name.end(), isNameCharacter);
 }
 

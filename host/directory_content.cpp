@@ -13,7 +13,7 @@ namespace marvane {
 
 namespace {
 
-// The field is zeros, and longer than the text.
+// The field must be zeros. A text that is too long is cut, so that a terminating zero remains.
 template <size_t width>
 void setText(char (&field)[width], const std::string& text)
 {
@@ -69,7 +69,7 @@ void addName(std::vector<uint32_t>& buckets, const char* name, uint32_t bucket)
     buckets[at] = bucket;
 }
 
-// At least half of the buckets stay empty, so that searches are short.
+// The hash table of names. At least half of the buckets stay empty, which keeps searches short.
 std::vector<uint32_t> nameBuckets(const std::vector<VariableRow>& variables)
 {
     size_t count = 1;
@@ -84,6 +84,7 @@ std::vector<uint32_t> nameBuckets(const std::vector<VariableRow>& variables)
     return buckets;
 }
 
+// Appends the elements, aligned, and returns where they are.
 template <typename Element>
 DirectoryArray append(std::vector<char>& content, const std::vector<Element>& elements)
 {

@@ -1,4 +1,4 @@
-// The bytes of a desk platform's directory (directory_format.h).
+// Makes the content of a desk platform's directory (directory_format.h).
 #pragma once
 
 #include <vector>
@@ -7,7 +7,7 @@
 
 namespace marvane {
 
-// Marked as not ready.
+// The bytes of the directory, with the ready flag cleared.
 std::vector<char> directoryContent(const Catalogue& catalogue);
 
 }  // namespace marvane

@@ -1,9 +1,9 @@
-// The one area that the desk platform has for itself, its directory: whether it runs, and what the
-// records have no place for, the units and the aliases of variables. docs/DESK_PLATFORM.md
-// describes it for those who read it from outside.
+// The layout of the directory, a shared memory object of the desk platform's own: it shows whether
+// the platform runs, and has the units and aliases of variables, for which their records have no
+// field. docs/DESK_PLATFORM.md describes it for other programs.
 //
-// The process holds a write lock on the object as long as it lives, which the system drops however
-// the process ends. All texts end in a zero unless they fill their field.
+// marvane-desk holds a write lock on the object as long as it runs; the kernel releases the lock
+// however the process ends. Texts have a terminating zero unless they fill their field.
 #pragma once
 
 #include <cstdint>
@@ -18,19 +18,19 @@ constexpr uint32_t DIRECTORY_VERSION = 1;
 
 // Where an array lies in the directory.
 struct DirectoryArray {
-    uint32_t offset;  // in bytes, from its start
-    uint32_t count;   // of elements
+    uint32_t offset;  // in bytes, from the start of the directory
+    uint32_t count;   // number of elements
 };
 
 struct DirectoryHeader {
     char magic[8];
     uint32_t version;
-    uint32_t size;   // of the whole directory
-    uint32_t ready;  // nonzero while all areas are there
-    int32_t process;
+    uint32_t size;             // of the whole directory, in bytes
+    uint32_t ready;            // nonzero while all areas exist
+    int32_t process;           // process ID of marvane-desk
     DirectoryArray units;      // UnitsRow; the code of a row's units is its index + 1
     DirectoryArray variables;  // VariableRow, ordered by area, type and index
-    DirectoryArray buckets;    // uint32_t, a power of two of them
+    DirectoryArray buckets;    // uint32_t; the count is a power of two
 };
 
 struct UnitsRow {
@@ -41,7 +41,7 @@ struct UnitsRow {
 // A variable in use.
 struct VariableRow {
     char label[MARVANE_LABEL_SIZE];  // without the full stop of a structured variable
-    char alias[MARVANE_LABEL_SIZE];  // empty when it has none
+    char alias[MARVANE_LABEL_SIZE];  // empty if there is none
     UNITS_NAME units;
     SM_AREA_ID area;
     SM_VARI_TYPE type;
@@ -49,9 +49,9 @@ struct VariableRow {
     uint16_t reserved;
 };
 
-// Names are found by their hash: the search begins in the bucket of the hash modulo the number of
-// buckets and goes on from bucket to bucket, round the end, up to an empty one. A bucket is 0 when
-// empty, otherwise 1 + twice the row of the variable, plus 1 for its alias.
+// The buckets are a hash table of names with linear probing: the search begins at the hash modulo
+// the number of buckets and ends at an empty bucket. An empty bucket is 0. Others are 1 + 2 * row
+// of the variable, plus 1 if the name is the variable's alias.
 enum class NameKind : uint32_t { Label = 0, Alias = 1 };
 
 constexpr uint32_t bucketOf(uint32_t row, NameKind kind)
@@ -69,7 +69,7 @@ constexpr NameKind kindOfBucket(uint32_t bucket)
     return static_cast<NameKind>((bucket - 1) % 2);
 }
 
-// FNV-1a.
+// The 32-bit FNV-1a hash.
 constexpr uint32_t hashOfName(const char* name, size_t length)
 {
     uint32_t hash = 2166136261U;

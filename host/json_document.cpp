@@ -9,7 +9,7 @@ namespace marvane {
 
 namespace {
 
-// "LINE:COLUMN" of the character that ends the first bytes of the text.
+// "LINE:COLUMN" of the last of the first `bytes` bytes of the text; both count from 1.
 std::string placeInText(const std::string& text, size_t bytes)
 {
     const size_t position = std::min(bytes > 0 ? bytes - 1 : 0, text.size());
@@ -20,7 +20,7 @@ std::string placeInText(const std::string& text, size_t bytes)
     return std::to_string(line) + ":" + std::to_string(column);
 }
 
-// The library's message without its own account of class and place.
+// The JSON library's message without its prefix, which has the exception's id and the place.
 std::string reasonIn(std::string_view message)
 {
     for (const std::string_view introduction : {"column ", "] "}) {
@@ -34,8 +34,8 @@ std::string reasonIn(std::string_view message)
     return std::string(message);
 }
 
-// Builds the document, since the library's own way keeps the last of two equal keys and tells no
-// place for a number out of range.
+// SAX handler that builds the document. Json::parse() would silently keep the last of two equal
+// keys and gives no place for a number out of range.
 class DocumentBuilder : public nlohmann::json_sax<Json> {
 public:
     DocumentBuilder(const std::string& text, JsonFault* fault) : text_(text), fault_(fault) {}
@@ -75,7 +75,8 @@ public:
     }
 
 private:
-    // An object or array that has not ended yet, and the key of the current value in an object.
+    // An object or array whose end has not been read yet, and in an object the key of the value
+    // that is being read.
     struct Open {
         Json* value;
         std::string key;
@@ -136,7 +137,7 @@ private:
 
 std::optional<Json> parseJson(const std::string& text, JsonFault* fault)
 {
-    // The library takes a zero byte for the end of the text.
+    // The JSON library takes a zero byte as the end of the text.
     const size_t zero = text.find('\0');
     if (zero != std::string::npos) {
         *fault = {placeInText(text, zero + 1), "a zero byte"};

@@ -1,4 +1,4 @@
-// JSON text into a document, with the place of what is wrong with the text.
+// Parses JSON and reports the place of the first fault.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -7,7 +7,7 @@
 
 namespace marvane {
 
-// Objects keep the order of the text.
+// Objects keep their keys in the order of the text.
 using Json = nlohmann::ordered_json;
 using JsonPointer = Json::json_pointer;
 
@@ -16,7 +16,7 @@ struct JsonFault {
     std::string reason;
 };
 
-// Nothing when the text is no JSON or has a key twice in an object.
+// Returns nullopt, with the fault in *fault, if the text is not JSON or an object has a key twice.
 std::optional<Json> parseJson(const std::string& text, JsonFault* fault);
 
 }  // namespace marvane

@@ -1,4 +1,4 @@
-// The host functions over the areas of a desk platform.
+// The host functions (marvane_headers.h), implemented on the shared memory of a desk platform.
 
 #include <algorithm>
 #include <array>
@@ -23,12 +23,13 @@ namespace {
 constexpr int16_t FOUND = 0;
 constexpr int16_t NOT_FOUND = -1;
 
-// The caller's text may lie in a field of shared memory that it fills to the last byte.
+// The caller's text may be in a field of shared memory that has no terminating zero.
 std::string_view boundedText(const char* text, size_t width)
 {
     return text == nullptr ? std::string_view() : std::string_view(text, strnlen(text, width));
 }
 
+// Looks a label or alias up; nullopt if it is unknown or the platform does not run.
 std::optional<DeskDirectory::NameMatch> findName(const char* label)
 {
     const DeskDirectory* directory = Platform::instance().directory();
@@ -53,7 +54,7 @@ int16_t findLabelOfKind(const char* label, RecordKind kind, SHARED_MEMORY* mem)
     return FOUND;
 }
 
-// A copy that no change in shared memory reaches, in a buffer that is one wider than the field.
+// Copies the text out of shared memory and terminates it. Returns the buffer.
 template <size_t width>
 char* copyOfText(const char (&field)[width], std::array<char, width + 1>& buffer)
 {
@@ -71,7 +72,7 @@ int16_t marvane_init_fn(int16_t /*mode*/)
     return 0;
 }
 
-// A desk has one layer, which every process is in.
+// A desk platform has only one layer; marvane_init_fn() attaches to it.
 int16_t join_layer(int16_t /*layer*/)
 {
     return 0;

@@ -1,5 +1,5 @@
-// The desk platform: puts the variables of a catalogue file into shared memory and stays, in the
-// foreground, until it is told to end.
+// The program marvane-desk: puts the variables of a catalogue file into shared memory and runs in
+// the foreground until it gets SIGTERM, SIGINT or SIGHUP.
 
 #include <getopt.h>
 
@@ -37,19 +37,21 @@ struct Options {
     bool onlyCheck = false;
 };
 
+// Prints the complaint on standard error and returns the exit status.
 int complain(const std::string& complaint, int status)
 {
     std::fprintf(stderr, "marvane-desk: %s\n", complaint.c_str());
     return status;
 }
 
+// Prints the text on standard output and returns the exit status 0.
 int print(const char* text)
 {
     std::fputs(text, stdout);
     return 0;
 }
 
-// Nothing to run when it answers a status to end with.
+// Returns an exit status if the program has to end at once, otherwise nullopt.
 std::optional<int> readOptions(int argc, char** argv, Options& options)
 {
     static constexpr std::array<option, 5> OPTIONS{{
@@ -83,8 +85,9 @@ std::optional<int> readOptions(int argc, char** argv, Options& options)
     return std::nullopt;
 }
 
-// Blocked from the start on, so that none can end the process while it holds shared memory. A
-// reader of the output who has gone must not end it either.
+// Blocks the signals that end the program, before it creates shared memory: it waits for them with
+// sigwait(), so that its destructors run. SIGPIPE is ignored, so that a closed output does not end
+// the program. Returns the blocked signals.
 sigset_t blockSignals()
 {
     sigset_t endSignals;

@@ -7,7 +7,7 @@
 
 namespace marvane {
 
-// Never destroyed: addresses of areas may be used up to the very end of the process.
+// Never destroyed: clients may use the areas until the process ends.
 Platform& Platform::instance()
 {
     static auto* const platform = new Platform;

@@ -1,4 +1,4 @@
-// This process as a client of a desk platform: which one, and what it has attached of it.
+// The connection of this process to a desk platform, with the areas that it has attached.
 #pragma once
 
 #include <array>
@@ -15,29 +15,31 @@ class Platform {
 public:
     static Platform& instance();
 
-    // Begins anew, with the platform that the environment names now.
+    // Connects to the platform that the environment names now, and detaches all areas. Their
+    // addresses stay valid.
     void join();
 
-    // Null when the platform does not run. Good until the next call of any member function.
+    // Null if the platform does not run. Valid until the next call of any member function.
     const DeskDirectory* directory();
 
-    // The area's address; null when there is no such area or the platform does not run. It stays
-    // good until detach, whatever becomes of the platform.
+    // The area's address; null if there is no such area or the platform does not run. It stays
+    // valid until detach(), even if the platform ends.
     void* attach(SM_AREA_ID area);
     bool isAttached(SM_AREA_ID area) const;
-    // False when the area was not attached.
+    // False if the area was not attached.
     bool detach(SM_AREA_ID area);
 
 private:
     Platform() { join(); }
 
+    // Moves the attached areas to retired_.
     void retireAreas();
 
     std::string deskName_;
     std::unique_ptr<DeskDirectory> directory_;
     std::array<AreaMapping, MAX_NUM_SHRD_MEM> areas_;
-    // Areas of a platform that has been followed by another. Their addresses are still in hands,
-    // and nobody tells when no more, so each restart of a platform leaves those that were attached.
+    // Areas of platforms that have ended. Clients may still use their addresses, so they are never
+    // unmapped: each restart of a platform leaks the areas that were attached.
     std::vector<AreaMapping> retired_;
 };
 

@@ -1,4 +1,4 @@
-// A shared memory object that goes with its owner.
+// Owns a shared memory object and unlinks it in its destructor.
 #pragma once
 
 #include <cstddef>
@@ -9,14 +9,14 @@
 
 namespace marvane {
 
-// What is not written is zeros and takes no memory. Failures leave their cause in errno; written
-// through the file interface, so that a full file system is one of them and no signal.
+// Bytes that were not written are zeros and take no memory. Failures set errno. Written by pwrite()
+// and not through a mapping, where a full file system would be a SIGBUS.
 class SharedObject {
 public:
-    // Nothing when there is such an object already, or none can be made.
+    // Returns nullopt if there is such an object already, or if it cannot be created.
     static std::optional<SharedObject> create(const std::string& name, size_t size);
 
-    // Takes over an open object of this name.
+    // Takes ownership of an open object of this name.
     SharedObject(std::string name, FileDescriptor descriptor);
     SharedObject(SharedObject&&) = default;
     SharedObject& operator=(SharedObject&&) = default;
@@ -24,8 +24,9 @@ public:
     SharedObject& operator=(const SharedObject&) = delete;
     ~SharedObject();
 
-    // False once it has been moved from.
+    // False after it has been moved from.
     bool isOpen() const { return descriptor_.isOpen(); }
+    // Both return false if they fail.
     bool resize(size_t size);
     bool write(size_t offset, const void* data, size_t size);
 

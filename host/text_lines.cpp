@@ -17,7 +17,7 @@ struct Token {
     TOKEN_TYPE type;
 };
 
-// Whether all of the text is a number of this type, be it too large for it or not.
+// Whether the whole text is a number of this type, even if it is out of range.
 template <typename Number>
 bool isNumber(std::string_view text)
 {
@@ -42,9 +42,9 @@ void removeUpTo(std::string_view& rest, size_t position)
     rest.remove_prefix(std::min(position, rest.size()));
 }
 
-// The functions below take what stands at the start of the rest of a line off it.
+// The functions below remove what they return or skip from the start of `rest`.
 
-// A quote without its partner reaches to the end of the line.
+// Without a closing quote, the text reaches to the end of the line.
 Token takeQuoted(std::string_view& rest)
 {
     const char quote = rest.front();
@@ -81,7 +81,7 @@ void storeText(std::string_view text, char* row, size_t size)
     row[length] = '\0';
 }
 
-// Appends to a line of the given length what fits; the length counts on.
+// Appends the character if it fits into the line, and increments the length in any case.
 void appendTo(char* line, size_t& length, int character)
 {
     if (length < MARVANE_LINE_SIZE - 1)

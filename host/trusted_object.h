@@ -1,4 +1,4 @@
-// Opening shared memory objects, which any user of the machine may have put there.
+// Opens shared memory objects, which any user of the machine may have created.
 #pragma once
 
 #include <string>
@@ -7,13 +7,12 @@
 
 namespace marvane {
 
-// As shm_open, with access for the running user alone when the flags have it made. Never waits,
-// whatever stands under the name: a pipe that nobody writes to would hold whoever opens it.
-// Failures leave their cause in errno.
+// Like shm_open(); a new object is accessible to the current user only. Never blocks, not even if
+// the name is that of a FIFO. If it fails, the descriptor is not open and errno is set.
 FileDescriptor openObject(const std::string& name, int flags);
 
-// Whether it is regular and belongs to the running user or to root. Another user could change it,
-// or cut it shorter, at any time.
+// Whether the object is open, a regular file, and owned by the current user or root. Other users
+// could change or truncate it at any time.
 bool isTrusted(const FileDescriptor& object);
 
 }  // namespace marvane
