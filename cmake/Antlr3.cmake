@@ -1,4 +1,4 @@
-# Generation of the recognizers from the grammar, at build time, into the build tree.
+# Generates the recognizers (lexer and parser) from the grammar, at build time, into the build tree.
 
 find_program(ANTLR3_EXECUTABLE antlr3 REQUIRED)
 find_library(ANTLR3C_LIBRARY antlr3c REQUIRED)

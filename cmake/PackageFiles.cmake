@@ -1,6 +1,7 @@
 # scribon_pack(SOURCE NAME)
 #
-# Makes NAME, the packed SOURCE, in the binary folder: the same bytes whenever and wherever that is.
+# Compresses SOURCE with gzip to NAME in the binary folder. The result is reproducible: it has no
+# name and time.
 function(scribon_pack source name)
   set(packed "${CMAKE_CURRENT_BINARY_DIR}/${name}")
   add_custom_command(OUTPUT "${packed}"

@@ -1,5 +1,4 @@
-# The Debian packages, made by `cpack -G DEB`: one of each group of the components that the install
-# rules name.
+# The Debian packages, made by `cpack -G DEB`: one package for each group of install components.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME scriboneditor)
@@ -20,7 +19,7 @@ if(TARGET marvane-desk)
   set(CPACK_COMPONENT_PLATFORM-DEBIAN_GROUP desk)
 endif()
 
-# The changelog says which version is being packed.
+# Version and revision come from the changelog's first entry.
 file(STRINGS "${PROJECT_SOURCE_DIR}/packaging/debian/changelog" newest LIMIT_COUNT 1)
 if(NOT newest MATCHES "^scriboneditor \\((${PROJECT_VERSION})-([^)]+)\\)")
   message(FATAL_ERROR "packaging/debian/changelog begins with another version than ${PROJECT_VERSION}")
@@ -30,7 +29,7 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE "${CMAKE_MATCH_2}")
 set(same_version "(= ${CMAKE_MATCH_1}-${CMAKE_MATCH_2})")
 
 set(CPACK_DEBIAN_PACKAGE_SOURCE scriboneditor)
-# There is no mail host; the domain is the one reserved to belong to none.
+# There is no mailing list: the top-level domain .invalid is reserved for such addresses.
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER
   "The Scribon Specification Editor developers <developers@scriboneditor.invalid>")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

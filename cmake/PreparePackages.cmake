@@ -1,7 +1,7 @@
-# Run by CPack on what it is about to pack.
+# Run by CPack on the installed files before it packs them.
 
-# Takes out of a program or library what only a debugger wants, and the notes of the compiler, which
-# a plain strip leaves in.
+# Strips a program or library: debug information, unneeded symbols, and the compiler's .comment and
+# .note sections, which strip keeps by default.
 function(strip_if_elf file)
   set(magic_of_elf "7f454c46")
   file(READ "${file}" magic LIMIT 4 HEX)
@@ -12,7 +12,7 @@ function(strip_if_elf file)
   endif()
 endfunction()
 
-# The umask of who builds must not decide who may look into the folders.
+# The permissions of folders must not depend on the umask of the build.
 set(folder_permissions
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 

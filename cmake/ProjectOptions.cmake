@@ -1,6 +1,5 @@
-# The flags that every target of ours shares. All are hardened; link scribon_options for the
-# sanitizers, scribon_warnings as well for code that we wrote ourselves (generated code takes only
-# the first).
+# Compiler and linker options. The hardening options apply to all targets. Link scribon_options to
+# all targets (sanitizers), and scribon_warnings to those of our own code, not to generated code.
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
@@ -17,17 +16,17 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_LINK_DEPENDS_NO_SHARED ON)
 
-# The checker turns POSITION_INDEPENDENT_CODE into -pie for executables where supported.
+# Without this check, CMake does not pass -pie to the linker for POSITION_INDEPENDENT_CODE.
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)
 
-# The processor's own protection of jumps and returns is one of x86.
+# -fcf-protection exists on x86 only.
 include(CheckCXXCompilerFlag)
 check_cxx_compiler_flag(-fcf-protection SCRIBON_HAS_CF_PROTECTION)
 add_compile_options(-fstack-protector-strong -Werror=format-security
   $<$<BOOL:${SCRIBON_HAS_CF_PROTECTION}>:-fcf-protection>)
 add_link_options(-Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
-# FORTIFY needs the optimizer and gets in the way of the sanitizers' own interceptors.
+# _FORTIFY_SOURCE needs optimization and does not work with the sanitizers' interceptors.
 if(NOT SCRIBON_SANITIZE)
   add_compile_options(
     $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE> $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
@@ -39,7 +38,7 @@ if(SCRIBON_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(scribon_options INTERFACE -fsanitize=address,undefined)
 endif()
-# The fuzzers steer by what their inputs reach in our code, generated code included.
+# Coverage instrumentation for libFuzzer, also in generated code.
 if(SCRIBON_BUILD_FUZZERS)
   target_compile_options(scribon_options INTERFACE -fsanitize=fuzzer-no-link)
   target_link_options(scribon_options INTERFACE -fsanitize=fuzzer-no-link)
@@ -52,9 +51,9 @@ if(SCRIBON_WERROR)
   target_compile_options(scribon_warnings INTERFACE -Werror)
 endif()
 
-# The runtime of the recognizers has members with the names of the toolkit's keyword macros.
-# The toolkit's assertions are part of the behaviour, in release builds too; implicit
-# conversions between bytes and text are not, since they hide which encoding is meant.
+# QT_NO_KEYWORDS: the ANTLR runtime has members that are named like Qt's keyword macros, as `emit`.
+# QT_FORCE_ASSERTS: Qt's assertions are part of the behaviour, in release builds, too.
+# QT_NO_CAST_...: implicit conversions between QString and bytes would hide the encoding.
 add_library(scribon_qt_options INTERFACE)
 target_compile_definitions(scribon_qt_options INTERFACE
   QT_FORCE_ASSERTS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
@@ -62,8 +61,8 @@ target_compile_definitions(scribon_qt_options INTERFACE
 
 # scribon_list_programs(OUT_FILE)
 #
-# Writes the names of all programs and shared libraries of the project, for the test of what is in
-# them. Call it when all targets are there.
+# Writes the paths of all programs and shared libraries of the project, one a line, for the test of
+# their hardening. Call it after all targets have been defined.
 function(scribon_list_programs out_file)
   set(programs "")
   scribon_collect_programs("${PROJECT_SOURCE_DIR}" programs)
@@ -71,6 +70,7 @@ function(scribon_list_programs out_file)
   file(GENERATE OUTPUT "${out_file}" CONTENT "${programs}\n")
 endfunction()
 
+# Appends the programs and libraries of the directory and its subdirectories to out_var.
 function(scribon_collect_programs directory out_var)
   get_property(targets DIRECTORY "${directory}" PROPERTY BUILDSYSTEM_TARGETS)
   foreach(target IN LISTS targets)

@@ -1,5 +1,5 @@
-# Runs the parser generator and shows its output only when it fails: its template warnings about
-# the C target are noise, yet a real failure leaves old files behind, so those go first.
+# Runs the parser generator and shows its output only if it fails: it prints harmless warnings about
+# the templates of the C target. Old output is removed first, since a failed run leaves it there.
 
 file(REMOVE_RECURSE "${OUTPUT_DIR}")
 file(MAKE_DIRECTORY "${OUTPUT_DIR}")

@@ -1,7 +1,7 @@
 # scribon_token_header(OUT_FILE VOCABULARY)
 #
-# Writes the vocabulary's NAME=number lines as a C++ enumeration. The generator's own headers give
-# the same numbers as macros with names such as EOL and INT, which no other file should see.
+# Writes the vocabulary's NAME=number lines as a C++ enumeration. The generated headers define them
+# as macros with names such as EOL and INT, which could clash with other names.
 function(scribon_token_header out_file vocabulary_file)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${vocabulary_file}")
   file(STRINGS "${vocabulary_file}" lines)

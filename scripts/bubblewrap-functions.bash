@@ -1,10 +1,10 @@
 # shellcheck shell=bash
-# To be sourced by in-namespace: a private root in namespaces, which bubblewrap makes. The root is an
-# empty file system; each function here puts something into it.
+# To be sourced by in-namespace: makes a private root file system in namespaces by bubblewrap. The
+# root is empty at first; the functions collect the arguments that put something into it.
 
 arguments=()
 
-# Says why when it fails.
+# Succeeds if this machine allows namespaces; otherwise bwrap prints the reason.
 try_namespaces() {
     bwrap --cap-drop ALL --unshare-pid --unshare-ipc --unshare-net --ro-bind / / --proc /proc \
         --dev /dev true
@@ -30,17 +30,18 @@ make_link() {
     arguments+=(--symlink "$1" "$2")
 }
 
-# show PLACE: what the machine has there, among the other things in its directory
+# show PLACE: shows the machine's file or directory at the same place, read-only.
 show() {
     arguments+=(--ro-bind "$1" "$1")
 }
 
-# show_as SOURCE PLACE
+# show_as SOURCE PLACE: shows SOURCE at PLACE, read-only.
 show_as() {
     arguments+=(--ro-bind "$1" "$2")
 }
 
-# keep PATH, give PATH: it stays where it is, in a private place too; writable when it is given.
+# keep PATH, give PATH: show the path at its own place, even if that is a private one. keep is
+# read-only, give is writable.
 keep() {
     arguments+=(--ro-bind "$1" "$1")
 }
@@ -49,7 +50,7 @@ give() {
     arguments+=(--bind "$1" "$1")
 }
 
-# give_as_specs DIR
+# give_as_specs DIR: the directory is /specs, writable.
 give_as_specs() {
     arguments+=(--bind "$1" /specs)
 }
@@ -62,7 +63,8 @@ separate_network() {
     arguments+=(--unshare-net)
 }
 
-# Tried with a command that cannot fail, since bwrap's own failure and the command's look alike.
+# try_root WORKING_DIR: runs a command that cannot fail, since the exit status does not tell whether
+# bwrap or the command failed.
 try_root() {
     local complaint
     arguments+=(--chdir "$1")

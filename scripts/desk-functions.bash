@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# To be sourced by what shows the editor beside a platform. What these start ends with the namespace
-# that they run in; where there is none, "started" tells what has to be ended.
+# To be sourced by scripts that run the editor with a desk platform. The processes end with the
+# namespace that they run in; without one, the caller has to end those in "started".
 
 started=()
 
@@ -18,7 +18,7 @@ start_platform() {
     [[ "$line" == *ready* ]] || fail "the demo platform did not start"
 }
 
-# start_display: with a window manager, and set as DISPLAY
+# start_display: starts a virtual display with a window manager and sets DISPLAY.
 start_display() {
     local number
     exec {display_output}< <(exec Xvfb -displayfd 1 -screen 0 1280x900x24 -nolisten tcp -noreset \
@@ -26,11 +26,11 @@ start_display() {
     started+=($!)
     read -r -t 60 -u "$display_output" number || fail "the virtual display did not start"
     export DISPLAY=":$number"
-    # A program of plain widgets draws without the GL drivers, which take their time here.
+    # Qt Widgets need no OpenGL, and its drivers start slowly.
     export QT_XCB_GL_INTEGRATION=none
     openbox >/dev/null 2>&1 &
     started+=($!)
-    # A window that comes up before there is a window manager stays without its title bar.
+    # Windows that are shown before the window manager runs get no title bar.
     until xdotool get_desktop >/dev/null 2>&1; do
         kill -0 "${started[-1]}" 2>/dev/null || fail "the window manager did not start"
         sleep 0.1

@@ -1,6 +1,6 @@
-/* Preloaded behind fakechroot, where a private root is made without namespaces: what fakechroot
-   leaves as it is on the machine, or gets wrong. Each function here is called in place of the C
-   library's. FAKECHROOT_BASE names the private root. */
+/* Preloaded after fakechroot, if a private root is made without namespaces: replaces functions of
+   the C library that fakechroot does not handle, or handles wrongly. FAKECHROOT_BASE is the private
+   root. */
 
 #define _GNU_SOURCE
 
@@ -20,8 +20,8 @@ enum { DISK_SIZE = 65536, PATH_SIZE = 4096 };
 
 /* --- Files without a name
 
-   fakechroot opens them without a mode, and they cannot be read when they get a name. Who asks for
-   one and learns that there is none takes a file with a name instead. */
+   fakechroot does not pass on the mode of O_TMPFILE files, which cannot be read when they get a
+   name later. EOPNOTSUPP makes programs use a temporary file with a name instead. */
 
 static int isWithoutName(int flags)
 {
@@ -60,7 +60,7 @@ int open64(const char* path, int flags, ...)
     return openNamed(AT_FDCWD, path, flags | O_LARGEFILE, mode);
 }
 
-/* --- Shared memory: the C library opens it where the private root does not reach. */
+/* --- Shared memory: shm_open of the C library would use the machine's /dev/shm. */
 
 static int pathOfObject(const char* name, char* path)
 {
@@ -91,7 +91,7 @@ int shm_unlink(const char* name)
     return pathOfObject(name, path) == 0 ? (int)syscall(SYS_unlinkat, AT_FDCWD, path, 0) : -1;
 }
 
-/* --- The small disk: a file there takes no more than the disk would hold. */
+/* --- The small disk: files in /small-disk cannot grow beyond DISK_SIZE. */
 
 static int isOnSmallDisk(int file)
 {
@@ -127,9 +127,9 @@ ssize_t write(int file, const void* data, size_t size)
     return syscall(SYS_write, file, data, size);
 }
 
-/* --- A directory in the place of /specs is a link in the private root; the program's working
-   directory has to be /specs nevertheless, since it names its icons from there. fakechroot asks the
-   kernel itself which it is, with the C library's help. */
+/* --- The working directory: if a directory is given as /specs, that is a symbolic link in the
+   private root, but getcwd must return /specs, since the program uses paths relative to it for its
+   icons. fakechroot calls the kernel's getcwd by syscall(). */
 
 static long nextSyscall(long number, const long* arguments)
 {
@@ -140,7 +140,8 @@ static long nextSyscall(long number, const long* arguments)
                 arguments[5]);
 }
 
-/* The length with the byte at the end, as the kernel counts it; -1 when there is no room. */
+/* Returns the length with the terminating zero, like the kernel; -1 with ERANGE if path is too
+   small. */
 static long replaceSpecs(const char* specs, char* path, size_t size)
 {
     char place[PATH_SIZE];

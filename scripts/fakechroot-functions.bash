@@ -1,22 +1,22 @@
 # shellcheck shell=bash disable=SC2154
-# To be sourced by in-namespace: a private root without namespaces, for machines that allow none. It
-# is a directory; fakechroot, preloaded into each program, leads absolute names there that are not
-# among the "excluded", which stay the machine's. The functions are those of bubblewrap-functions.bash,
-# and what they cannot do here is in docs/DEVELOPING.md.
+# To be sourced by in-namespace: makes a private root for machines that allow no namespaces. It is
+# a directory. fakechroot, preloaded into each program, maps absolute paths into it, except those
+# in "excluded", which stay the machine's. The functions are those of bubblewrap-functions.bash; see
+# docs/DEVELOPING.md for their limits.
 
 root=""
 excluded=""
 placeholder_dirs=()
 placeholder_files=()
 start_dir=""
-# Where root may not give up its power, it mostly has none.
+# Drops root's capabilities, if setpriv is allowed to.
 drop_power=(--inh-caps=-all --bounding-set=-all)
 without_power=()
 
-# The devices that bubblewrap gives, too.
+# The same devices as with bubblewrap.
 devices=(null zero full random urandom tty ptmx pts fd stdin stdout stderr)
 
-# give_up WHAT: is missing of what it takes.
+# give_up REASON: ends the script, as a private root cannot be made.
 give_up() {
     fail "$lack, and fakechroot cannot stand in for them, since $1; $remedy"
 }
@@ -38,7 +38,7 @@ begin_root() {
         give_up "there is no C compiler for what is preloaded with it"
 }
 
-# On the machine's file system for it, if it has one: memory is taken there page by page.
+# On the machine's /dev/shm if possible, where sparse files take no memory.
 make_shared_memory() {
     local shared="/dev/shm/${root##*/}"
     mkdir "$root/dev"
@@ -49,11 +49,11 @@ make_shared_memory() {
     fi
 }
 
-# Everything ends with this script, however it ends: then the other end of the pipe is closed.
+# Starts end-fake-root, which cleans up as soon as the pipe is closed, however this script ends.
 watch_over_root() {
     exec {lifeline}> >(exec setsid "$scripts/end-fake-root" "$root" >/dev/null 2>&1)
     watcher=$!
-    # Ended by a signal, bash knows its children no more, and goes without waiting.
+    # Waits for the cleanup. After a signal, wait fails and the script ends at once.
     trap 'exec {lifeline}>&-; wait "$watcher" 2>/dev/null || true' EXIT
 }
 
@@ -62,7 +62,7 @@ make_dir() {
     chmod "$1" "$root$2"
 }
 
-# Of a size, if it has one, by what is preloaded.
+# The size is not used: fake-root.c limits the one small disk.
 make_disk() {
     make_dir "$1" "$2"
 }
@@ -72,7 +72,7 @@ make_link() {
     ln -s "$1" "$root$2"
 }
 
-# It is found when the directory is listed.
+# With an empty placeholder in the root, so that the name is found when its directory is listed.
 show() {
     keep "$1"
     if [[ -d "$1" ]]; then
@@ -87,7 +87,7 @@ show_as() {
     cp -rT -- "$1" "$root$2"
 }
 
-# No placeholder: what walks through a private place must not come to what is kept there.
+# Without a placeholder, so that listing a private directory does not show the path.
 keep() {
     excluded+=":$1"
 }
@@ -111,7 +111,7 @@ separate_network() {
     :
 }
 
-# in_root COMMAND...
+# in_root COMMAND...: runs the command with fakechroot preloaded.
 in_root() {
     (
         cd -- "$start_dir" || exit 125
@@ -119,7 +119,7 @@ in_root() {
         export ASAN_OPTIONS="${ASAN_OPTIONS-}:verify_asan_link_order=0"
         export LD_PRELOAD="libfakechroot.so:$root/fake-root.so${LD_PRELOAD:+:$LD_PRELOAD}"
         export FAKECHROOT=true FAKECHROOT_BASE="$root" FAKECHROOT_EXCLUDE_PATH="${excluded#:}"
-        # The first program here is not under fakechroot's eyes yet.
+        # fakechroot is not loaded yet at the first exec, so that one is of /bin/sh.
         # shellcheck disable=SC2016 # for the shell inside
         exec "${without_power[@]}" /bin/sh -c 'exec "$@"' sh "$@"
     )
