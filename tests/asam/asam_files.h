@@ -1,4 +1,4 @@
-// Texts of asam3_specs files, and what is read from them.
+// Makes the text of asam3_specs files and reads them with get_asam3_lists().
 #pragma once
 
 #include <QByteArray>
@@ -8,18 +8,18 @@
 // Lines 1 to 3 and the shortest preamble.
 QByteArray opening();
 
-// A section with this head line.
+// A section with this head line, up to its end mark.
 QByteArray section(const QByteArray& head);
 
-// A good file with a section for each of the names, which are parted by blanks.
+// A valid file with a section for each name. The names are separated by blanks.
 QByteArray asamFile(const char* names);
 
 struct AsamLists {
     int result = 0;
     int count = 0;
-    QStringList entries;         // with their bytes as Latin-1
-    bool insideItsRows = false;  // whether nothing was written behind the four rows
+    QStringList entries;         // bytes decoded as Latin-1
+    bool insideItsRows = false;  // nothing was written behind the array
 };
 
-// The function under test, on a file of this name.
+// Calls get_asam3_lists() on this file.
 AsamLists readLists(const QString& fileName);

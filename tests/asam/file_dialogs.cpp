@@ -16,8 +16,8 @@ FileDialogs::FileDialogs()
     lookAgain();
 }
 
-// A timer of its own each time: an answer may open the next dialog and not return before that one
-// is answered too.
+// Starts a new timer each time: an answer may open another dialog and return only after that one is
+// closed.
 void FileDialogs::lookAgain()
 {
     QTimer::singleShot(LOOKING_MS, this, &FileDialogs::look);
@@ -35,7 +35,7 @@ void FileDialogs::look()
     answer(dialog, m_answers.isEmpty() ? QString() : m_answers.dequeue());
 }
 
-// A name that the dialog does not take leaves it open: then the user gives up.
+// If the dialog does not accept the name and stays open, it is cancelled.
 void FileDialogs::answer(QFileDialog* dialog, const QString& path)
 {
     auto* const name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));

@@ -1,5 +1,5 @@
-// Answers the file dialogs that open while another dialog shows, which is left alone. One that
-// nobody expected is cancelled, so that a test fails on their number and does not hang.
+// Answers file dialogs that open while another dialog is shown, and leaves that one alone. An
+// unexpected file dialog is cancelled, so that the test fails instead of hanging.
 #pragma once
 
 #include <QFileDialog>
@@ -21,7 +21,7 @@ class FileDialogs : public QObject {
 public:
     FileDialogs();
 
-    // The answers are given in the order of these calls.
+    // Answers are used in the order of these calls.
     void choose(const QString& path) { m_answers.enqueue(path); }
     void cancel() { m_answers.enqueue(QString()); }
 

@@ -1,5 +1,5 @@
-// The example files offer what their table says, and the spec files among them name lists that are
-// on offer.
+// Checks that the example asam3_specs files have the ECM lists of the table below, and that the
+// example spec files only name existing lists.
 
 #include <QDirIterator>
 #include <QFile>

@@ -1,4 +1,4 @@
-// The dialog as its user meets it: shown over a window, beside the files of /specs.
+// asamspecs_select, shown over a window, with asam3_specs files in /specs.
 
 #include <unistd.h>
 
@@ -101,10 +101,11 @@ private:
     }
     void press(const char* button) { part<QPushButton>(button)->click(); }
 
-    // As the delegate does for a cell with this file and instance.
+    // Shows the dialog as the delegate does for a cell with this file and instance.
     void showFor(const QString& fileName, const QString& ecmInstance = QString());
 
-    // As the user picks an item of the list of files; the last one of several that are the same.
+    // Picks an item of the file combo box like the user; the last one if there are several of this
+    // text.
     void pick(const QString& item);
 
     std::unique_ptr<QWidget> m_window;
@@ -342,7 +343,7 @@ void tst_AsamspecsSelect::findsAFileAmongAThousandDirectories()
     QCOMPARE(files(), QStringList({path, OTHER}));
 }
 
-// Deeper than a path can name.
+// The path is longer than PATH_MAX.
 void tst_AsamspecsSelect::findsAFileInADeepDirectory()
 {
     if (inFakeRoot())
@@ -416,7 +417,7 @@ void tst_AsamspecsSelect::showsTheCellsInstance()
     QCOMPARE(dialog().OrigEcmInstance(), cell);
 }
 
-// The first file was current for a moment.
+// The first file is current for a moment and sets its instances.
 void tst_AsamspecsSelect::cellsFileThatIsNotThereLeavesTheInstancesOfTheFirst()
 {
     QVERIFY(writeFile(ENGINE, asamFile("ECM0 ECM1")));
@@ -506,7 +507,8 @@ void tst_AsamspecsSelect::pickedInstanceStays()
     QCOMPARE(instance(), QStringLiteral("ECM1:0"));
 }
 
-// What the delegate does to the boxes before the dialog shows meets the form's own items.
+// The delegate sets the combo boxes before the dialog is shown: then they have the items of the
+// form.
 void tst_AsamspecsSelect::filledBeforeItShows()
 {
     QVERIFY(writeFile(ENGINE, asamFile("ECM0 ECM1")));
@@ -520,7 +522,7 @@ void tst_AsamspecsSelect::filledBeforeItShows()
     QCOMPARE(dialog().extSpinBoxEdit()->value(), 7);
 }
 
-// By a window manager, which had put it out of sight.
+// The window system hides and shows the dialog, which sends spontaneous events.
 void tst_AsamspecsSelect::broughtBackIntoSightItKeepsWhatWasPicked()
 {
     QVERIFY(writeFile(ENGINE, asamFile("ECM0 ECM1")));
@@ -627,8 +629,8 @@ void tst_AsamspecsSelect::otherAsCellsFileComesToRest_data()
     QTest::newRow("alone, with a choice") << false << true;
 }
 
-// The cell cannot be told from the item, so the dialog asks while it shows: once as the item
-// becomes current, once for the cell.
+// "Other" as the cell's own file equals the item, so the dialog asks twice while it is shown: when
+// the item becomes current, and for the cell.
 void tst_AsamspecsSelect::otherAsCellsFileComesToRest()
 {
     QFETCH(bool, filesThere);
@@ -659,7 +661,7 @@ void tst_AsamspecsSelect::okAccepts()
     QVERIFY(!dialog().isVisible());
 }
 
-// Hiding rejects once more, so both the inner and the outer end are told.
+// hideEvent() rejects again, so the signals are emitted twice.
 void tst_AsamspecsSelect::cancelRejects()
 {
     showFor(ENGINE);

@@ -1,4 +1,4 @@
-// What is read from asam3_specs files, good, bad and hostile ones.
+// get_asam3_lists() on valid, invalid and malicious files.
 
 #include <limits.h>
 #include <sys/socket.h>
@@ -21,7 +21,7 @@ constexpr int READ = 0;
 constexpr int NO_FILE = -54;
 constexpr int WRONG_FORM = 76;
 
-constexpr int LONGEST_NAME = 253;  // with ":0" and the zero, what an entry has room for
+constexpr int LONGEST_NAME = 253;  // an entry also has ":0" and a terminating zero
 
 AsamLists readText(const QByteArray& text)
 {
@@ -296,7 +296,7 @@ void tst_GetAsam3Lists::lineOfAMegabyte()
     forms();
 }
 
-// However much of a file has been written so far, it is read as far as it goes.
+// A file may be truncated anywhere.
 void tst_GetAsam3Lists::cutAtEveryByte()
 {
     const QByteArray whole = asamFile("A B A A B");

@@ -1,6 +1,6 @@
-// A day of editing: editors, dialogs, charms and validators go when their edit ends, whether it was
-// taken over or given up, and only the undo steps stay. All of the process's objects count, those
-// that nobody owns too.
+// Checks that editing does not leak QObjects: editors, dialogs, charms and validators are deleted
+// when their edit ends, by commit or by cancel. Counts all QObjects of the process, those without a
+// parent, too.
 
 #include <QApplication>
 #include <QComboBox>
@@ -11,16 +11,16 @@
 #include "variableselectiondialog.h"
 #include "window_test.h"
 
-// Where the toolkit looks for the functions that want to hear of every object.
+// Qt's table of hooks that are called for each new and deleted QObject.
 extern quintptr Q_CORE_EXPORT qtHookData[];
 
 namespace {
 
-constexpr int FIRST_EDITS = 3;  // some objects are made once
+constexpr int FIRST_EDITS = 3;  // some objects are created once only
 constexpr int EDITS = 250;
-constexpr int PASSING = 10;  // objects that come and go by themselves
+constexpr int PASSING = 10;  // objects that come and go independently of editing
 
-// The objects that there are, all over the process, counted from its making on.
+// Counts the QObjects that are created and not deleted while it lives.
 class LivingObjects {
 public:
     LivingObjects()
@@ -52,7 +52,7 @@ private:
 
 std::atomic<int> LivingObjects::s_number{0};
 
-// Editors and dialogs are deleted when the event loop comes round.
+// Handles deferred deletes, as editors and dialogs are deleted by deleteLater().
 void deleteWhatHasEnded()
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -95,7 +95,7 @@ void tst_CellGrowth::editsLeaveNothing_data()
     QTest::newRow("alternate names") << 3 << 2;
 }
 
-// An empty text gives the edit up where the editor can be given up.
+// Edits the cell. An empty text cancels the edit if the editor can be cancelled.
 void tst_CellGrowth::edit(int tab, int column, const QString& text)
 {
     QTreeView* const view = viewOf(*m_window, tab);

@@ -1,6 +1,5 @@
-// A walk through every kind of cell: what opens for it, what the editor shows, what a change
-// stores, what the undo stack holds and gives back, and what the file says after a save. The cells
-// are opened by key, changed by keys and clicks, and nothing else.
+// Edits each kind of cell by keyboard and mouse only, and checks which editor opens, what it shows,
+// what a change stores, the undo stack, and the saved file.
 
 #include <QUndoStack>
 #include <QtTest>
@@ -10,7 +9,7 @@
 
 namespace {
 
-// What opens for a cell.
+// The kind of editor that opens for a cell.
 enum Opens {
     NOTHING,
     LINE,
@@ -20,19 +19,19 @@ enum Opens {
     MEMBERS,
     CHANNELS,
     PARAMETERS,
-    VARIABLE,            // a dialog without
-    VARIABLE_OR_OPTION,  // and with a line for what may stand in place of a variable
+    VARIABLE,            // VariableSelectionDialog without an optional line
+    VARIABLE_OR_OPTION,  // with one
     ECM
 };
 
-// How the row came into the document.
+// How the row was added to the document.
 enum Origin { FROM_FILE, INSERTED, RENAMED };
 
 struct RowKind {
     QByteArray file;
     int tab = 0;
     int row = 0;
-    QByteArray lines;  // the row's own in the file, without the last one's end
+    QByteArray lines;  // the lines of the row in the file, without the last line end
     Origin origin = FROM_FILE;
 };
 
@@ -47,12 +46,12 @@ struct CellKind {
     Opens opens = NOTHING;
     QByteArray shows = {};
     QByteArray typed = {};
-    QVector<CellText> stored = {};  // the row's cells that change
+    QVector<CellText> stored = {};  // cells of the row that change
     int steps = 0;
-    QByteArray linesAfter = {};  // those of the row, where any cell changes
+    QByteArray linesAfter = {};  // lines of the row after the change
 };
 
-// The file of the Keywords tab's rows: its first statement, then the one in question.
+// The file for rows of the Keywords tab: the first statement, then this one.
 QByteArray keywordFile(const QByteArray& statement)
 {
     return "@SCRIBON\nwalk\n\n" + statement + "\n";
@@ -96,7 +95,7 @@ Opens kindOf(const QWidget* editor)
     return qobject_cast<const asamspecs_select*>(editor) != nullptr ? ECM : NOTHING;
 }
 
-// The fields of a dialog that are not empty, parted by blanks.
+// The non-empty fields of a dialog, separated by blanks.
 QString fieldsOf(QStringList fields)
 {
     fields.removeAll(QString());
@@ -127,7 +126,7 @@ QVector<QStringList> withTexts(QVector<QStringList> rows, int row, const QVector
     return rows;
 }
 
-// The file with these lines, which it must have once, replaced.
+// Replaces these lines of the file, which must occur once.
 QByteArray withLines(const QByteArray& file, const QByteArray& lines, const QByteArray& others)
 {
     QByteArray result = "\n" + file;
@@ -257,7 +256,7 @@ void tst_CellWalk::addKeyword(const QByteArray& keyword, const QByteArray& value
 
 // clang-format off
 
-// Keywords whose rows are not as all others'.
+// Keywords whose rows differ from the others.
 void tst_CellWalk::addSpecialKeywordRows()
 {
     addCells({"@SCRIBON\nwalk\n", DE_TAB1, 0, "@SCRIBON\nwalk"}, {
@@ -288,7 +287,7 @@ void tst_CellWalk::addSpecialKeywordRows()
     });
 }
 
-// The values of an unknown keyword take no edits: no statement of the file has them.
+// The values of an unknown keyword cannot be edited.
 void tst_CellWalk::addRowsWithoutKeyword()
 {
     addCells({keywordFile("# a note"), DE_TAB1, 1, "walk\n# a note"}, {
@@ -324,7 +323,7 @@ void tst_CellWalk::addRowsWithoutKeyword()
     });
 }
 
-// The line of a comment ends with it, whatever the cells behind it hold.
+// A comment is the last text of its line, whatever the cells behind it hold.
 void tst_CellWalk::addScanListRows()
 {
     const QByteArray entry = "eng_speed\t\t.SD\t\tN_ENG_AVG";
@@ -438,8 +437,8 @@ void tst_CellWalk::addEcmRows()
 
 // ---- The user's hands --------------------------------------------------------------------------
 
-// Brings the document to where the cell's edit begins. A new row of the Keywords tab is there with
-// its keyword's editor open already.
+// Prepares the document for the edit of this cell. For a new row of the Keywords tab, its keyword's
+// editor is open already.
 QModelIndex tst_CellWalk::prepare(const RowKind& row, int column)
 {
     show(row.file);
@@ -472,7 +471,7 @@ void tst_CellWalk::changeVariable(VariableSelectionDialog* dialog, const QString
     acceptDialog(dialog);
 }
 
-// The number and the instance, parted by a blank.
+// Types a text of the form "NUMBER INSTANCE" into the dialog.
 void tst_CellWalk::changeEcm(asamspecs_select* dialog, const QString& typed)
 {
     dialog->extSpinBoxEdit()->setFocus();

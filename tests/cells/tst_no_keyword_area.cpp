@@ -1,5 +1,5 @@
-// The editors of keywords where the platform has gone before its keywords were first asked for. In
-// a program of its own: once attached, the keywords stay to the end of the process.
+// Editors of the platform's keywords if the platform ended before its keyword area was attached. A
+// test program of its own, since the area stays attached once it is.
 
 #include <QComboBox>
 #include <QLineEdit>

@@ -1,4 +1,4 @@
-// Editors that are open when their row or their document goes.
+// Editors that are open when their row is removed or another document is loaded.
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -64,7 +64,7 @@ void tst_OpenCells::undoWhileAnEditorIsOpen()
     QCOMPARE(text(1, 0), QStringLiteral(" "));
 }
 
-// The stack is carrying the removal out while the editor wants to commit.
+// The editor commits while the undo stack executes the removal.
 void tst_OpenCells::redoOfARemovalWhileAnEditorIsOpen()
 {
     load("@START_EVENT\nevent\n\n@STOP_EVENT\nother");

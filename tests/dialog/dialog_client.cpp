@@ -1,4 +1,5 @@
-// Opens a dialog for each line that it is told, "any" or "strings", beside those that are open.
+// Opens a VariableSelectionDialog for each line of standard input, "any" or "strings", and leaves
+// the earlier ones open.
 
 #include <marvane_headers.h>
 

@@ -14,7 +14,7 @@ void DialogTest::init()
     QVERIFY(QTest::qWaitForWindowExposed(m_parent.get()));
 }
 
-// The next test's platform has another catalogue to be read.
+// The catalogue must be rebuilt for the platform of the next test.
 void DialogTest::cleanup()
 {
     m_dialog.reset();

@@ -1,5 +1,5 @@
-// Tests of the variable dialog: a platform of their own, and dialogs as the editor opens them, over
-// a parent that is on the screen.
+// Base class of the tests of VariableSelectionDialog: starts a platform, and opens dialogs over a
+// visible parent as the delegate does.
 #pragma once
 
 #include <QComboBox>
@@ -21,15 +21,15 @@ protected Q_SLOTS:
     virtual void cleanup();
 
 protected:
-    // Makes the dialog, but does not show it yet.
+    // Creates the dialog without showing it.
     VariableSelectionDialog& make(int filter, const QString& optionalData = {},
                                   const QModelIndex& index = {});
 
-    // Shows the dialog that was made last as the editor does: its line holds the cell's text
-    // before.
+    // Shows the last dialog that was made, like the delegate: sets the cell's text as edit text
+    // first.
     void show(const QString& cellText = {});
 
-    // Makes and shows one.
+    // Creates a dialog and shows it.
     VariableSelectionDialog& open(int filter, const QString& cellText = {});
 
     VariableSelectionDialog& dialog() { return *m_dialog; }
@@ -49,7 +49,7 @@ protected:
         return *m_dialog->findChild<QPushButton*>(QStringLiteral("Cancel"));
     }
 
-    // Replaces what stands in the variable's line, key by key.
+    // Replaces the edit text of the variable combo box, by keyboard.
     void type(const QString& text);
 
     std::unique_ptr<LivePlatform> m_platform;

@@ -1,4 +1,4 @@
-// The catalogue that the dialog's tests run beside.
+// The catalogue of the platform in the tests of the dialog.
 #pragma once
 
 #include <QByteArray>

@@ -1,4 +1,4 @@
-// What the variable dialog shows of a cell and of the platform, and how it follows its user.
+// VariableSelectionDialog: what it shows for a cell, and how its fields follow the user's input.
 
 #include <QAbstractItemModelTester>
 #include <QAbstractItemView>
@@ -42,7 +42,7 @@ void pickByKeyboard(QComboBox* comboBox, int row)
         QTest::keyClick(comboBox, comboBox->currentIndex() < row ? Qt::Key_Down : Qt::Key_Up);
 }
 
-// What the platform's library looks names and units up in.
+// The bytes of the platform's directory, in which the library looks names and units up.
 QByteArray directoryOfPlatform()
 {
     QFile file(
@@ -125,7 +125,7 @@ private Q_SLOTS:
     void withoutAParent();
 
 private:
-    // Wherever the platform's library looks them up.
+    // Replaces these units everywhere in shared memory.
     void replaceUnits(const QByteArray& units, const QByteArray& by);
 };
 
@@ -418,7 +418,7 @@ void TestVariableDialog::memberOfTheCell()
     QTEST(members().currentText(), "member");
 }
 
-// What the cell's text brings along is looked up when the editor puts it into the line.
+// The members and units of the cell's text are looked up when the delegate sets the edit text.
 void TestVariableDialog::slotsAreSilentWhileItFillsItself()
 {
     make(QT_MARVANE_ANY);
@@ -889,7 +889,7 @@ void TestVariableDialog::ownUnitsThatFillTheirField()
     QCOMPARE(units().itemText(0), QString::fromLatin1(units16));
 }
 
-// The platform tells them in the variable's record and again among those of their dimension.
+// The units are in the variable's record and again in the list of their dimension.
 void TestVariableDialog::ownUnitsAreTheSameInAnyCase()
 {
     make(QT_MARVANE_ANY);

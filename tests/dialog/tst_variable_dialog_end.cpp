@@ -1,5 +1,5 @@
-// How the variable dialog ends, what its listener gets, and what it knows when the platform changes
-// or goes away.
+// VariableSelectionDialog: accepting and rejecting, what a slot of finished() can read, and a
+// platform that changes or ends meanwhile.
 
 #include <QProcess>
 #include <QtTest>
@@ -10,7 +10,7 @@
 
 namespace {
 
-// What the editor reads when the dialog tells its end.
+// What the delegate reads in the slot of finished().
 struct Reading {
     int result;
     QStringList fields;
@@ -117,7 +117,7 @@ void TestVariableDialogEnd::acceptedOnceWithItsFieldsIntact()
     QCOMPARE(dialog().result(), int{QDialog::Accepted});
 }
 
-// As the table does, which takes its editor away within the signal.
+// The view hides its editor within the signal.
 void TestVariableDialogEnd::listenerThatHidesItsEditor()
 {
     open(QT_MARVANE_ANY, QStringLiteral("oil_temp"));
@@ -127,7 +127,7 @@ void TestVariableDialogEnd::listenerThatHidesItsEditor()
     QCOMPARE(resultsOf(m_readings), QVector<int>{QDialog::Accepted});
 }
 
-// Hiding rejects, and rejecting hides: whoever listens has to bear being told so again.
+// hideEvent() rejects the dialog, and rejecting hides it: slots may be called more than once.
 void TestVariableDialogEnd::rejected_data()
 {
     QTest::addColumn<Way>("way");
@@ -164,7 +164,7 @@ void TestVariableDialogEnd::hiddenAfterAcceptanceItTellsNoMore()
 
 namespace {
 
-// Makes the catalogue differ from what is read of the platform now.
+// Renames a variable, so that the catalogue differs from Master_variables.
 bool renameFirstAnalogInput(LivePlatform* platform)
 {
     constexpr qint64 LABEL_AT = 64;
@@ -246,7 +246,7 @@ void TestVariableDialogEnd::killedPlatform()
 
 void TestVariableDialogEnd::anotherFilterWithoutAPlatformEndsTheProcess()
 {
-    // Ended in the midst of it, the toolkit gives nothing back.
+    // The program ends by exit(), so Qt frees nothing.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
     QProcess client;

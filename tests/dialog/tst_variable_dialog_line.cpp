@@ -1,5 +1,5 @@
-// The line for what may stand in place of a variable: what it accepts, and how the mark of the cell
-// follows while it is typed.
+// The optional line edit of VariableSelectionDialog: what it accepts, and how the cell's mark
+// follows while the user types.
 
 #include <QClipboard>
 #include <QLabel>

@@ -1,4 +1,4 @@
-// The kinds of editors that stand in a cell itself, each with a cell of fullSpec() that opens one.
+// The kinds of editors inside a cell, each with a cell of fullSpec() that it edits.
 #pragma once
 
 #include <array>
@@ -9,7 +9,7 @@ struct CellEditor {
     const char* name;
     Place place;
     const char* typed;
-    const char* stored;  // what the editor makes of the typed text
+    const char* stored;  // what is stored after typing that text
 };
 
 constexpr std::array<CellEditor, 10> CELL_EDITORS{{

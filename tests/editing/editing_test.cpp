@@ -141,8 +141,7 @@ int EditingTest::openEditors() const
     return count;
 }
 
-// The window that got the key pressed may be gone when it is released, and no other has the
-// keyboard.
+// No release without a focus window: the press may have closed the window.
 void EditingTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
     QTest::keyPress(WHO_HAS_THE_KEYBOARD, key, modifiers);

@@ -1,5 +1,5 @@
-// What the tests of editing share: a shown window with a document, and the user's hands. Keys go to
-// whatever has the keyboard, as the user's do.
+// Base class of the tests of editing: a visible window with a document, and functions that act like
+// the user. Keys go to the widget that has the focus.
 #pragma once
 
 #include <QComboBox>
@@ -16,7 +16,7 @@
 
 enum class Way { DoubleClick, EditKey };
 
-// A cell as a test's data row names it: its column in the row that has the key in another column.
+// A cell in a test's data: a column of the row that has the text `key` in column `keyColumn`.
 struct Place {
     int tab;
     int keyColumn;
@@ -34,14 +34,14 @@ public:
     EditingTest() { Q_INIT_RESOURCE(scriboneditor); }
 
 protected:
-    // Loads the text and shows the window, beside an asam3_specs file. Nobody answers modal dialogs
-    // from then on: the only one is an editor itself.
+    // Loads the text and shows the window, with an asam3_specs file in /specs. Modal dialogs are
+    // not answered any more, since a modal dialog is an editor then.
     void show(const QByteArray& text = fullSpec());
 
-    // A cell by the number of its tab, DE_TAB1 to DE_TAB5.
+    // The index of a cell; tab is DE_TAB1 to DE_TAB5.
     QModelIndex cell(int tab, int row, int column) const;
 
-    // Invalid when there is none.
+    // Invalid if there is no such cell.
     QModelIndex cellAt(const Place& place) const;
     QModelIndex valueOf(const char* keyword, int column = 1) const;
 
@@ -52,7 +52,7 @@ protected:
     static TreeModel* modelAt(const QModelIndex& cell);
     Antlr3_BaseTreeDelegate* delegateAt(const QModelIndex& cell) const;
 
-    // Opens the cell's editor and waits until the user can type; null when none opens.
+    // Opens the cell's editor and waits until it has the focus. Null if none opens.
     QWidget* open(const QModelIndex& cell, Way way = Way::DoubleClick);
 
     template <typename Editor>
@@ -61,36 +61,34 @@ protected:
         return qobject_cast<Editor*>(open(cell));
     }
 
-    // For a test whose data are those of addCellEditors(): opens the cell's editor and types over
-    // its text.
+    // For tests with the data of addCellEditors(): opens the cell's editor and replaces its text.
     QModelIndex openFetchedAndType();
 
-    // Null when the cell is not being edited.
+    // Null if the cell is not being edited.
     static QWidget* editorOf(const QModelIndex& cell);
 
-    // In all tabs.
+    // The number of open editors in all tabs.
     int openEditors() const;
 
     static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     static void typeOver(const QString& text);
 
-    // Picks the item by the keys in the list that a combo box drops down.
+    // Opens the popup list of a combo box and picks the item, by keyboard.
     static void pick(QComboBox* comboBox, const QString& item);
 
-    // Puts the text in the dialog's variable line in place of what stands there, and picks none of
-    // what is offered to complete it.
+    // Replaces the variable in the dialog by typing, and does not pick a completion.
     static void typeVariable(VariableSelectionDialog* dialog, const QString& name);
 
     QUndoStack* stack() const;
 
-    // What the file holds after the user saved.
+    // Saves the document and returns the bytes of the file.
     QByteArray saved();
 };
 
-// A text of a source file as a string.
+// Converts a string literal.
 QString text(const char* latin1);
 
-// The widget of this kind and name in the dialog, which must have it.
+// The dialog's child widget of this class and name, which must exist.
 template <typename Part>
 Part* partOf(const QWidget* dialog, const char* name)
 {
@@ -100,7 +98,7 @@ Part* partOf(const QWidget* dialog, const char* name)
     return part;
 }
 
-// By the mouse on the button.
+// Clicks on the dialog's Ok button.
 void acceptDialog(QDialog* dialog);
 void cancelDialog(QDialog* dialog);
 

@@ -1,12 +1,13 @@
 // The keywords that the Keywords tab offers, in their order, with the tool tips of the full list.
-// From "send_on_path_change" on there is none: the table of tips has one word more there.
+// From "send_on_path_change" on there are no tool tips: SCRIBON_KEYWORDS has SCAN_LIST before it,
+// which is not offered, and tool tips are looked up by position.
 #pragma once
 
 #include <array>
 
 struct KeywordChoice {
     const char* name;
-    const char* toolTip;  // where all keywords before it are on offer too; null for none
+    const char* toolTip;  // if all keywords are offered; null for none
 };
 
 // clang-format off

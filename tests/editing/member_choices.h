@@ -1,5 +1,5 @@
-// The statistical members that the Scan List offers, in their order, with their tool tips. An empty
-// one without a tool tip follows.
+// The statistical members that the Scan List offers, in their order, with their tool tips. The last
+// item, which is empty and has no tool tip, is not listed.
 #pragma once
 
 #include <array>

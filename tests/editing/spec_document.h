@@ -1,10 +1,9 @@
-// The document that the tests of editing change: all keywords, all lists, comments and a statement
-// of no keyword.
+// The document of the tests of editing: all keywords, all lists, comments and an unknown keyword.
 #pragma once
 
 #include <QByteArray>
 
-// As saving writes it, so that loading and saving it changes nothing.
+// In the form that a save writes, so that loading and saving does not change it.
 QByteArray fullSpec();
 
 // An asam3_specs file with the lists ECM0:0, ECM0:1 and ECM1:0.

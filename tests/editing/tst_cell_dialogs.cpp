@@ -1,4 +1,4 @@
-// The dialogs over cells: where they stand, and what they leave behind.
+// The dialogs that edit cells: their position, and what remains after they were closed.
 
 #include <QHeaderView>
 #include <QScreen>
@@ -21,14 +21,14 @@ private Q_SLOTS:
     void undoOnTheTabWhereADialogEndedFindsItsRowAgain();
 
 private:
-    // Renames the variable of Scan List row 5 in a dialog that the user accepts with the Keywords
-    // tab in front, and removes the row.
+    // Opens the dialog of Scan List row 5, changes to the Keywords tab, accepts another variable
+    // and removes the row.
     void renameFromKeywordsAndRemove();
     QStringList scanList() const { return columnTexts(*modelOf(*m_window, DE_TAB2), 1); }
     void undoOn(int tab);
 
-    // Where the dialog's content belongs: the cell's place in the table counts from the window's
-    // corner, and for the dialog with its frame.
+    // The expected position of the dialog's contents. The cell's position in the view counts from
+    // the window's corner, and the dialog's position includes its frame.
     QPoint placeOf(const QModelIndex& cell, int below) const;
 };
 
@@ -70,7 +70,7 @@ void TestCellDialogs::staysBesideItsCell()
     QCOMPARE(dialog->geometry().topLeft(), placeOf(index, below));
 }
 
-// Over a cell near its lower right corner, the buttons would be out of reach.
+// Otherwise the buttons would be off the screen for a cell at its lower right.
 void TestCellDialogs::staysOnTheScreen()
 {
     QFETCH(int, tab);
@@ -95,7 +95,7 @@ void TestCellDialogs::dismissedDialogLeavesNoMark_data()
     QTest::newRow("no text") << QString();
 }
 
-// The next check finds nothing wrong in the cell, which kept its value.
+// The cell kept its value, so the next validation clears its mark.
 void TestCellDialogs::dismissedDialogLeavesNoMark()
 {
     QFETCH(QString, typed);

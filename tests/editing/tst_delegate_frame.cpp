@@ -1,4 +1,4 @@
-// How every edit begins and ends, whatever its editor.
+// How edits begin and end, for all kinds of editors.
 
 #include <QAbstractItemView>
 #include <QLabel>
@@ -21,7 +21,7 @@ constexpr Place GROUP{DE_TAB1, 0, "@GROUP", 1};
 constexpr Place YES{DE_TAB1, 0, "@LOG_STATISTICS", 1};
 constexpr Place ECM{DE_TAB5, 1, "1", 2};
 
-// What a delegate tells the view from now on.
+// Records the signals that the delegate emits.
 class Reports {
 public:
     explicit Reports(QAbstractItemDelegate* delegate)
@@ -414,7 +414,7 @@ void TestDelegateFrame::returnCommitsOnce_data()
     }
 }
 
-// A step to an empty text changes nothing, so a second one would not go unnoticed.
+// A second commit would add a step to the undo stack even if it changed nothing.
 void TestDelegateFrame::returnCommitsOnce()
 {
     show();
@@ -466,7 +466,7 @@ void TestDelegateFrame::tabKeyOpensNoOtherEditor()
     }
 }
 
-// The editor stays open with what was typed.
+// The editor stays open with the typed text.
 void TestDelegateFrame::escapeIsNotHandled()
 {
     QFETCH(QString, typed);
@@ -545,8 +545,7 @@ void TestDelegateFrame::dialogStaysWhenLeft()
     QVERIFY(reports.none());
 }
 
-// It is modal: the window beneath takes no click, and only the toolkit's news of a lost focus
-// comes.
+// The dialog is modal: the window below gets no clicks, so only the focus-out event is sent.
 void TestDelegateFrame::ecmDialogStaysWhenLeft()
 {
     show();
@@ -580,7 +579,7 @@ const std::array<Ending, 6> ENDINGS{{
 
 }  // namespace
 
-// Hiding an ECM list's dialog does not end it.
+// Hiding the dialog of an ECM list does not close it.
 void TestDelegateFrame::dialogEndedOtherwiseStoresNothing_data()
 {
     QTest::addColumn<Place>("place");
@@ -613,7 +612,7 @@ void TestDelegateFrame::dialogEndedOtherwiseStoresNothing()
     QCOMPARE(stack()->count(), 0);
 }
 
-// As with every editor of a table.
+// Like every editor of a view.
 void TestDelegateFrame::goingToAnotherCellTakesTheDialogsValueOver()
 {
     show();
@@ -661,7 +660,7 @@ void TestDelegateFrame::otherWidgetsFillNothingAndStoreNothing()
 
 namespace {
 
-// Something that sends a number, which some slots take for a result.
+// An object whose signal has an int argument, which some slots take as a dialog's result.
 struct Sender {
     const char* name;
     QWidget* (*make)(QWidget* window);
@@ -820,7 +819,7 @@ void TestDelegateFrame::keywordsLineEndsNothing_data()
     QTest::newRow("a comment's") << Place{DE_TAB1, 0, "# note", 0};
 }
 
-// Opening the list of keywords is one of the things that end the editing of the line.
+// Opening the popup list of keywords also emits editingFinished() of the line edit.
 void TestDelegateFrame::keywordsLineEndsNothing()
 {
     QFETCH(Place, place);

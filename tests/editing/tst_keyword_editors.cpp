@@ -1,5 +1,4 @@
-// The editors of the Keywords tab: what they offer, what they show of a cell, and what they make of
-// what the user enters.
+// The editors of the Keywords tab: what they offer, show and store.
 
 #include <QAbstractItemView>
 #include <QLabel>
@@ -20,7 +19,7 @@ QString firstGroup(const QWidget* dialog)
     return partOf<QComboBox>(dialog, "groupComboBox")->itemText(0);
 }
 
-// The keywords of lists that may stand on this tab, too, with a variable for their value.
+// Rows with the keywords of lists, which can also be on this tab, with a variable as value.
 void addListKeywords()
 {
     QTest::addColumn<QByteArray>("keyword");
@@ -91,7 +90,7 @@ private Q_SLOTS:
     void secondValueOfATextOpens();
 
 private:
-    // The dialog of a keyword's value, in a document with these two variables in it.
+    // Opens the dialog for the value of a row with this keyword and value.
     VariableSelectionDialog* dialogOf(const char* keyword, const QString& value);
 };
 
@@ -289,7 +288,7 @@ void TestKeywordEditors::pickedKeywordIsStoredAtOnce()
     QCOMPARE(openEditors(), 0);
 }
 
-// It is the current one already, though a comment's text stands in the line.
+// It is the current item already, although the line edit shows the comment's text.
 void TestKeywordEditors::pickingTheFirstKeywordNeedsReturn()
 {
     show(ONE_KEYWORD + "\n@MAX_SCANS\n1\n");
@@ -588,7 +587,7 @@ void TestKeywordEditors::intervalThatBeginsWithNoDigitIsAVariable_data()
         << QStringLiteral("\u0663[sec]") << QStringLiteral("\u0663[sec]");
 }
 
-// Its first byte tells it; a variable is shown without the blanks around it.
+// The first byte decides; blanks around a variable are removed.
 void TestKeywordEditors::intervalThatBeginsWithNoDigitIsAVariable()
 {
     QFETCH(QString, value);
@@ -634,7 +633,7 @@ void TestKeywordEditors::pathFillsTheOptionalLine()
     QCOMPARE(stack()->count(), 0);
 }
 
-// What the file has is kept all the same.
+// The cell still keeps its value.
 void TestKeywordEditors::variableInPlaceOfAPathIsCleared()
 {
     auto* const dialog = dialogOf("@OUTPUT_PATH", text("test_purpose"));
@@ -760,7 +759,7 @@ void TestKeywordEditors::secondValueOfATextOpens_data()
         QTest::newRow(other) << text(other) << QString();
 }
 
-// The keyword of an event is shown; everything else has to be typed anew.
+// Only the keyword of an event is shown in the editor.
 void TestKeywordEditors::secondValueOfATextOpens()
 {
     QFETCH(QString, value);

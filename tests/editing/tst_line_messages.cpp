@@ -1,4 +1,4 @@
-// What each line edit keeps ready to say of a wrong text.
+// The message that each line edit has for an invalid text.
 
 #include <QtTest>
 #include <array>
@@ -10,7 +10,7 @@ namespace {
 struct Line {
     const char* name;
     Place place;
-    const char* ruledBy;  // put in the place of the key first; null leaves it
+    const char* ruledBy;  // replaces the key first; null keeps it
     const char* message;
 };
 

@@ -1,5 +1,4 @@
-// The editors of the list tabs: what they offer, what they show of a cell, and what they make of
-// what the user enters.
+// The editors of the list tabs: what they offer, show and store.
 
 #include <QAbstractItemView>
 #include <QFile>
@@ -24,7 +23,7 @@ QByteArray listOf(const char* section, const QByteArray& entries)
     return QByteArray("@SCRIBON\nlog\n\n@") + section + '\n' + entries + "\n\n";
 }
 
-// The platform's keywords of this kind, of these units or, with none named, of any.
+// The platform's keywords of this kind, for these units, or for any if units is null.
 QStringList keywordsOf(const char* kind, const char* units = nullptr)
 {
     QFile file(qEnvironmentVariable("SCRIBON_EXAMPLES") + text("/catalogue.json"));
@@ -49,8 +48,8 @@ QStringList without(QStringList list, const QString& item)
     return list;
 }
 
-// Gives one of the platform's keywords another name, for as long as it lives: no catalogue has a
-// name twice, a platform may.
+// Renames a keyword in shared memory while it lives. A catalogue cannot have a name twice, but a
+// real platform might.
 class RenamedKeyword {
 public:
     RenamedKeyword(const DeskProcess& desk, const char* name, const char* newName)
@@ -149,15 +148,15 @@ private Q_SLOTS:
     void cancelledEcmListStoresNothing();
 
 private:
-    // Shows a list with one entry and puts the texts into its columns from the first on; a null one
-    // leaves what the file has.
+    // Loads a list with one entry and sets its first columns to these texts; a null string keeps
+    // the cell.
     QModelIndex showEntry(int tab, const QStringList& texts);
     QString textAt(int tab, int row, int column) const;
 
-    // By the keys; what is not offered is typed.
+    // Picks the item by keyboard, or types the text if it is not offered.
     static void enter(QComboBox* comboBox, const QString& wanted);
 
-    // Nothing for an empty one.
+    // Does nothing for an empty member.
     static void chooseMember(VariableSelectionDialog* dialog, const QString& member);
     static void chooseUnits(VariableSelectionDialog* dialog, const QString& units);
 };
@@ -321,7 +320,7 @@ void TestListEditors::scanListsVariableIsStored()
     QCOMPARE(stack()->count(), memberCell == text(".IV") ? 1 : 2);
 }
 
-// Only a variable with a full stop gets one before its member.
+// A full stop is put before the member only if the variable has one.
 void TestListEditors::memberWithoutAFullStopInTheVariable()
 {
     auto* const dialog =
@@ -334,7 +333,7 @@ void TestListEditors::memberWithoutAFullStopInTheVariable()
     QCOMPARE(textAt(DE_TAB2, 1, 2), text("SD"));
 }
 
-// A cell that names other units is not offered them, so they have to be typed.
+// If the cell names other units, the default ones are not offered, so they have to be typed.
 void TestListEditors::unitsOfTheVariablesOwnAreLeftOut_data()
 {
     QTest::addColumn<QString>("typed");
@@ -359,7 +358,7 @@ void TestListEditors::unitsOfTheVariablesOwnAreLeftOut()
     }
 }
 
-// A text is never taken out of a cell by an edit: the step is there and does nothing.
+// An edit never makes a cell empty: it adds a step that changes nothing.
 void TestListEditors::emptiedVariableStays_data()
 {
     QTest::addColumn<QString>("typed");
@@ -589,7 +588,7 @@ void TestListEditors::channelOfTwoUnitsIsTakenTwice_data()
     QTest::newRow("used more often") << 3;
 }
 
-// Each of the other rows takes the first one that is left.
+// Each of the other rows uses one of the two entries.
 void TestListEditors::channelOfTwoUnitsIsTakenTwice()
 {
     QFETCH(int, uses);
@@ -665,7 +664,7 @@ void TestListEditors::channelIsStored()
     QCOMPARE(stack()->count(), 2);
 }
 
-// The keywords stay attached; without a platform the variable's units are not known.
+// The keyword area stays attached; without a platform the variable's units are unknown.
 void TestListEditors::channelsOutlastThePlatform()
 {
     const QModelIndex index = showEntry(DE_TAB2, {text("eng_speed")}).siblingAtColumn(3);
@@ -861,7 +860,7 @@ void TestListEditors::emptiedVariableLeavesNoMark_data()
     QTest::newRow("a name after units were chosen") << text("DEGF") << text("other") << false;
 }
 
-// An alternate name that would follow the variable keeps its text as the variable does.
+// The alternate name keeps its text, like the variable.
 void TestListEditors::emptiedVariableLeavesNoMark()
 {
     QFETCH(QString, units);
@@ -900,7 +899,7 @@ void TestListEditors::alternateNameShowsItsText()
     QCOMPARE(line->text(), alternate);
 }
 
-// What is typed is judged at once, what is stored not before the next validation.
+// Typed text is validated at once, stored text at the next validation.
 void TestListEditors::alternateNameIsUnmarkedAndStored()
 {
     const QModelIndex name = showEntry(DE_TAB4, {text("x"), text("other")}).siblingAtColumn(2);
@@ -915,7 +914,7 @@ void TestListEditors::alternateNameIsUnmarkedAndStored()
     QCOMPARE(model->errorCode(name).toInt(), int{DE_SYNTAX_ERR});
 }
 
-// Whoever hears of the new text finds the mark gone.
+// When dataChanged() is emitted, the mark is cleared already.
 void TestListEditors::alternateNameIsUnmarkedFirst()
 {
     const QModelIndex name = showEntry(DE_TAB4, {text("x"), text("other")}).siblingAtColumn(2);
@@ -1097,7 +1096,7 @@ void TestListEditors::untouchedEcmListStoresNothing()
     QCOMPARE(stack()->count(), 0);
 }
 
-// Such a one never shows: it would ask for a file at once.
+// Such a dialog is never shown, since it would open a file dialog at once.
 void TestListEditors::ecmDialogWithoutAFileStoresNothing()
 {
     const QModelIndex index = showEntry(DE_TAB5, {text(" "), text(" ")}).siblingAtColumn(2);

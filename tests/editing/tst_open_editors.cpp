@@ -1,5 +1,4 @@
-// Text that still stands in an open editor when the document is saved or closed, or its rows
-// change.
+// Text in an open editor when the document is saved or closed, or when rows change.
 
 #include <QAbstractItemView>
 #include <QMenu>
@@ -18,14 +17,14 @@ constexpr Place GROUP{DE_TAB1, 0, "@GROUP", 1};
 constexpr Place ECM{DE_TAB5, 1, "1", 2};
 constexpr Place ALTERNATE_NAME{DE_TAB4, 1, "eng_speed", 2};
 
-// A cell and its editor that nobody types into.
+// A cell whose editor is opened and closed without typing.
 struct Untouched {
     const char* name;
     Place place;
-    int steps;  // what leaving the editor adds to the undo stack
+    int steps;  // number of steps that closing the editor adds to the undo stack
 };
 
-// A list without the cell's text opens on its first entry, and takes that over when it is left.
+// A combo box without the cell's text selects its first item, which is stored when it is closed.
 constexpr std::array<Untouched, 12> UNTOUCHED{{
     {"a line", REG_NAME, 0},
     {"a keyword's second line", {DE_TAB1, 0, "@RUNNING_AVERAGE", 2}, 0},
@@ -96,7 +95,7 @@ private Q_SLOTS:
     void withNothingLoadedNothingHappens();
 
 private:
-    // Answers modal dialogs again, which show() has ended.
+    // Starts answering modal dialogs again, which show() has stopped.
     ModalDialogs* answering();
 };
 
@@ -123,7 +122,8 @@ void TestOpenEditors::saveWritesTheText()
     QVERIFY(!modelAt(index)->isModified());
 }
 
-// It is taken over before the dialog opens, which would take the focus from the editor as well.
+// The text is committed before the file dialog opens, which would take the focus from the editor,
+// too.
 void TestOpenEditors::saveAsWritesTheText()
 {
     QFETCH(QString, stored);
@@ -210,7 +210,7 @@ void TestOpenEditors::removedRowComesBackWithTheText()
     QCOMPARE(document(), before);
 }
 
-// What was chosen for a new row's keyword comes back with the row.
+// Undo restores the row with the keyword that was chosen for it.
 void TestOpenEditors::newRowIsRemovedFromItsOpenEditor()
 {
     show();
@@ -226,7 +226,7 @@ void TestOpenEditors::newRowIsRemovedFromItsOpenEditor()
     QCOMPARE(cell(DE_TAB1, index.row(), 0).data().toString(), QStringLiteral("my_word"));
 }
 
-// A keyword counts as typed before it is known whether its row may go.
+// The typed keyword is committed before removal checks whether the row is required.
 void TestOpenEditors::rowThatBecomesRequiredStays()
 {
     show();
@@ -254,7 +254,7 @@ void TestOpenEditors::editMenuTakesTheTextOver()
     QCOMPARE(viewAt(index)->currentIndex(), index);
 }
 
-// Undo takes back what was typed last, and Redo brings it again.
+// Undo reverts what was typed last, and Redo applies it again.
 void TestOpenEditors::undoOfAnOlderTextLosesNothing()
 {
     QFETCH(QString, stored);
@@ -329,7 +329,7 @@ void TestOpenEditors::untouchedEditorStoresWhatLeavingItStores()
     QCOMPARE(openEditors(), 0);
 }
 
-// The session may end while a list hangs open.
+// The program may be asked to end while a popup list is open.
 void TestOpenEditors::droppedDownListGoesWithItsEditor()
 {
     show();
@@ -367,7 +367,7 @@ void TestOpenEditors::variableDialogStaysOpenAndUncommitted()
     QCOMPARE(index.data().toString(), QStringLiteral("another"));
 }
 
-// It is modal, so that only the end of the session saves below it.
+// The dialog is modal, so only the end of the session saves while it is open.
 void TestOpenEditors::ecmDialogStaysOpenAndUncommitted()
 {
     show();

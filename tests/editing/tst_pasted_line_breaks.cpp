@@ -1,4 +1,4 @@
-// Line breaks that the user pastes: none gets into a cell where it would break the file's line.
+// Pasted line breaks do not get into cells where they would split a line of the file.
 
 #include <QClipboard>
 #include <QtTest>
@@ -8,13 +8,14 @@
 
 namespace {
 
-// Where the text is pasted: the cell's own line or combo box, or a part of the variable dialog.
+// The widget that the text is pasted into: the editor in the cell, or a field of
+// VariableSelectionDialog.
 enum class Field { InCell, Optional, Variable, Member, Units };
 
 struct Paste {
     const char* name;
     Place place;
-    const char* before;  // the cell's text when the editor opens; null leaves the file's
+    const char* before;  // the cell's text when the editor opens; null keeps that of the file
     Field field;
     const char* pasted;
     const char* stored;
@@ -74,7 +75,7 @@ constexpr std::array<Paste, 34> PASTES{{
 }};
 // clang-format on
 
-// Without the blanks that set a member off.
+// Without the blanks in front of a member.
 QStringList trimmed(QStringList rows)
 {
     return rows.replaceInStrings(QStringLiteral("  "), QString());
@@ -99,7 +100,7 @@ private Q_SLOTS:
 private:
     static QWidget* fieldOf(QWidget* editor, Field field);
 
-    // Pastes the text in place of what the field holds, and ends the edit.
+    // Replaces the contents of the field by pasting, and closes the editor.
     void enter(const QModelIndex& cell, Field field, const QString& pasted);
 };
 
@@ -142,7 +143,7 @@ void TestPastedLineBreaks::storedOnOneLine_data()
         QTest::newRow(row.name) << row;
 }
 
-// In the cell, and in the file that the user saves and opens again.
+// Checks the cell, and the file after it was saved and loaded again.
 void TestPastedLineBreaks::storedOnOneLine()
 {
     QFETCH(Paste, row);
@@ -158,7 +159,7 @@ void TestPastedLineBreaks::storedOnOneLine()
     QCOMPARE(trimmed(document()), before);
 }
 
-// A text that has more than one quoted part is no single value, and the breaks between them go.
+// A text with several quoted parts is not one value, so the line breaks are removed.
 void TestPastedLineBreaks::quotedTextEndsAtItsQuote_data()
 {
     QTest::addColumn<Place>("place");
@@ -208,7 +209,7 @@ void TestPastedLineBreaks::cursorStaysInPlace()
     QCOMPARE(comboBox->currentText(), text("begin_abc_end"));
 }
 
-// A file may have line breaks where none can be pasted.
+// Line breaks from the file are kept, even where none can be pasted.
 void TestPastedLineBreaks::textOfTheCellStays()
 {
     show();

@@ -1,5 +1,5 @@
-// What the tests of the whole program share: a platform beside it, a screen, empty places, and a
-// user for each test function.
+// Base class of the end-to-end tests: a platform, an X display, empty directories, and a User for
+// each test function.
 #pragma once
 
 #include <QTest>
@@ -14,13 +14,13 @@ class EndToEndTest : public QObject {
     Q_OBJECT
 
 protected:
-    // Copies the example below /specs.
+    // Copies the example to /specs. False if that fails.
     static bool provide(const QString& name);
     static QByteArray example(const QString& name);
-    // An example as a save lays it out: without blank lines before comments among the keywords,
-    // with tabs between the values of a row, and with all four lists.
+    // The example in the form that a save writes: no blank lines before comments of the keywords,
+    // tabs between the values of a row, and all four lists.
     static QByteArray savedExample(const QString& name);
-    // The lines of a file, so that a comparison tells the one that differs.
+    // The lines of a file, so that a failed comparison shows the line that differs.
     static QList<QByteArray> linesOf(const QByteArray& text);
     bool start(const QStringList& arguments = {});
 

@@ -25,7 +25,8 @@ bool Screen::start()
     return startServer() && startWindowManager();
 }
 
-// The server must not start over when its last client goes: the hand comes and goes all the time.
+// -noreset: xdotool connects and disconnects all the time, and the server must not reset when its
+// last client disconnects.
 bool Screen::startServer()
 {
     m_server.start(QStringLiteral("Xvfb"),
@@ -38,8 +39,7 @@ bool Screen::startServer()
     return m_name.size() > 1;
 }
 
-// It tells when it is ready. A window that comes up before that stays without a frame, or without
-// the keyboard.
+// Waits until the window manager is ready. Windows shown before get no frame or no focus.
 bool Screen::startWindowManager()
 {
     m_windowManager.setProcessEnvironment(environment());

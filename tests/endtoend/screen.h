@@ -1,4 +1,4 @@
-// A screen of a test's own with a window manager, and the mouse and keyboard in front of it.
+// A virtual X display with a window manager, and functions for mouse and keyboard input.
 #pragma once
 
 #include <QPoint>
@@ -11,16 +11,16 @@ public:
     Screen() = default;
     ~Screen();
 
-    // False when the display or its window manager did not come up.
+    // False if the display or its window manager does not start.
     bool start();
 
-    // Its name for DISPLAY.
+    // The value for DISPLAY.
     QString name() const { return m_name; }
 
-    // Buttons by the numbers of X: 1 left, 3 right, 4 and 5 the wheel up and down.
+    // X button numbers: 1 left, 3 right, 4 and 5 the wheel up and down.
     void click(const QPoint& place, int button = 1, int times = 1) const;
     void moveTo(const QPoint& place) const;
-    // Keys by their X names, with modifiers as in "ctrl+z".
+    // X key names, with modifiers as in "ctrl+z".
     void press(const QString& keys) const;
     void type(const QString& text) const;
 

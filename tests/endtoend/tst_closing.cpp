@@ -1,4 +1,4 @@
-// Closing the window with unsaved work, and what is then in the file.
+// Closing the window with unsaved changes, and the contents of the file then.
 
 #include "endtoend_test.h"
 

@@ -1,5 +1,4 @@
-// Every kind of editor in the full example, one cell after the other, some of it taken back and
-// some of that done again, and what is in the file at the end.
+// Edits each kind of cell in the full example, with some undo and redo, and checks the saved file.
 
 #include <array>
 #include <initializer_list>
@@ -94,7 +93,7 @@ void tst_EveryEditor::editLinesOfKeywords()
     QVERIFY(line({0, QStringLiteral("# The output file"), 0, 0}, "# The file on the server"));
 }
 
-// A keyword is free again when its row has gone.
+// A keyword is offered again when its row was removed.
 void tst_EveryEditor::editChoicesOfKeywords()
 {
     User& user = *m_user;
@@ -172,7 +171,7 @@ void tst_EveryEditor::editEcmList()
     QVERIFY(user.seesErrors(0, 1));
 }
 
-// The last two edits on each of two tabs, of which the first is done again.
+// Undoes the last two edits on each of two tabs, and redoes the first.
 void tst_EveryEditor::takeSomeBack()
 {
     User& user = *m_user;
@@ -275,7 +274,7 @@ void tst_EveryEditor::editorsOpenOnTheValue_data()
     row("number of an ECM list", 4, "3", 1, "3");
 }
 
-// All of it is selected, so that typing replaces it.
+// The whole text is selected, so that typing replaces it.
 void tst_EveryEditor::editorsOpenOnTheValue()
 {
     QFETCH(int, tab);
@@ -314,8 +313,8 @@ void tst_EveryEditor::leavingAnEditorKeepsWhatWasTyped()
     QVERIFY(has(0, "# Then", 0));
 }
 
-// Typing marks the cell; when the tab is judged the next time, the mark goes, since the cell still
-// has its old text.
+// Typing marks the cell. The next validation of the tab clears the mark, since the cell still has
+// its old text.
 void tst_EveryEditor::judgingTheTabLeavesAnEditorAlone()
 {
     User& user = *m_user;
@@ -344,7 +343,7 @@ void tst_EveryEditor::ecmDialogTakesTheKeyboard()
     user.press(QStringLiteral("Down"));
     QVERIFY(user.waitUntil(
         [&] { return user.editorText() == QLatin1String("/specs/asam3_specs.engine"); }));
-    // Over the number and the list to the button.
+    // Tabs over the spin box and the combo box to the button.
     for (const char* const key : {"Tab", "Tab", "Tab", "space"})
         user.press(QLatin1String(key));
     QVERIFY(has(4, "/specs/asam3_specs.engine:ECM0:0", 2));
@@ -382,7 +381,7 @@ void tst_EveryEditor::dialogsThatAreCancelledChangeNothing()
         QVERIFY(user.typeVariable(QStringLiteral("oil_flow")));
     else
         QVERIFY(user.pickIn(QStringLiteral("ecmInstance"), QStringLiteral("ECM1:1")));
-    // Return does not end a dialog.
+    // Return does not close a dialog.
     user.press(QStringLiteral("Return"));
     if (byKey) {
         user.press(QStringLiteral("Escape"));
@@ -395,7 +394,7 @@ void tst_EveryEditor::dialogsThatAreCancelledChangeNothing()
     QVERIFY(user.waitForEnd());
 }
 
-// Those of the other rows are not offered; the row's own is the current one.
+// Keywords of other rows are not offered; the row's own is the current item.
 void tst_EveryEditor::everyKeywordIsOfferedOnce()
 {
     User& user = *m_user;

@@ -1,5 +1,4 @@
-// Mending the broken example by what its marks tell alone: each marked cell gets its remedy, until
-// the counters show 0.
+// Corrects the broken example, guided by the marks only, until the error counters show 0.
 
 #include <array>
 
@@ -12,15 +11,15 @@ constexpr int TABS = 5;
 
 enum Remedy { LINE, CHOICE, VARIABLE, ECM, ROW_REMOVED };
 
-// What a user would do about a marked cell, which is known by its column and by the text that
-// stands first in its row.
+// The correction for a marked cell, which is identified by its column and by the first text of its
+// row.
 struct Mistake {
     int tab = 0;
     int column = 0;
     const char* rowText = "";
     Remedy remedy = LINE;
     const char* value = "";
-    const char* number = "";  // of the ECM list, where its dialog sets that as well
+    const char* number = "";  // extension number, if the cell is one of an ECM list
 };
 
 // clang-format off
@@ -80,7 +79,7 @@ struct Mark {
     QString rowText;
 };
 
-// The last one first, so that a row that is removed moves none that is still to be mended.
+// In reverse order, so that removing a row does not move those that are still to be corrected.
 QVector<Mark> marksFromBelow(const SeenTable& table, int tab)
 {
     const int textColumn = tab == 0 ? 0 : 1;
@@ -131,7 +130,7 @@ bool tst_Mending::removeRow(const Mark& mark, int tab)
     return user.waitUntil([&] { return user.table(tab).rows.size() == rows - 1; });
 }
 
-// The dialog hangs on the path's cell, and sets the number of its row as well.
+// The dialog belongs to the cell with the path and also sets the number.
 bool tst_Mending::mendEcm(const Mark& mark, const Mistake& mistake)
 {
     User& user = *m_user;
@@ -163,7 +162,7 @@ bool tst_Mending::mend(const Mark& mark, const Mistake& mistake)
     return false;
 }
 
-// Each mark is one error in the counter of the tab.
+// Each mark counts as one error of the tab.
 void tst_Mending::mendTab(int tab)
 {
     User& user = *m_user;

@@ -1,5 +1,4 @@
-// From an empty window to a finished spec file: a new file with its placeholders, each of which
-// gets a real value, saved under another name.
+// Creates a new file, replaces each placeholder by a real value, and saves it under another name.
 
 #include "endtoend_test.h"
 
@@ -33,7 +32,7 @@ void tst_NewFile::makeNewFile()
     QVERIFY(user.answerFileDialog(PLACEHOLDERS));
     QVERIFY(user.waitUntil([&] { return user.news() == QLatin1String("File loaded"); }));
     QCOMPARE(user.title(), QStringLiteral("Scribon Specification Editor:") + PLACEHOLDERS);
-    // Of all placeholders only the name of the task cannot be a value.
+    // Only the placeholder for the name of the task is invalid.
     QVERIFY(user.seesErrors(1, 1));
     QCOMPARE(user.counter(), QStringLiteral("Keyword Errors:"));
 }
@@ -63,7 +62,7 @@ void tst_NewFile::enterKeywords()
     QVERIFY(enterVariable(table.rowOf(QStringLiteral("@TEST_ID"), 0), QStringLiteral("test_id")));
     QVERIFY(
         enterVariable(table.rowOf(QStringLiteral("@TEST_TYPE"), 0), QStringLiteral("test_type")));
-    // The line of the interval has the keyboard, where the cell holds one.
+    // The optional line edit has the focus if the cell holds an interval.
     QVERIFY(enterVariable(table.rowOf(QStringLiteral("@SCAN_INTERVAL"), 0),
                           QStringLiteral("500[msec]")));
 }

@@ -1,5 +1,5 @@
-// Inserting and removing rows on every tab, by the context menu, the menu and the keys, and taking
-// both back.
+// Inserts and removes rows on each tab, by the context menu, the menu bar and shortcuts, and undoes
+// both.
 
 #include "endtoend_test.h"
 
@@ -9,7 +9,7 @@ const auto FILE_NAME = QStringLiteral("/specs/scrib_full");
 const auto INSERT = QStringLiteral("Insert Row");
 const auto REMOVE = QStringLiteral("Remove Row");
 
-// Where the text of a row stands by which it is known.
+// The column whose text identifies a row of the tab.
 int textColumn(int tab)
 {
     return tab == 0 ? 0 : 1;
@@ -141,7 +141,7 @@ void tst_Rows::rowsAreRemoved()
     QVERIFY(saves(savedExample(QStringLiteral("scrib_full"))));
 }
 
-// The editor of the new row's keyword is open at once.
+// The editor for the keyword of a new row opens at once.
 void tst_Rows::newKeywordRowIsFilledIn()
 {
     User& user = *m_user;

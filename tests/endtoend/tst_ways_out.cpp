@@ -1,5 +1,5 @@
-// Every way out of an editor whose text was not taken over yet: what was typed is in the cell, and
-// in the file after the next save.
+// Every way to leave an editor with uncommitted text: the text is stored in the cell, and in the
+// file after the next save.
 
 #include <array>
 
@@ -54,7 +54,7 @@ private:
     QString m_file;
     QString m_typed;
     QString m_stored;
-    QString m_pattern;  // what is typed, with a place for a number
+    QString m_pattern;  // typed text, with "%1" for a number
     int m_edits = 0;
 };
 
@@ -74,7 +74,7 @@ const std::array<tst_WaysOut::Way, 13> tst_WaysOut::WAYS{{
     {"Undo from the menu", &tst_WaysOut::undoFromMenu},
 }};
 
-// A keyword is stored in capital letters behind an "@".
+// A keyword is stored in upper case, with "@".
 bool tst_WaysOut::typeAnew()
 {
     m_typed = m_pattern.arg(++m_edits);
@@ -106,7 +106,7 @@ bool tst_WaysOut::fileHasTyped()
     return m_user->waitUntil([this] { return readFile(m_file).contains(m_stored.toUtf8()); });
 }
 
-// The document had no other changes.
+// Checks for the question about unsaved changes: the edit is the only change.
 bool tst_WaysOut::isAsked()
 {
     return m_user->waitUntil([this] { return m_user->boxText() == UNSAVED; }) && hasTyped() &&
@@ -150,7 +150,7 @@ bool tst_WaysOut::closeByButton()
     return isAsked();
 }
 
-// The new row goes again from under its own editor.
+// The new row is removed while its editor is open.
 bool tst_WaysOut::insertRow()
 {
     const int rows = m_user->table(m_tab).rows.size();
@@ -224,7 +224,7 @@ void tst_WaysOut::textIsKept_data()
     row("combo box of a list", 1, "boost_press", 1, 3, "typed_%1_");
 }
 
-// The window manager and the menus leave the keyboard in the editor.
+// The window manager and menus leave the focus in the editor.
 void tst_WaysOut::textIsKept()
 {
     QFETCH(int, tab);

@@ -23,7 +23,7 @@ QString textIn(const QJsonObject& facts, const char* key)
     return facts.value(QLatin1String(key)).toString();
 }
 
-// The first of the list whose fact has the value.
+// The first object in the list with this value for the key.
 QJsonObject firstOf(const QJsonValue& list, const char* key, const QString& value)
 {
     for (const QJsonValue entry : list.toArray()) {
@@ -33,7 +33,7 @@ QJsonObject firstOf(const QJsonValue& list, const char* key, const QString& valu
     return {};
 }
 
-// The place of those items of a list that are not scrolled away.
+// The bounding rectangle of the items that are not scrolled away.
 QRect shownPart(const QJsonValue& items)
 {
     QRect place;
@@ -50,7 +50,7 @@ SeenCell seenCell(const QJsonValue& facts)
             rectOf(facts[QLatin1String("rect")])};
 }
 
-// Where a combo box, which may be a plain line as well, is clicked to open its list.
+// The point to click on to open the list of a combo box, which may be editable.
 QPoint arrowOf(const QRect& place)
 {
     return {place.right() - ARROW_WIDTH / 2, place.center().y()};
@@ -82,7 +82,7 @@ int SeenTable::rowOf(const QString& text, int column) const
     return -1;
 }
 
-// An editor's dialog opens on its cell, and would reach over the screen's edge from further below.
+// A dialog opens at its cell, and would be moved if it did not fit on the screen below it.
 bool SeenTable::hasRoomBelow(const QRect& cell) const
 {
     const bool isAtTheEnd = rows.last().first().place.bottom() <= viewport.bottom();
@@ -97,7 +97,7 @@ User::User()
     m_editor.setVariable(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(SCRIBON_FINDER_PLUGINS));
     m_editor.setVariable(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("finder"));
     m_editor.setVariable(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-    // A program of plain widgets draws without the GL drivers, which take their time here.
+    // Qt Widgets need no OpenGL, and its drivers start slowly.
     m_editor.setVariable(QStringLiteral("QT_XCB_GL_INTEGRATION"), QStringLiteral("none"));
 }
 
@@ -108,8 +108,8 @@ bool User::start(const Screen& screen, const QStringList& arguments)
     return m_editor.start(arguments) && fillScreen();
 }
 
-// By a double click on the title bar, above the window's own corner. A window manager that is still
-// at work on a new window's frame may miss it.
+// Double-clicks on the title bar. Tried several times, since the window manager may miss it while
+// it is adding the frame.
 bool User::fillScreen()
 {
     constexpr int INTO_TITLE_BAR = 8;
@@ -184,7 +184,7 @@ bool User::seesWindow(const QString& widgetClass)
     return !firstOf(look()[QLatin1String("windows")], "class", widgetClass).isEmpty();
 }
 
-// Whether the window has the keyboard and its frame.
+// Whether the active window is of this class and has its frame.
 bool User::isReady(const QString& widgetClass)
 {
     const QJsonObject window = firstOf(look()[QLatin1String("windows")], "class", widgetClass);
@@ -257,7 +257,7 @@ bool User::goToTab(int tab)
     return waitUntil([=] { return look()[QLatin1String("tab")].toInt() == tab; });
 }
 
-// One turn of the wheel, and whether it moved the table.
+// Turns the wheel by one step. Returns whether the table scrolled.
 bool User::scrollOnce(int tab, int row, int column, const QRect& viewport)
 {
     const QRect before = table(tab).rows[row][column].place;
@@ -280,7 +280,7 @@ bool User::scrollTo(int tab, int row, int column)
     return false;
 }
 
-// The middle of what is seen of a cell.
+// The centre of the visible part of a cell.
 QPoint User::placeOf(int tab, int row, int column)
 {
     const SeenTable seen = table(tab);
@@ -328,7 +328,7 @@ bool User::leaveMenu(const QString& action)
     return waitUntil([&] { return actionPlace(action).isEmpty(); });
 }
 
-// From a menu that has just been clicked open.
+// Clicks on the action in the open menu.
 bool User::chooseAction(const QString& action)
 {
     if (!seesAction(action))
@@ -365,7 +365,7 @@ bool User::clickButton(const QString& text)
     return there;
 }
 
-// The window manager may still move a new box away from under the mouse.
+// Tried several times: the window manager may still move a new message box.
 bool User::answerBox(const QString& button)
 {
     constexpr int MISSED_MS = 1500;
@@ -380,7 +380,7 @@ bool User::answerBox(const QString& button)
     return false;
 }
 
-// The dialog offers names that begin as the typed one; the first Return may only close that offer.
+// Return may be needed twice: the first one may only close the completer's popup list.
 bool User::answerFileDialog(const QString& path)
 {
     constexpr int SECOND_RETURN_MS = 1000;
@@ -411,7 +411,8 @@ void User::redo(int times)
         press(QStringLiteral("ctrl+shift+z"));
 }
 
-// By the key of the window manager, which may miss one while it is at work on a new window's frame.
+// Sends the window manager's shortcut. Tried several times, since it may miss one while it is
+// adding the frame.
 void User::askToClose()
 {
     constexpr int MISSED_MS = 3000;
@@ -427,7 +428,7 @@ void User::askToClose()
     }
 }
 
-// The last button of the title bar, which is as wide as the bar is high.
+// The last button of the title bar, assumed to be as wide as the bar is high.
 void User::clickCloseButton()
 {
     const QJsonObject window =
@@ -454,7 +455,8 @@ bool User::isEditing()
            window == QLatin1String("ASAM3 Spec File Selection");
 }
 
-// The editor of another cell, which the click is going to end, has the keyboard until then.
+// Compares the cell, since until the click is handled, the editor of another cell may have the
+// focus.
 bool User::isEditing(int tab, int row, int column)
 {
     const QJsonObject where = focus();
@@ -465,7 +467,7 @@ bool User::isEditing(int tab, int row, int column)
     return cell.contains(editor.left() + 1, editor.center().y());
 }
 
-// On a busy machine the clicks may be too far apart for a double click.
+// Tried several times: on a busy machine the clicks may be too far apart for a double click.
 bool User::open(int tab, int row, int column)
 {
     constexpr int MISSED_MS = 3000;
@@ -485,7 +487,7 @@ bool User::open(const CellName& cell)
     return open(cell.tab, table(cell.tab).rowOf(cell.rowText, cell.rowColumn), cell.column);
 }
 
-// What a combo box has completed behind the typed text is deleted.
+// Deletes what a combo box has completed behind the typed text.
 bool User::enter(const QString& text)
 {
     type(text);
@@ -501,7 +503,7 @@ QJsonObject User::item(const QString& text)
     return firstOf(look()[QLatin1String("items")], "text", text);
 }
 
-// Turns the wheel over the list until the item is seen.
+// Turns the wheel over the popup list until the item is visible.
 bool User::scrollListTo(const QString& text)
 {
     for (int turn = 0; turn < MOST_TURNS; ++turn) {
@@ -518,7 +520,8 @@ bool User::scrollListTo(const QString& text)
     return false;
 }
 
-// The toolkit takes a click that follows too soon on the list's opening for a part of that.
+// Tried several times: QComboBox ignores a click that comes too soon after its popup list was
+// opened.
 bool User::clickItem(const QString& text)
 {
     constexpr int IGNORED_MS = 500;
@@ -545,7 +548,7 @@ bool User::pickIn(const QString& comboBox, const QString& item)
            waitUntil([&] { return textIn(widget(comboBox), "text") == item; });
 }
 
-// Names that begin as the typed one hang below it; Return closes them.
+// Return closes the completer's popup list.
 bool User::typeVariable(const QString& name)
 {
     type(name);

@@ -1,6 +1,5 @@
-// A user of the real program, who looks at its window and has a mouse and a keyboard, and nothing
-// else. What is to be done comes back as true once it is seen to be done, and as false when it is
-// not in good time.
+// Acts like a user of the real program: sees its window and uses mouse and keyboard only. Functions
+// return true once the effect is visible, and false if it is not in time.
 #pragma once
 
 #include <QJsonObject>
@@ -15,7 +14,7 @@
 
 struct SeenCell {
     QString text;
-    int code = 0;  // the mark: above 0 for a wrong cell
+    int code = 0;  // error code: above 0 for a wrong cell
     QRect place;
 };
 
@@ -25,13 +24,13 @@ struct SeenTable {
 
     QString text(int row, int column) const;
     QStringList rowTexts(int row) const;
-    // The first row with the text, blanks around it aside, in the column; -1 when there is none.
+    // The first row whose trimmed text in this column is `text`; -1 if there is none.
     int rowOf(const QString& text, int column) const;
-    // Whether the cell is seen in the upper half, or as near to it as the table scrolls.
+    // Whether the cell is in the upper half of the view, or as near to it as the view scrolls.
     bool hasRoomBelow(const QRect& cell) const;
 };
 
-// A cell by its tab and the first row with a text.
+// A column of the first row of a tab that has a text.
 struct CellName {
     int tab;
     QString rowText;
@@ -43,7 +42,7 @@ class User {
 public:
     User();
 
-    // Starts the program on the screen, and its window is made to fill it.
+    // Starts the program on the display and maximizes its window.
     bool start(const Screen& screen, const QStringList& arguments);
 
     // ---- Looking ----
@@ -57,9 +56,9 @@ public:
     int allErrors();
     bool seesWindow(const QString& widgetClass);
     QString boxText();
-    // The texts of the list that hangs open.
+    // The items of the open popup list.
     QStringList offered();
-    // Where the keyboard is: an editor's text, or what of it is selected.
+    // The text of the editor that has the focus, or its selected part.
     QString editorText();
     QString editorSelection();
     QRect windowPlace(const QString& widgetClass);
@@ -74,40 +73,40 @@ public:
     void type(const QString& text);
     bool chooseFromMenu(const QString& menu, const QString& action);
     bool chooseFromContextMenu(int tab, int row, int column, const QString& action);
-    // Open a menu by the mouse; the right click makes the cell the current one.
+    // Open a menu by the mouse. The right click also makes the cell current.
     void openMenu(const QString& menu);
     bool openContextMenu(int tab, int row, int column);
-    // Whether a menu hangs open that has the action.
+    // Whether an open menu has the action.
     bool seesAction(const QString& action);
-    // Closes the menu that has the action by Escape.
+    // Closes the menu that has the action, by Escape.
     bool leaveMenu(const QString& action);
-    // Clicks on the message box's button and sees the box go.
+    // Clicks on a button of the message box and waits until the box is closed.
     bool answerBox(const QString& button);
     bool answerFileDialog(const QString& path);
     void undo(int times = 1);
     void redo(int times = 1);
     void askToClose();
-    // The same by the button in the title bar.
+    // The same, by the button in the title bar.
     void clickCloseButton();
     bool waitForEnd();
 
     // ---- Editing ----
 
-    // Whether the keyboard is in an editor: one in the table, or a dialog.
+    // Whether an editor has the focus: one in a cell, or a dialog.
     bool isEditing();
     // Opens the editor of a cell, by a double click.
     bool open(int tab, int row, int column);
     bool open(const CellName& cell);
-    // Types over what an open editor in the table shows, and ends it by Return.
+    // Replaces the text of an open editor in a cell and presses Return.
     bool enter(const QString& text);
-    // Opens the list of an open combo box and clicks on the item.
+    // Opens the popup list of the combo box that is the open editor, and clicks on the item.
     bool pick(const QString& item);
-    // The same for a combo box of an open dialog, by its object name.
+    // The same for a combo box of an open dialog, given by its object name.
     bool pickIn(const QString& comboBox, const QString& item);
-    // Types over the line of an open dialog that has the keyboard.
+    // Replaces the text of the line edit that has the focus in an open dialog.
     bool typeVariable(const QString& name);
     bool typeNumber(const QString& spinBox, const QString& number);
-    // Clicks on the dialog's button and sees it go.
+    // Clicks on a button of the dialog and waits until the dialog is closed.
     bool endDialog(const QString& button);
 
 private:
@@ -115,7 +114,7 @@ private:
 
     bool fillScreen();
     bool isReady(const QString& widgetClass);
-    // The same of the editor of this cell.
+    // The same for the editor of this cell.
     bool isEditing(int tab, int row, int column);
     bool scrollTo(int tab, int row, int column);
     bool scrollOnce(int tab, int row, int column, const QRect& viewport);

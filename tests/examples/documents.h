@@ -1,4 +1,4 @@
-// Spec files as the window has them after loading: five models, judged.
+// Spec files as they are after loading: five validated models.
 #pragma once
 
 #include <QByteArray>
@@ -9,12 +9,12 @@
 
 #include "treemodel.h"
 
-// A file of the folder of examples.
+// The bytes of a file in examples/.
 QByteArray example(const QString& name);
 
 struct Document {
     int verdict = -1;
-    std::vector<std::unique_ptr<TreeModel>> tabs;  // none when the verdict is not 0
+    std::vector<std::unique_ptr<TreeModel>> tabs;  // empty if the verdict is not 0
 
     explicit Document(const QByteArray& text);
 
@@ -23,16 +23,16 @@ struct Document {
     QList<int> rowCounts() const;
     QList<int> errorCounts() const;
 
-    // Of all tabs, as visibleRow gives them; rows that show nothing are left out.
+    // The rows of all tabs, as visibleRow() returns them, without empty ones.
     QStringList visibleRows() const;
 
     QByteArray saved() const;
 };
 
-// A tab's count of errors after judging all its rows.
+// Validates all rows of the tab and returns its error count.
 int judge(TreeModel& tab);
 
 QString cell(const TreeModel& tab, int row, int column);
 
-// The row's cells that show something, with " | " between them.
+// The non-empty cells of the row as displayed, joined by " | ".
 QString visibleRow(const TreeModel& tab, int row);

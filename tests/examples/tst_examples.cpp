@@ -1,5 +1,5 @@
-// The examples are what they say they are: they load or are refused as told, have the rows and the
-// errors that they show, and stay whole when they are saved.
+// Checks the example files: they load or are refused, have the expected rows and errors, and saving
+// does not change them.
 
 #include <QDir>
 #include <QJsonArray>
@@ -20,7 +20,7 @@ constexpr int NO_SPEC_FILE = -2;
 
 struct Example {
     const char* name;
-    QList<int> rows;    // of each tab; none for a file that is refused
+    QList<int> rows;    // for each tab; empty for a file that is refused
     QList<int> errors;  // of each tab
 };
 
@@ -66,7 +66,8 @@ bool loads(const Example& example)
     return !example.rows.isEmpty();
 }
 
-// A file with wrong values may grow with each load.
+// Whether saving and loading again does not change the file. A file with wrong values may grow with
+// each load.
 bool staysTheSame(const Example& example)
 {
     return loads(example) && qstrcmp(example.name, "scrib_broken") != 0;
@@ -77,10 +78,9 @@ bool isHandmade(const Example& example)
     return staysTheSame(example) && qstrcmp(example.name, "scrib_large") != 0;
 }
 
-// ---- Mending
-// -------------------------------------------------------------------------------------
+// ---- Mending ------------------------------------------------------------------------------------
 
-// What a user does about a mark; a row with no new text is removed.
+// The correction for a marked cell; without a new text the row is removed.
 struct Correction {
     int tab;
     const char* row;
@@ -135,7 +135,7 @@ constexpr std::array<Correction, 42> CORRECTIONS{{
 }};
 // clang-format on
 
-// The first cell that carries a mark.
+// The first marked cell.
 QModelIndex firstMark(const TreeModel& tab)
 {
     for (int row = 0; row < tab.rowCount(); ++row) {
@@ -161,13 +161,12 @@ bool apply(const Correction& correction, TreeModel* tab, const QModelIndex& mark
 {
     if (correction.newText == nullptr)
         return tab->removeRows(mark.row(), 1);
-    // A cell that never held a text is not offered for editing.
+    // A cell that was never assigned a text cannot be edited.
     return mark.column() == correction.column && mark.data(Qt::EditRole).isValid() &&
            tab->setData(mark, QString::fromLatin1(correction.newText));
 }
 
-// ---- The catalogue
-// -------------------------------------------------------------------------------
+// ---- The catalogue ------------------------------------------------------------------------------
 
 void collectNames(const QJsonValue& value, QSet<QString>* names)
 {
@@ -199,7 +198,7 @@ bool isName(const QString& text)
            !text.startsWith(QLatin1Char('\'')) && !text.startsWith(QLatin1Char('"'));
 }
 
-// Without units and index.
+// The name without units and index.
 QString bareName(const QString& text)
 {
     return text.section(QRegularExpression(QStringLiteral("[\\[(]")), 0, 0);
@@ -400,8 +399,8 @@ void TestExamples::brokenHasEveryKindOfMarkInEveryTab()
     }
 }
 
-// The number behind @ENABLE is both its value and a word of its own, and the word that stands for
-// an unknown keyword comes back from a save as a plain one; nothing else changes.
+// The number behind @ENABLE becomes both its value and a row of free text, and the text of an
+// unknown keyword is saved as free text; nothing else changes.
 void TestExamples::brokenGrowsWithEachLoad()
 {
     QByteArray text = example(QStringLiteral("scrib_broken"));

@@ -1,5 +1,5 @@
-// Generated files have the wanted size and shape, load without errors, and are laid out as a save
-// leaves them.
+// Checks that generated files have the requested size and shape, load without errors, and have the
+// form that a save writes.
 
 #include <QProcess>
 #include <QRegularExpression>
@@ -14,7 +14,7 @@ Q_DECLARE_METATYPE(SpecShape)
 
 namespace {
 
-constexpr int KEYWORDS_REQUIRED = 8;  // @SCAN_LIST has a tab of its own
+constexpr int KEYWORDS_REQUIRED = 8;  // without @SCAN_LIST, which has a tab of its own
 constexpr int KEYWORDS_OFFERED = 33;
 constexpr int KEYWORDS_ALL = 34;
 
@@ -40,7 +40,7 @@ int keywordCount(KeywordSet set)
     return set == KeywordSet::Offered ? KEYWORDS_OFFERED : KEYWORDS_ALL;
 }
 
-// All names of the lists that can be made up.
+// All names in the lists that are made up by the generator.
 QStringList names(const Document& document)
 {
     struct Column {
@@ -152,7 +152,7 @@ void TestSpecGenerator::sameShapeSameText()
 {
     const SpecShape shape = distinctShape(200, 50);
     QCOMPARE(generated(shape), generated(shape));
-    // Pins the text itself, which must not depend on library or machine.
+    // Checks the text itself, which must not depend on the standard library or the machine.
     QVERIFY(generated(shape).contains(
         "\n@SCAN_LIST\n"
         "crank_boost_demand_rail_piston_exhaust_manifold_eng_0[PCT]\t\t.MD\t\t"

@@ -1,6 +1,6 @@
-// Preloaded into a program: has its calls on files fail as a plan says (fault_plan.h). It takes the
-// place of what Qt's files and C streams call; a stream's own reads and writes cannot be seen from
-// outside, so the stream's functions count as these.
+// Preloaded library that makes file calls of a program fail as a plan says (fault_plan.h). It
+// replaces the C library functions that QFile and stdio streams call. The reads and writes inside a
+// stdio stream cannot be intercepted, so the stream functions count as reads and writes.
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -112,7 +112,7 @@ bool isMeant(int directory, const char* path)
 
 enum class Fault { None, Error, Short, Ended };
 
-// Counts the call, and says what is to become of it.
+// Counts the call and returns the fault that the plan has for it.
 Fault faultOf(FileCall call)
 {
     FaultPlan& p = plan();
@@ -151,7 +151,7 @@ int64_t sizeOf(const std::filesystem::directory_entry& entry)
     return error ? 0 : inPages(static_cast<int64_t>(size));
 }
 
-// What the files take, all of which lie in the directory of the prefix or below it.
+// The space that the files below the prefix's directory use.
 int64_t usedSpace()
 {
     const std::string prefix(plan().prefix);
@@ -166,7 +166,7 @@ int64_t usedSpace()
     return used;
 }
 
-// How many of the bytes that are to be written at the place there is space for.
+// How many of the bytes fit on the limited disk at this offset.
 size_t fitting(int descriptor, int64_t place, size_t size)
 {
     struct stat status {};
@@ -185,7 +185,7 @@ int64_t placeOfWriting(int descriptor)
     return lseek(descriptor, 0, SEEK_CUR);
 }
 
-// How many bytes to write; -1 when the call fails.
+// The number of bytes to write; -1 if the call has to fail.
 ssize_t sizeToWrite(int descriptor, int64_t place, size_t size)
 {
     const Fault fault = faultOf(FileCall::Write);
@@ -216,7 +216,8 @@ FILE* openStream(const char* name, const char* file, const char* modes)
     return next<FILE*(const char*, const char*)>(name)(file, modes);
 }
 
-// The call on a descriptor, unless it fails; a file that is closed is gone all the same.
+// Calls the function on the descriptor, unless it has to fail. A close that fails closes the file
+// nevertheless.
 int onDescriptor(const char* name, FileCall call, int descriptor)
 {
     const bool failing = isMeant(descriptor) && fails(call);
@@ -407,7 +408,7 @@ FILE* fopen64(const char* filename, const char* modes)
     return openStream("fopen64", filename, modes);
 }
 
-// glibc's marks of a stream say what has happened to it, as after a read of its own.
+// Sets glibc's flags of the stream like a real read.
 size_t fread(void* ptr, size_t size, size_t n, FILE* stream)
 {
     auto* const readItems = next<size_t(void*, size_t, size_t, FILE*)>("fread");

@@ -1,5 +1,5 @@
-// Which of a program's calls on files are to fail: what a test and the library that it preloads
-// share, a file that both have mapped. The test writes it while the program waits.
+// The plan of the file calls of a program that have to fail: a file that both the test and the
+// preloaded library have mapped. The test writes it while the program waits.
 #pragma once
 
 #include <array>
@@ -7,9 +7,9 @@
 #include <cstdint>
 #include <type_traits>
 
-// The variables that the preloaded library reads once, at its first use. PLAN_VARIABLE names the
-// file of the plan. Without one, the two others make what lies below a directory a disk of a fixed
-// number of bytes, for programs that need a small disk and nothing else.
+// Environment variables that the preloaded library reads once, at its first use. PLAN_VARIABLE is
+// the file of the plan. Without it, the two others make a directory a disk of a fixed size in
+// bytes, for programs that need nothing but a small disk.
 inline constexpr char PLAN_VARIABLE[] = "FAULTS_PLAN";
 inline constexpr char DISK_VARIABLE[] = "FAULTS_DISK";
 inline constexpr char DISK_SIZE_VARIABLE[] = "FAULTS_DISK_SIZE";
@@ -20,20 +20,20 @@ constexpr size_t FILE_CALL_COUNT = 7;
 constexpr size_t LONGEST_PREFIX = 255;
 
 struct FaultPlan {
-    // Only calls on files whose absolute paths begin so count and fail; none when it is empty.
+    // Only calls on files whose absolute paths begin with this count and fail; none if it is empty.
     char prefix[LONGEST_PREFIX + 1];
     FileCall call;
-    uint32_t nth;  // of these calls fails, from 1; 0 for none
-    // What it gives as errno. When that is 0, a read or write transfers half of what it could.
+    uint32_t nth;  // number of the call that fails, from 1; 0 for none
+    // The errno of the failing call. If it is 0, a read or write transfers half of its bytes.
     int32_t error;
-    // Unless it is 0, the nth call ends the program by this signal and does nothing else.
+    // If it is not 0, the nth call ends the program by this signal instead.
     int32_t signal;
-    // Whether all later calls of the kind fail as well. A short read is followed by the end of the
-    // file then, a short write by a full disk.
+    // Whether all later calls of this kind fail, too. After a short read they return the end of the
+    // file, after a short write ENOSPC.
     uint32_t persists;
-    // Bytes that the files may take in all, rounded up to pages; -1 for no limit.
+    // Maximum space of the files in bytes, rounded up to pages; -1 for no limit.
     int64_t space;
-    // Calls up to now.
+    // Number of calls so far.
     std::array<uint32_t, FILE_CALL_COUNT> counts;
 };
 

@@ -1,4 +1,4 @@
-// Has the files of another program fail, by a library that is preloaded into it.
+// Makes file calls of another program fail, by a preloaded library.
 #pragma once
 
 #include <QString>
@@ -8,7 +8,7 @@
 
 struct FileFault {
     FileCall call;
-    int error;  // an errno, or 0 for a transfer of half of the bytes
+    int error;  // errno, or 0 to transfer half of the bytes
     bool persists;
 };
 
@@ -18,19 +18,20 @@ public:
 
     bool isUsable() const { return m_plan != nullptr; }
 
-    // A program obeys that has the library preloaded, and the file's name in PLAN_VARIABLE.
+    // The library to preload. The program also needs the file's name in PLAN_VARIABLE.
     static QString library();
     QString planFile() const { return m_file.fileName(); }
 
-    // From now on the nth call on files whose paths begin so fails. Counts anew.
+    // The nth call on files whose paths begin with prefix fails. Resets the counts.
     void failAt(uint nth, const FileFault& fault, const QString& prefix);
-    // The nth call on files whose paths begin so ends the program by the signal. Counts anew.
+    // The nth call on files whose paths begin with prefix ends the program by the signal. Resets
+    // the counts.
     void endAt(uint nth, FileCall call, int signal, const QString& prefix);
-    // From now on files whose paths begin so take no more bytes than these in all.
+    // Files whose paths begin with prefix cannot use more space than this.
     void limitSpace(qint64 bytes, const QString& prefix);
     void heal();
 
-    // Calls since failAt.
+    // Number of calls since failAt().
     uint calls(FileCall call) const;
 
 private:

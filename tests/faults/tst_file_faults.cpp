@@ -1,6 +1,6 @@
-// The real program while its files fail, one call after the other: of a load and of a save each
-// open, read, write, close and what else it calls. Whatever fails, the document in memory or the
-// file on disk is whole.
+// The real program with each open, read, write, close and other file call of a load and of a save
+// failing, one after the other. After each failure, the document in memory or the file on disk must
+// be complete.
 
 #include <QDir>
 #include <QFileInfo>
@@ -32,10 +32,10 @@ const auto RECOVERY = QStringLiteral("/tmp/state/scriboneditor/recovery");
 const auto COPY = RECOVERY + QStringLiteral("/1/scrib_x");
 const QByteArray BEFORE("What the file held before.\n");
 
-// Enough that it is written in several pieces.
+// Large enough to be written in several pieces.
 constexpr int ENTRIES = 600;
 const QByteArray LAST_ENTRY("variable_599");
-// More faults than any single step of the program has calls.
+// More calls than any single step of the program makes.
 constexpr uint MOST_CALLS = 100;
 constexpr int PAGE = 4096;
 
@@ -78,8 +78,8 @@ private Q_SLOTS:
     void diskOfAFixedSize();
 
 private:
-    // Does the deed again and again, each time with the next of its calls on files of the prefix
-    // failing, and holds each outcome against the rule, which leaves all as it was before.
+    // Repeats `deed`. Each time, the next file call below the prefix fails, and then `rule` checks
+    // the result and restores the state.
     using Deed = std::function<void()>;
     void forEachCall(const FileFault& fault, const QString& prefix, const Deed& deed,
                      const Deed& rule);
@@ -102,9 +102,9 @@ private:
     std::unique_ptr<FileFaults> m_faults;
     std::unique_ptr<DeskProcess> m_desk;
     std::unique_ptr<EditorProcess> m_editor;
-    QJsonValue m_opened;  // the document that is shown before a deed
+    QJsonValue m_opened;  // the document that is open before a deed
     QJsonValue m_other;
-    QByteArray m_saved;  // what saving the opened one writes
+    QByteArray m_saved;  // the bytes that saving that document writes
 };
 
 void tst_FileFaults::initTestCase()
@@ -112,7 +112,7 @@ void tst_FileFaults::initTestCase()
     QVERIFY2(inPrivateNamespace(), "run this through scripts/in-namespace");
 }
 
-// One program does for all rows, unless a failure has left it elsewhere.
+// One program is used for all rows, unless a failure has changed its state.
 void tst_FileFaults::init()
 {
     if (m_editor == nullptr || !isShown(OPENED, m_opened))
@@ -135,7 +135,7 @@ std::unique_ptr<EditorProcess> tst_FileFaults::newEditor() const
     return editor;
 }
 
-// With both documents known, and the first one edited, saved and open.
+// Starts the program, reads both documents, edits and saves the first one and leaves it open.
 void tst_FileFaults::start()
 {
     emptyPlaces();
@@ -161,7 +161,7 @@ void tst_FileFaults::start()
 
 // ---- The program -------------------------------------------------------------------------------
 
-// The message box that is up, if any.
+// The open message box; an empty object if there is none.
 QJsonObject tst_FileFaults::box()
 {
     const QJsonValue state = m_editor->ask(QStringLiteral("state"));
@@ -179,13 +179,13 @@ QString tst_FileFaults::title()
     return titles.value(0).mid(TITLE.size());
 }
 
-// In the status bar.
+// The notice in the status bar.
 QString tst_FileFaults::notice()
 {
     return m_editor->window(TITLE + title())[QLatin1String("notice")].toString();
 }
 
-// Returns when it is done or a dialog is up.
+// Returns when the deed is done or a dialog has opened.
 void tst_FileFaults::request(const QString& deed)
 {
     m_editor->ask(deed);
@@ -253,8 +253,8 @@ void tst_FileFaults::loadIsWholeOrNone()
         fault, OTHER, [this] { load(OTHER); }, [this, fault] { checkLoad(fault); });
 }
 
-// A call that is made once more may succeed then, and a close loses nothing; what cannot be read is
-// told.
+// A call that is repeated may succeed, and a failed close loses nothing. A file that cannot be read
+// must be reported.
 void tst_FileFaults::checkLoad(const FileFault& fault)
 {
     const QString text = box()[QLatin1String("text")].toString();
@@ -271,7 +271,7 @@ void tst_FileFaults::checkLoad(const FileFault& fault)
     QVERIFY(isShown(OPENED, m_opened));
 }
 
-// Few, since each takes a start of the program.
+// Only a few, since each one starts the program.
 void tst_FileFaults::loadAtTheStartIsWholeOrNone_data()
 {
     QTest::addColumn<FileFault>("fault");
@@ -280,7 +280,7 @@ void tst_FileFaults::loadAtTheStartIsWholeOrNone_data()
     QTest::newRow("the nth read that comes back short") << FileFault{FileCall::Read, 0, true};
 }
 
-// The file is named on the command line, where there is no document before it.
+// The file is given on the command line, so there is no document before it.
 void tst_FileFaults::loadAtTheStartIsWholeOrNone()
 {
     QFETCH(FileFault, fault);
@@ -319,7 +319,7 @@ void tst_FileFaults::saveKeepsTheDocument()
         fault, OPENED, [this] { save(); }, [this] { checkSave(); });
 }
 
-// What is told as not written has not been touched, and the next save can write it.
+// If the save is reported as failed, the file is unchanged, and the next save succeeds.
 void tst_FileFaults::checkSave()
 {
     const QString text = box()[QLatin1String("text")].toString();
@@ -361,7 +361,8 @@ void tst_FileFaults::copyIsWholeOrOld_data()
                {"rename", {FileCall::Rename, EPERM, false}}});
 }
 
-// The copy of a second edit replaces that of a first one, or the status bar tells that it did not.
+// The recovery copy of a second edit replaces that of the first one, or the status bar reports the
+// failure.
 void tst_FileFaults::copyIsWholeOrOld()
 {
     QFETCH(FileFault, fault);
@@ -405,7 +406,7 @@ void tst_FileFaults::saveGoesOnWithoutACopy()
         });
 }
 
-// The document as the other tests expect it.
+// Restores the document that the other tests expect.
 void tst_FileFaults::leaveAsSaved()
 {
     edit(QStringLiteral("edited_name"));
@@ -415,8 +416,7 @@ void tst_FileFaults::leaveAsSaved()
 
 // ---- The preloaded library ---------------------------------------------------------------------
 
-// Held against what is known to survive: a QSaveFile leaves the old file or the new one, and says
-// which.
+// A check of the tests themselves: QSaveFile leaves the old file or the new one, and reports which.
 void tst_FileFaults::saveFileIsWholeOrOld_data()
 {
     addFaults({{"open", {FileCall::Open, EACCES, false}},
@@ -446,7 +446,7 @@ void tst_FileFaults::saveFileIsWholeOrOld()
     });
 }
 
-// As a test has it that needs a small disk where none can be mounted.
+// For tests that need a small disk where none can be mounted.
 void tst_FileFaults::diskOfAFixedSize()
 {
     QVERIFY(QDir().mkpath(SMALL_DISK));

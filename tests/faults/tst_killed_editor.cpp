@@ -1,5 +1,5 @@
-// The real program while it is killed: what is on the disk afterwards is the document, all of it,
-// and at most five seconds old.
+// The real program is killed: afterwards the disk has the complete document, at most five seconds
+// old.
 
 #include <QFileInfo>
 #include <QJsonObject>
@@ -23,10 +23,10 @@ const auto COPY = RECOVERY + QStringLiteral("/1/scrib_x");
 const auto FIRST = QStringLiteral("first_name");
 const auto SECOND = QStringLiteral("second_name");
 
-// Enough that it is written in several pieces.
+// Large enough to be written in several pieces.
 constexpr int ENTRIES = 600;
 
-// The row of the value that opens a dialog with variables of one kind.
+// The row whose value is edited in a dialog for variables of another kind.
 constexpr int ENABLE_ROW = 9;
 
 QByteArray spec()
@@ -65,7 +65,7 @@ private:
     std::unique_ptr<FileFaults> m_faults;
     std::unique_ptr<DeskProcess> m_desk;
     std::unique_ptr<EditorProcess> m_editor;
-    QByteArray m_saved;  // what Save writes of the document with the first name
+    QByteArray m_saved;  // what Save writes for the document with the first name
 };
 
 void tst_KilledEditor::init()
@@ -139,8 +139,8 @@ void tst_KilledEditor::workIsKept()
                  QStringLiteral("Unsaved work on /specs/scrib_x is kept in ") + COPY);
 }
 
-// The platform is gone, and a dialog of another kind reads the variables anew: work that is not two
-// seconds old is kept as well.
+// The platform has ended, and a dialog for another kind rebuilds the catalogue, which ends the
+// program: changes of the last two seconds are kept, too.
 void tst_KilledEditor::workIsKeptBeforeThePlainExit()
 {
     QVERIFY(m_desk->kill());
@@ -152,7 +152,7 @@ void tst_KilledEditor::workIsKeptBeforeThePlainExit()
     QCOMPARE(readFile(COPY), saved(SECOND));
 }
 
-// False when the program lives on, since it has fewer such calls.
+// False if the program does not end, since it makes fewer such calls.
 bool tst_KilledEditor::endsAt(uint nth, FileCall call, const QString& prefix, const QString& deed)
 {
     m_faults->endAt(nth, call, SIGKILL, prefix);
@@ -173,7 +173,7 @@ void tst_KilledEditor::killedInTheMiddleOfASave_data()
     QTest::newRow("at each close") << FileCall::Close;
 }
 
-// Save empties the file first; until all of it is written, the copy is there.
+// Save truncates the file first; the recovery copy exists until all of it is written.
 void tst_KilledEditor::killedInTheMiddleOfASave()
 {
     QFETCH(FileCall, call);
@@ -201,7 +201,7 @@ void tst_KilledEditor::killedInTheMiddleOfACopy_data()
     QTest::newRow("at each rename") << FileCall::Rename;
 }
 
-// The copy is then that of the edit before or of the last one, and the file is untouched.
+// The copy has the last edit or the one before, and the file is unchanged.
 void tst_KilledEditor::killedInTheMiddleOfACopy()
 {
     QFETCH(FileCall, call);

@@ -1,4 +1,4 @@
-// The help collection as the program's user gets it, and what its pages hold.
+// The help collection as it is installed, and the contents of its pages.
 #pragma once
 
 #include <QHelpEngine>
@@ -8,34 +8,34 @@
 #include <QUrl>
 #include <memory>
 
-// The same directory as the viewer is given.
+// The directory that the viewer gets, too.
 extern const QString HELP_DIR;
 extern const QString HELP_NAMESPACE;
 
-// A page's address from its name, which may have an anchor.
+// The URL of a page; the name may have an anchor.
 QUrl helpUrl(const QString& name);
 
 struct HelpPage {
-    QString error;  // why it is no well-formed XML; empty when it is
+    QString error;  // why it is not well-formed XML; empty if it is
     QString title;
-    QString text;      // in one line
-    QString examples;  // of the <pre> elements, as they stand
+    QString text;      // with white space simplified
+    QString examples;  // text of the <pre> elements, unchanged
     QSet<QString> anchors;
-    QStringList targets;  // of links, pictures and style sheets
+    QStringList targets;  // targets of links, pictures and style sheets
 };
 
 HelpPage parseHelpPage(const QByteArray& xhtml);
 
-// The collection, opened as a copy, since a reader may write into it.
+// The collection. Opens a copy, since QHelpEngine may write to it.
 class HelpCollection {
 public:
-    bool open();  // anew if it is open
+    bool open();  // opens it again if it is open
 
     QHelpEngine& engine() { return *m_engine; }
     HelpPage page(const QString& name);
-    // Their names, sorted.
+    // The sorted names of the pages.
     QStringList pages();
-    // Whether the address is that of a file of the collection, with its anchor if it has one.
+    // Whether the URL is that of a file in the collection, and its anchor exists.
     bool resolves(const QUrl& url);
 
 private:

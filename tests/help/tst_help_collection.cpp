@@ -1,5 +1,5 @@
-// The help collection: that it holds together, and that the pages of the keywords say what the
-// program's own table says.
+// The help collection: its links and contents are valid, and the pages of the keywords agree with
+// SCRIBON_KEYWORDS.
 
 #include <QFile>
 #include <QHelpContentWidget>

@@ -1,4 +1,4 @@
-// What the help says about the editors and what they take over, held against the editors.
+// Compares what the help says about the editors with the editors.
 
 #include <QComboBox>
 #include <QLabel>
@@ -17,7 +17,7 @@ namespace {
 
 constexpr int KEYWORD = 0;
 constexpr int VALUE = 1;
-constexpr int FIRST_LIST_ROW = 1;  // below the section's keyword
+constexpr int FIRST_LIST_ROW = 1;  // row 0 is the section's keyword
 constexpr int FIRST_LIST_COLUMN = 1;
 
 QString pageOf(const QString& keyword)
@@ -25,8 +25,7 @@ QString pageOf(const QString& keyword)
     return QStringLiteral("keyword_%1.htm").arg(keyword.mid(1).toLower());
 }
 
-// The page that tells of the editor, with the place on it for the dialog's variants; empty for
-// none.
+// The page about the editor, with an anchor for the variants of the dialog; empty if there is none.
 QString editorPage(const QWidget* editor)
 {
     const QHash<QString, QString> pages{
@@ -212,7 +211,7 @@ void tst_HelpEditors::numbersHaveTheLimitsThatTheHelpSays()
 
 // ---- Comment rows and texts that are not on offer ----------------------------------------------
 
-// The full example, with a comment as the first row of each list.
+// Loads the full example, with a comment as the first row of each list.
 void tst_HelpEditors::showComments()
 {
     QFile file(qEnvironmentVariable("SCRIBON_EXAMPLES") + QStringLiteral("/scrib_full"));
@@ -228,7 +227,7 @@ void tst_HelpEditors::showComments()
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
 }
 
-// Null for a cell that stays closed.
+// Null if no editor opens.
 QWidget* tst_HelpEditors::openEditor(const QModelIndex& index)
 {
     for (int tab = 0; tab < TAB_COUNT; ++tab) {
@@ -244,7 +243,7 @@ QWidget* tst_HelpEditors::openEditor(const QModelIndex& index)
     return nullptr;
 }
 
-// By a click on the row below.
+// Closes the editor by a click on the row below.
 void tst_HelpEditors::leaveEditor(const QModelIndex& index)
 {
     QTreeView* const view = viewOf(*m_window, tabsOf(*m_window)->currentIndex());

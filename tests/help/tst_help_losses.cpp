@@ -1,5 +1,5 @@
-// What the help says is lost by a load and a save, and how it is kept: its own examples, loaded and
-// saved.
+// Compares what the help says about texts that a load and a save lose with the program: loads and
+// saves the examples of the page.
 
 #include <QRegularExpression>
 #include <QTest>
@@ -16,7 +16,7 @@ const auto META_DATA = QStringLiteral("meta_data_list_tab.htm");
 
 constexpr int FIRST_COLUMN = 1;
 
-// The same with a blank for each run of blanks and tabs, which is all that lines up columns.
+// Replaces each run of blanks and tabs, which only align columns, by one blank.
 QByteArray unaligned(const QString& text)
 {
     QString result = text;
@@ -30,7 +30,7 @@ int load(const QByteArray& statements)
     return loadText("@SCRIBON x\n" + statements);
 }
 
-// What the save of the last load writes, without the first keyword and the sections without rows.
+// The saved text of the last load, without the first keyword and without empty sections.
 QByteArray saved()
 {
     QString text = QString::fromUtf8(savedDocument());
@@ -39,7 +39,7 @@ QByteArray saved()
     return unaligned(text.remove(QStringLiteral("@SCRIBON\nx\n"))).trimmed() + '\n';
 }
 
-// The saved text after each of this many loads and saves; "refused" for a load that fails.
+// The saved texts of this many loads and saves; "refused" for a load that fails.
 QVector<QByteArray> savesOf(QByteArray text, int count)
 {
     QVector<QByteArray> saves;
@@ -125,7 +125,7 @@ void tst_HelpLosses::examplesAreLostAsTheHelpSays()
     QFETCH(QByteArray, first);
     QFETCH(QByteArray, second);
     QVERIFY(hasExample(page, text));
-    // What is left of a path alone is told in words.
+    // Only the remains of a path are described in words.
     QVERIFY(hasExample(page, first) || text.startsWith("@OUTPUT_PATH"));
     QCOMPARE(savesOf(text, 2), QVector<QByteArray>({first, second}));
 }
@@ -159,7 +159,7 @@ void tst_HelpLosses::examplesAreKeptAsTheHelpSays()
     QCOMPARE(savesOf(text, 2), QVector<QByteArray>({kept, kept}));
 }
 
-// First the value, then the rows without a keyword.
+// Removes the copies of the value first, then the rows without a keyword.
 void tst_HelpLosses::copiesAreRemovedAsTheHelpSays()
 {
     const QByteArray copied = "@SCRIBON x\n" + savesOf("@START_EVENT 'start log'\n", 2).last();
@@ -203,7 +203,8 @@ void tst_HelpLosses::editorWritesSuchRowsItself_data()
                "@META_DATA\nENGINE engine_name\nTEST_CELL\nFUEL fuel_name\nLOT lot_number\n");
 }
 
-// As Insert Row does it, with the last cell left empty: what is written is an example of a loss.
+// Inserts a row by Insert Row and leaves its last cell empty: the saved text is one that the help
+// gives as an example.
 void tst_HelpLosses::editorWritesSuchRowsItself()
 {
     QFETCH(QString, page);

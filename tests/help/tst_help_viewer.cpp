@@ -26,7 +26,7 @@ const auto VIEWER = QStringLiteral("Scribon Specification Editor Help");
 const auto STATE = QStringLiteral("/tmp/viewer-state");
 const auto STARTS = QStringLiteral("/tmp/viewer-starts");
 
-// The program's own variables for plugins are not the viewer's.
+// Removes the variables that make the editor load the test's plugins.
 constexpr auto WRAPPER = R"(#!/bin/sh
 echo $$ >>/tmp/viewer-starts
 export QT_PLUGIN_PATH='%1' QT_QPA_GENERIC_PLUGINS=viewer_witness VIEWER_WITNESS_FILE=/tmp/viewer-state
@@ -138,7 +138,7 @@ void tst_HelpViewer::menuShowsTheFirstPageBesideTheUnfoldedContents()
     QCOMPARE(m_display.windows().filter(VIEWER), QStringList{VIEWER});
 }
 
-// In between the user has put an empty page in front.
+// The user opens an empty page between the two requests.
 void tst_HelpViewer::askedAgainTheSameViewerComesBackToTheFirstPage()
 {
     askForHelp();

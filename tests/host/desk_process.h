@@ -1,4 +1,4 @@
-// A desk platform of a test's own, as a process.
+// Runs marvane-desk for a test.
 #pragma once
 
 #include <QByteArray>
@@ -6,40 +6,40 @@
 #include <QString>
 #include <QTemporaryFile>
 
-// A name that no other test's platform has.
+// A desk name that no other test uses.
 QString uniqueDeskName();
 
-// The shared memory objects that there are of a platform, by their sorted names behind the
-// platform's.
+// The existing shared memory objects of a platform, sorted, without the prefix of its name.
 QStringList sharedMemoryOf(const QString& deskName);
 
-// The path of one of them in the file system.
+// The path of a shared memory object in the file system.
 QString sharedMemoryPath(const QString& deskName, const QString& object);
 
 class DeskProcess {
 public:
     struct Result {
-        int status;  // -1 when it crashed, or had to be told to end
+        int status;  // -1 if it crashed or had to be terminated
         QByteArray output;
         QByteArray complaints;
     };
 
-    // Runs marvane-desk with these arguments to its end.
+    // Runs marvane-desk with these arguments and waits for its end.
     static Result run(const QStringList& arguments);
 
     // Sets MARVANE_DESK_NAME for this process, so that the host library finds this platform.
     DeskProcess();
-    // Ends the platform, and removes what a killed one left.
+    // Ends the platform, and removes the objects of a killed one.
     ~DeskProcess();
 
     const QString& name() const { return name_; }
 
     // Starts with a catalogue file, or with the text of one, and waits until clients can join.
+    // False if it does not start.
     bool start(const QString& catalogueFile);
     bool startWith(const QByteArray& catalogue);
 
-    // Each waits for the end of the process. True when it ended as told, for a kill by the signal,
-    // for any other by itself with status 0.
+    // Each waits for the end of the process. True if it ended by this signal for a kill, otherwise
+    // by itself with status 0.
     bool end(int signal);
     bool terminate();
     bool kill();

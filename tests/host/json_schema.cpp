@@ -24,7 +24,7 @@ bool hasAll(const QJsonObject& object, const QJsonArray& keys)
     });
 }
 
-// A limit is no concern of a value of another type than it is for.
+// A limit does not apply to values of other types.
 bool keepsLimit(const QJsonValue& value, const QString& keyword, const QJsonValue& limit)
 {
     if (keyword == QLatin1String("minLength"))
@@ -45,7 +45,7 @@ bool keepsLimit(const QJsonValue& value, const QString& keyword, const QJsonValu
 bool matches(const QJsonValue& value, const QString& pattern)
 {
     QString text = value.toString();
-    // In a schema, "$" is the very end only.
+    // In JSON Schema, "$" does not match before a line feed at the end.
     text.replace(QLatin1Char('\n'), QChar(1));
     return !value.isString() || QRegularExpression(pattern).match(text).hasMatch();
 }

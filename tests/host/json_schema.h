@@ -1,5 +1,4 @@
-// A check of JSON against a schema, as far as the catalogue's schema goes: it knows the keywords
-// that occur there and no others.
+// Validates JSON against a schema. Supports only the keywords that the catalogue's schema uses.
 #pragma once
 
 #include <QJsonObject>
@@ -10,7 +9,7 @@ class JsonSchema {
 public:
     explicit JsonSchema(const QJsonObject& schema) : root_(schema) {}
 
-    // Empty when the value is valid, otherwise what is not.
+    // Empty if the value is valid, otherwise a description of the fault.
     QString faultIn(const QJsonValue& value) const { return fault(value, root_); }
 
 private:

@@ -1,8 +1,8 @@
-// Stands in for shared memory of several users where a test cannot change owners: takes the place
-// of the system's fstat and geteuid, in the test itself and, preloaded, in the desk platform.
+// Replaces fstat() and geteuid(), so that shared memory seems to have another owner: in the test
+// itself and, preloaded, in marvane-desk. For tests that cannot change owners.
 //
-// TEST_USER is the user that the process believes to run as, TEST_OWNER the one that it finds to
-// own the descriptors whose files end in TEST_OBJECT. Without them all is as it is.
+// TEST_USER is the user that the process seems to run as. TEST_OWNER is the owner of the
+// descriptors whose files end in TEST_OBJECT. Without these variables nothing changes.
 
 #include <dlfcn.h>
 #include <sys/stat.h>

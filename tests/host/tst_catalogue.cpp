@@ -1,4 +1,4 @@
-// Catalogue files good and bad, as the process and as the schema see them.
+// Valid and invalid catalogue files, checked by marvane-desk and by the JSON schema.
 
 #include <QFile>
 #include <QJsonDocument>
@@ -17,7 +17,7 @@ QByteArray contentOf(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// A catalogue with this as the list of a table.
+// A catalogue with these variables in one table.
 QByteArray inTable(const char* area, const char* table, const QByteArray& variables)
 {
     return QByteArray(R"({"units":{"speed":["RPM"]},"counts":{"analog_inputs":3},"areas":{")") +
@@ -350,7 +350,7 @@ private Q_SLOTS:
 
     void noRoomForTheAreas()
     {
-        // Set before the platform starts, so that it is refused in the middle of its areas.
+        // Created before the platform starts, so that creating its areas fails halfway.
         const QString block =
             sharedMemoryPath(QStringLiteral("bad"), QStringLiteral("GU_REAL_MEM"));
         QVERIFY(QDir(QStringLiteral("/dev/shm")).mkdir(block));

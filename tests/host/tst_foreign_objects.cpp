@@ -1,5 +1,5 @@
-// What the host library and the desk platform make of shared memory that is not the platform's: a
-// pipe, a link or another user's object under one of its names.
+// The host library and marvane-desk with a FIFO, a symbolic link or another user's object in place
+// of a shared memory object.
 
 #include <marvane_headers.h>
 #include <sys/socket.h>
@@ -47,7 +47,7 @@ bool makeSocket(const QByteArray& path)
     return isMade;
 }
 
-// Puts something of the kind in place of the object at the path, if there is one.
+// Replaces the object at the path by something of this kind. False if that fails.
 bool putInPlace(const QByteArray& kind, const QString& object)
 {
     const QByteArray path = object.toLocal8Bit();
@@ -63,7 +63,7 @@ bool putInPlace(const QByteArray& kind, const QString& object)
     return makeSocket(path);
 }
 
-// Makes these variables those that a desk which is started next inherits.
+// Sets these environment variables, which a platform that is started next inherits.
 void takeOver(const QProcessEnvironment& environment)
 {
     for (const char* const variable : {"LD_PRELOAD", "LD_LIBRARY_PATH", "ASAN_OPTIONS"}) {
@@ -220,7 +220,7 @@ void TestForeignObjects::deskStartsInPlaceOf_data()
         QTest::addRow("%s as an area", kind) << QByteArray("SYS_ATTR_MEM") << QByteArray(kind);
 }
 
-// As it removes areas that a killed platform has left, whatever they are.
+// Areas that a killed platform has left are removed, whatever they are.
 void TestForeignObjects::deskStartsInPlaceOf()
 {
     QFETCH(QByteArray, object);

@@ -1,4 +1,4 @@
-// What the host library makes of shared memory that does not hold what it should.
+// The host library with invalid contents of shared memory.
 
 #include <marvane_headers.h>
 #include <signal.h>
@@ -16,7 +16,7 @@
 
 namespace {
 
-// Where things lie in the directory, as docs/DESK_PLATFORM.md has it.
+// Offsets in the directory, from docs/DESK_PLATFORM.md.
 constexpr int VERSION_AT = 8;
 constexpr int SIZE_AT = 12;
 constexpr int READY_AT = 16;
@@ -46,7 +46,7 @@ size_t roundedToPages(size_t size)
     return (size + pageSize() - 1) / pageSize() * pageSize();
 }
 
-// Two pages of which the second cannot be read.
+// Two pages, of which the second cannot be read.
 class GuardedPage {
 public:
     GuardedPage()
@@ -57,7 +57,7 @@ public:
     }
     ~GuardedPage() { munmap(address_, 2 * pageSize()); }
 
-    // The bytes, with the guard right behind them.
+    // Copies the bytes directly in front of the second page.
     const char* ending(const QByteArray& bytes)
     {
         char* begin = address_ + pageSize() - bytes.size();
@@ -71,7 +71,7 @@ private:
     char* address_;
 };
 
-// Whether a process that reads the byte is ended by a signal for it.
+// Whether the byte can be read without a signal that ends the process.
 bool canRead(const char* byte)
 {
     const pid_t child = fork();
@@ -86,7 +86,7 @@ bool canRead(const char* byte)
     return WIFEXITED(status);
 }
 
-// The lines that the system has of what this process has mapped.
+// The lines of /proc/self/maps for shared memory objects.
 QByteArray mappedObjects()
 {
     QFile file(QStringLiteral("/proc/self/maps"));
@@ -323,7 +323,7 @@ private Q_SLOTS:
         QVERIFY(!isFound("eng_speed"));
     }
 
-    // What has been found to fit together is not read again.
+    // The header is copied when it is checked and not read again.
     void directoryThatIsDamagedLater_data()
     {
         QTest::addColumn<int>("at");

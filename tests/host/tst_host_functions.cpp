@@ -1,4 +1,4 @@
-// Every host function on a running desk platform, with results that the catalogue file decides.
+// All host functions on a running desk platform, with the expected results from the catalogue file.
 
 #include <marvane_headers.h>
 
@@ -92,8 +92,8 @@ private Q_SLOTS:
         void* address = nullptr;
         QVERIFY(link_to_memory(SYS_ATTR_MEM, &address) != 0);
         const auto* attributes = static_cast<const SYSTEM_ATTRIBUTES*>(address);
-        QCOMPARE(attributes->analog_inputs, uint16_t{9});   // up to the last described
-        QCOMPARE(attributes->digital_inputs, uint16_t{5});  // as the file says
+        QCOMPARE(attributes->analog_inputs, uint16_t{9});   // up to the last variable in the file
+        QCOMPARE(attributes->digital_inputs, uint16_t{5});  // the count in the file
         QCOMPARE(attributes->frequency_inputs, uint16_t{0});
         QCOMPARE(attributes->general_use_statistics, uint16_t{1});
         QCOMPARE(attributes->real_arrays, uint16_t{1});

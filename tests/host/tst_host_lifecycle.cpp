@@ -1,4 +1,4 @@
-// How platforms come and go: started, ended, killed, followed by another, side by side.
+// Platforms that are started, ended, killed, replaced by another, and several at a time.
 
 #include <marvane_headers.h>
 #include <signal.h>
@@ -99,7 +99,7 @@ private Q_SLOTS:
         QVERIFY(get_shrd_mem(GU_REAL_MEM, 0) == nullptr);
         QVERIFY(!isFound("eng_speed"));
         QCOMPARE(get_variable_units(handle), "");
-        // What is attached stays readable until it is freed.
+        // Attached areas stay readable until they are freed.
         QCOMPARE(firstLabel(area), QStringLiteral("eng_speed"));
         QVERIFY(shrd_mem_in_use(GU_REAL_MEM) != 0);
         QCOMPARE(fre_shrd_mem(GU_REAL_MEM), int16_t{0});
@@ -187,7 +187,7 @@ private Q_SLOTS:
         QVERIFY(desk_->startWith(catalogueWith("left")));
         DeskProcess other;
         QVERIFY(other.startWith(catalogueWith("right")));
-        // The environment names the other one now, which counts when the process joins.
+        // The environment variable has changed, which is read when the process joins.
         QVERIFY(isFound("left"));
         QVERIFY(!isFound("right"));
         marvane_init_fn(1);

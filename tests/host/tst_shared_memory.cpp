@@ -1,6 +1,6 @@
-// Reads the shared memory of a running desk platform byte by byte. Sizes, offsets and names are
-// written down here once more: this test shares no declaration with the platform or the editor, so
-// that it notices when these agree on something wrong.
+// Compares the shared memory of a running desk platform byte by byte. Sizes, offsets and names are
+// repeated here: the test includes no header of the platform or the editor, so that it finds faults
+// that both share.
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -40,7 +40,7 @@ constexpr Record RECORDS[] = {
     {"emission", 2472, 2440, 2280},
 };
 
-// The length of a table is a number, or that of the count at an offset in SYS_ATTR_MEM.
+// A table's length is fixed, or stored at an offset in SYS_ATTR_MEM.
 struct Table {
     const char* area;
     const char* kind;
@@ -122,8 +122,8 @@ constexpr int KEYWORD_SIZE = 88;
 // 8000 keywords, 29 numbers of 16 bits and 2 bytes of padding.
 constexpr int KEYWORD_AREA_SIZE = 704060;
 
-// Explicit places, gaps, inactive records, the last records of their tables, a count above what is
-// described, a counted table without records and an area without a table.
+// Explicit indices, gaps, inactive records, the last records of tables, a count larger than the
+// given variables, a counted table without records, and an area without a table.
 constexpr char SPARSE_CATALOGUE[] = R"({
   "units": { "angle": ["RAD"], "speed": ["RPM", "HZ"] },
   "counts": { "analog_inputs": 300, "frequency_inputs": 4, "logical_arrays": 2 },
@@ -184,7 +184,7 @@ QString textAt(const QByteArray& bytes, int at)
     return QString::fromLatin1(bytes.constData() + at);
 }
 
-// The objects that a catalogue file asks for, worked out from its documentation.
+// The expected objects for a catalogue file, as docs/DESK_PLATFORM.md describes them.
 class Expectation {
 public:
     explicit Expectation(const QByteArray& catalogue)
@@ -209,7 +209,8 @@ public:
         return object == QLatin1String("KEYWORD_MEM") ? keywords() : records(object);
     }
 
-    // The names of all units in the order of the file, each behind the number of its dimension.
+    // The names of all units in the order of the file, each with the number of its dimension in
+    // front.
     QStringList units() const
     {
         const QJsonObject dimensions = member("units").toObject();

@@ -1,9 +1,10 @@
-// What a piece of code writes to one of the process's own streams.
+// Captures what code writes to a standard stream of the process.
 #pragma once
 
 #include <QByteArray>
 #include <cstdio>
 #include <functional>
 
-// Runs the code with the stream (stdout or stderr) going to a file and returns what was written.
+// Redirects the stream (stdout or stderr) to a file while the code runs, and returns what was
+// written.
 QByteArray outputOf(std::FILE* stream, const std::function<void()>& code);

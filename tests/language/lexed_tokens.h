@@ -1,5 +1,5 @@
-// Lexes a text with the generated lexer, whose header's macros (EOL, INT, QUOTE and their kin) stay
-// out of the tests this way.
+// Lexes a text with the generated lexer. The macros of its header (EOL, INT, QUOTE ...) are not
+// visible to tests this way.
 #pragma once
 
 #include <string>
@@ -13,7 +13,7 @@ struct LexedToken {
     int column;  // of the first character in its line
 };
 
-// Every token of the text, off-channel ones included; the end of input is none.
+// All tokens of the text, those of hidden channels included, without the end of input.
 std::vector<LexedToken> lexText(const std::string& text);
 
 // The tokens as one line, each as NAME(text).

@@ -1,15 +1,15 @@
-// Loads spec texts the way the program does, through a file.
+// Loads spec texts through a file, like the program.
 #pragma once
 
 #include <QByteArray>
 #include <QString>
 
-// Puts the parse's state where a fresh process has it, so that loads do not depend on the ones
-// before.
+// Resets the state of the parse to that of a new process, so that loads do not depend on earlier
+// ones.
 void resetParseState();
 
-// read_file on a file of these bytes.
+// Writes the bytes to a file and returns the result of read_file().
 int loadText(const QByteArray& text);
 
-// The whole tree of the last load as printWholeTree gives it.
+// The tree of the last load, as printWholeTree() prints it.
 QString loadedTree();

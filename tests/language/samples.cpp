@@ -54,7 +54,7 @@ char unescaped(char letter)
     }
 }
 
-// A line of a sample's text with its line end.
+// Converts a line of a sample's text to bytes, with its line end.
 QByteArray textLine(const QString& line)
 {
     const QByteArray raw = line.toLatin1();

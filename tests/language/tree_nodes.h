@@ -1,11 +1,11 @@
-// Nodes made by hand, outside of any load.
+// Makes tree nodes without a parse.
 #pragma once
 
 #include <antlr3.h>
 
 #include <memory>
 
-// Makes nodes of a common tree; they live as long as the maker.
+// Makes and owns nodes of a common tree.
 class NodeMaker {
 public:
     NodeMaker();
@@ -23,7 +23,7 @@ private:
         void operator()(pANTLR3_BASE_TREE_ADAPTOR adaptor) const { adaptor->free(adaptor); }
     };
 
-    // In this order, so that they die in reverse.
+    // The order matters: each uses the one before it and is destroyed first.
     std::unique_ptr<ANTLR3_STRING_FACTORY, FactoryDeleter> m_strings;
     std::unique_ptr<ANTLR3_BASE_TREE_ADAPTOR_struct, AdaptorDeleter> m_adaptor;
 };

@@ -2,7 +2,7 @@
 
 #include "scribonspecs_tokens.h"
 
-// The generator defines the names without declaring them anywhere.
+// Defined by the generated parser, which declares it in no header.
 extern "C" pANTLR3_UINT8 scribonspecsParserTokenNames[];
 
 namespace {

@@ -1,4 +1,5 @@
-// What is no spec file, and loads without end: the verdict, no crash, no hang, no growing memory.
+// Files that are not spec files, and repeated loads: the result of the load; no crash, hang or
+// memory leak.
 
 #include <malloc.h>
 #include <sys/socket.h>
@@ -16,7 +17,7 @@
 
 namespace {
 
-// A spec text with something of everything, errors included.
+// A spec text with all kinds of statements, and with errors.
 constexpr char MESSY_SPEC[] =
     "@SCRIBON s\n# note\n@MODE 1e+5\n@GROUP g\n@FOO bar\n@ENABLE 5\n@DESCRIPTION\n=;,\n"
     "@RUNNING_AVERAGE 5[sec]\n@RUNNING_AVERAGE # c\n@MAX_SCANS\n@SCAN_LIST\na .AV b\n5 6 7\n"
@@ -120,7 +121,7 @@ void tst_BadInput::directory()
     QCOMPARE(load(m_dir.path()), -1);
 }
 
-// Nobody writes into the pipe: opening it would wait without end.
+// No process writes to the FIFO: opening it must not block.
 void tst_BadInput::pipe()
 {
     const QString name = m_dir.filePath(QStringLiteral("pipe"));
@@ -249,7 +250,7 @@ void tst_BadInput::texts()
     QVERIFY2(tree.contains(contained), qPrintable(tree));
 }
 
-// The token goes on behind it, a reader of C strings does not.
+// The token continues behind the zero byte, but a C string ends there.
 void tst_BadInput::zeroByteCutsAQuotedText()
 {
     QCOMPARE(loadText(QByteArray("@SCRIBON \"a\0b\" # c\0d\n@MODE x\n", 30)), 0);
@@ -308,8 +309,8 @@ void tst_BadInput::longWordAsAValue()
     QCOMPARE(type, 80);
 }
 
-// The runtime remembers each dropped character until the load is freed (some 170 bytes), so a
-// hundred megabytes of them are no test for a small machine.
+// The runtime keeps about 170 bytes for each dropped character until the load is freed, so the test
+// does not use a hundred megabytes of them.
 void tst_BadInput::manyDroppedCharacters()
 {
     const QByteArray dropped(1024 * 1024, '=');

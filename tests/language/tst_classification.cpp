@@ -1,4 +1,4 @@
-// What kind of thing a text is: the editor that it calls for and whether every file must keep it.
+// Classification of texts: the editor type, and whether the text is a required keyword.
 
 #include <QTest>
 #include <array>
@@ -17,7 +17,7 @@ struct TypeRow {
 };
 
 // clang-format off
-// Every type that calls for anything but a text block.
+// All types whose editor is not TEXT_BLOCK.
 constexpr std::array<TypeRow, 50> EDITORS{{
     {6, COMMENT_LINE},
     {13, EDIT_TAB1}, {14, EDIT_TAB2}, {15, EDIT_TAB3}, {16, EDIT_TAB4}, {17, EDIT_TAB5},
@@ -79,8 +79,8 @@ struct Classified {
     int type;
 };
 
-// Classifies a text in a buffer of exactly its size, so that a byte read too many shows up in an
-// instrumented build.
+// Classifies a text in a buffer of exactly its size, so that AddressSanitizer finds reads behind
+// it.
 Classified classify(const QByteArray& text)
 {
     const auto size = static_cast<size_t>(text.size());
@@ -104,7 +104,7 @@ class tst_Classification : public QObject {
 private Q_SLOTS:
     void cleanupTestCase() { free_resources(); }
 
-    // Runs first: there has been no load in this process.
+    // Must run first, before any load of this process.
     void beforeTheFirstLoad();
     void afterALoadOfNothing();
     void afterARefusedLoad();
@@ -263,7 +263,7 @@ void tst_Classification::lengths_data()
         QTest::newRow(qPrintable(QStringLiteral("%1 characters").arg(length))) << length;
 }
 
-// The last characters count as much as the first: each text below is one token of its full length.
+// Each text below is one token of its full length, so that the last characters matter, too.
 void tst_Classification::lengths()
 {
     QFETCH(int, length);
@@ -314,7 +314,7 @@ void tst_Classification::requiredTexts()
     QCOMPARE(isRequired(text), required);
 }
 
-// Without a length ten characters count.
+// If the length is 0, ten characters are used.
 void tst_Classification::requiredWithoutALength()
 {
     QVERIFY(appGrammerRequired("@MODE", 0));

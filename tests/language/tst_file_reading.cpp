@@ -1,4 +1,4 @@
-// A spec file is read as a whole or not at all, and parsed as it was when it was read.
+// A spec file is read completely or not at all, and the parsed bytes are those that were read.
 
 #include <sys/stat.h>
 
@@ -110,7 +110,7 @@ void tst_FileReading::whatIsNoRegularFile()
     QCOMPARE(read_file(name.constData()), -1);
 }
 
-// Nobody writes into the pipe: a reader that waits for that would never return.
+// No process writes to the FIFO: reading it must not block.
 void tst_FileReading::pipeIsNotWaitedFor()
 {
     QCOMPARE(mkfifo(path("pipe").constData(), 0600), 0);

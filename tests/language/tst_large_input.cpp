@@ -1,4 +1,4 @@
-// Files of 100 MB that are hardly any token: the verdict, and nothing but time is used up.
+// Files of 100 MB with hardly any token: checks the result of the load.
 
 #include <QTest>
 
@@ -63,7 +63,7 @@ void tst_LargeInput::behindASpec_data()
 {
     QTest::addColumn<QByteArray>("start");
     QTest::addColumn<char>("letter");
-    // The place in the root of the statement that holds the large text, -1 where it is lost.
+    // Index among the root's children of the statement with the large text; -1 if it is lost.
     QTest::addColumn<int>("statement");
     QTest::newRow("one word as a value") << QByteArray("@SCRIBON s\n@GROUP ") << 'w' << 2;
     QTest::newRow("one comment") << QByteArray("@SCRIBON s\n# ") << 'c' << 2;

@@ -1,4 +1,4 @@
-// The lexer by itself: which characters give which token.
+// The lexer alone: which characters give which tokens.
 
 #include <QTest>
 #include <array>
@@ -106,7 +106,7 @@ std::string token(const char* name, const std::string& text)
     return std::string(name) + "(" + escapedText(text) + ")";
 }
 
-// What a byte between the words x and y comes to.
+// The tokens of a byte between the words x and y.
 std::string betweenWords(int byte)
 {
     const std::string c(1, static_cast<char>(byte));
@@ -127,7 +127,7 @@ std::string betweenWords(int byte)
     return x + " " + y;
 }
 
-// What a byte alone comes to.
+// The tokens of a single byte.
 std::string alone(int byte)
 {
     const std::string c(1, static_cast<char>(byte));
@@ -341,7 +341,7 @@ void tst_Lexer::texts_data()
     const auto row = [](const char* title, const char* text, const char* expected) {
         QTest::newRow(title) << QByteArray(text) << QByteArray(expected);
     };
-    // One word of each kind that the next longer match takes away.
+    // Words that begin like a token of another kind: the longer match wins.
     const auto words = [](const char* type, std::initializer_list<const char*> texts) {
         for (const char* const text : texts) {
             QTest::newRow(qPrintable(
@@ -508,7 +508,7 @@ void tst_Lexer::channels()
     QCOMPARE(tokens[0].channel, channel);
 }
 
-// Columns count from 0; on the very first line of a text the runtime counts them from -1.
+// Columns count from 0. In the first line of a text the runtime counts them from -1.
 void tst_Lexer::linesAndColumns()
 {
     struct Place {

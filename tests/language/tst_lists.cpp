@@ -47,7 +47,7 @@ void tst_Lists::longListKeepsEveryRow()
         text += row + '\n';
     QCOMPARE(loadText(text), 0);
 
-    // The root's third child, behind the first statement and its line end.
+    // The root's third child, after the first statement and its line end.
     const pANTLR3_BASE_TREE section = treeChild(2);
     const auto keywordNode = static_cast<pANTLR3_BASE_TREE>(section->getChild(section, 1));
     ANTLR3_UINT32 rows = 0;

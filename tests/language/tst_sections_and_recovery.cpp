@@ -1,5 +1,5 @@
-// The file as a whole: verdicts, sections that the load adds, recovery, and what one load leaves to
-// the next.
+// Whole files: results of the load, sections that the load adds, error recovery, and state that
+// remains for the next load.
 
 #include <QTest>
 
@@ -16,7 +16,7 @@ pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
     return static_cast<pANTLR3_BASE_TREE>(tree->getChild(tree, index));
 }
 
-// Whether every child knows its place.
+// Whether the child indexes of all nodes are right.
 bool indexesAreRight(pANTLR3_BASE_TREE tree)
 {
     for (ANTLR3_UINT32 i = 0; i < tree->getChildCount(tree); ++i) {
@@ -60,7 +60,8 @@ private Q_SLOTS:
     void badFileIsLoadedInSilence();
 };
 
-// The runtime leaves the indexes of parsed nodes unset, the load sets those of what it completes.
+// The runtime does not set the child indexes of parsed nodes; the load sets those of the sections
+// that it completes.
 void tst_SectionsAndRecovery::childIndexesOfMadeUpSections()
 {
     QCOMPARE(loadText("@SCRIBON s\n@MODE x\n"), 0);
@@ -86,7 +87,7 @@ void tst_SectionsAndRecovery::endOfInputStaysLast()
     }
 }
 
-// By number, as the rows' reader tells them apart; the printer shows names.
+// Compares numbers, which the models use; the printer shows names.
 void tst_SectionsAndRecovery::typesOfSpecialNodes()
 {
     QCOMPARE(loadText("@SCRIBON s\n@ENABLE 5\n@FOO bar\n"), 0);
@@ -124,7 +125,7 @@ void tst_SectionsAndRecovery::tabOfTheLastFileBlocksStrayText_data()
     QTest::newRow("an ECM list") << QByteArray("@ECM_LIST\na\n");
 }
 
-// The tab in progress is not reset between files, the statement in progress is.
+// ctab is not reset between files, ecm_init is.
 void tst_SectionsAndRecovery::tabOfTheLastFileBlocksStrayText()
 {
     QFETCH(QByteArray, before);

@@ -1,4 +1,4 @@
-// The keyword statements of the first tab, family by family, and the parse's state around them.
+// The statements of the Keywords tab, by kind, and the state of the parse.
 
 #include <QTest>
 

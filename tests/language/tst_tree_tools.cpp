@@ -1,4 +1,4 @@
-// The functions that read and edit single nodes, and the replacements of the runtime's own reports.
+// The functions that read and edit single nodes, and the error handlers.
 
 #include <QTest>
 #include <array>
@@ -16,7 +16,7 @@ namespace {
 
 constexpr char SPEC[] = "@SCRIBON s\n@MODE x # note\n@SCAN_LIST\na .AV b\nc d\n";
 
-// Places in the root of the tree above.
+// Child indexes in the root of the tree above.
 constexpr int MODE_STATEMENT = 2;
 constexpr int COMMENT_STATEMENT = 3;
 constexpr int SCAN_LIST_STATEMENT = 5;
@@ -41,7 +41,7 @@ pANTLR3_BASE_TREE commentNode()
     return childAt(treeChild(COMMENT_STATEMENT), 1);
 }
 
-// The scan list's row of a .AV b.
+// The row "a .AV b" of the scan list.
 pANTLR3_BASE_TREE firstRow()
 {
     return childAt(childAt(treeChild(SCAN_LIST_STATEMENT), 1), 4);
@@ -78,7 +78,7 @@ void update(pANTLR3_BASE_TREE node, const QByteArray& text)
              0);
 }
 
-// A recognizer that reads nothing, for the functions that only look at its flags.
+// A recognizer without input, for functions that only use its flags.
 class IdleRecognizer {
 public:
     IdleRecognizer()
@@ -247,12 +247,12 @@ void tst_TreeTools::updatedTokenShowsInTheTree()
                                                  QStringLiteral("KYWD_GROUP(@GROUP)")));
 }
 
-// Tokens of the file, of imaginary nodes, of error nodes and of sections that the load made up.
+// Tokens of the file, of imaginary nodes, of error nodes and of sections that the load has added.
 void tst_TreeTools::updatedTokensOfAllOrigins()
 {
     QCOMPARE(loadText("@SCRIBON s\n@ENABLE 5\n@FOO x\n# c\n@FILENAME\n@SCAN_LIST\na\n"), 0);
     QVector<pANTLR3_BASE_TREE> nodes = nodesBelow(getTree());
-    nodes.removeLast();  // the end of input, without which a parse has no end
+    nodes.removeLast();  // the end of input, at which the parser stops
     for (const pANTLR3_BASE_TREE node : qAsConst(nodes)) {
         const bool comment = typeOf(node) == TOKEN_COMMENT;
         update(node, "@GROUP");
@@ -424,8 +424,7 @@ void tst_TreeTools::insertedColumnTellsOfTheEcmList()
     QCOMPARE(outputOf(stdout, insertNull), QByteArray());
 }
 
-// The siblings move up from the item's own place, so another location loses one and doubles
-// another.
+// Siblings behind the item move up, so another location overwrites one and doubles another.
 void tst_TreeTools::insertionElsewhereOverwritesASibling()
 {
     const pANTLR3_BASE_TREE inserted = insertColInTreeAt(childAt(firstRow(), 0), 1);

@@ -1,4 +1,4 @@
-// Makes the catalogue each time it is told a line, and says how many groups it has.
+// Builds the catalogue for each line of standard input and prints the number of groups.
 
 #include <marvane_headers.h>
 

@@ -1,4 +1,4 @@
-// The groups of the variable catalogue and where their variables lie, written down once more: these
+// The groups of the variable catalogue and the layout of their variables, repeated here: these
 // tests share no table with the editor or the platform.
 #pragma once
 
@@ -8,8 +8,8 @@
 #include <QStringList>
 #include <QVector>
 
-// Where a kind of record has what the catalogue reads. Variables of a structured kind have members,
-// a full stop at the end of their labels and no aliases.
+// The layout of a kind of record. Variables of a structured kind have members, labels that end with
+// a full stop, and no aliases.
 struct RecordFacts {
     const char* kind;
     int size;
@@ -18,7 +18,7 @@ struct RecordFacts {
     bool structured;
 };
 
-// Which filters list a group: reals, integers, logicals, strings, statistics, compositions.
+// The filter that lists a group: reals, integers, logicals, strings, statistics, compositions.
 using Condition = char;
 
 struct GroupFacts {
@@ -27,37 +27,36 @@ struct GroupFacts {
     const char* area;
     int areaNumber;
     const char* kind;
-    int offset;  // of the first record in the area
+    int offset;  // offset of the first record in the area
     int length;
-    // For a length that the platform counts: the count's name in a catalogue file, and its place
-    // in SYS_ATTR_MEM.
+    // For a table whose length is a count: the count's name in a catalogue file, and its offset in
+    // SYS_ATTR_MEM.
     const char* count;
     int countAt;
 };
 
-// In the order in which the catalogue walks them. Those that are counted have different lengths, as
-// far as they have different counts.
+// In the order of the catalogue. Tables with different counts have different lengths.
 const QVector<GroupFacts>& groups();
 
 const RecordFacts& recordOf(const GroupFacts& group);
 
-// The names of the areas, and their groups, in the same order.
+// The names of the areas, in the order of their groups.
 QStringList areas();
 QVector<GroupFacts> groupsOf(const QString& area);
 
-// The variables of a group in the test catalogue: the first and the last record of its table are in
-// use and have aliases, the second, which has one too, is not in use.
+// The labels of a group in the test catalogue. The first and the last record of its table are
+// active and have aliases; the second one also has an alias, but is not active.
 QString firstLabel(const GroupFacts& group);
 QString lastLabel(const GroupFacts& group);
 
-// What the catalogue lists of a group: labels, then aliases.
+// What the catalogue lists for a group: labels, then aliases.
 QStringList listOf(const GroupFacts& group);
 
-// The text of the test catalogue, less some areas.
+// The text of the test catalogue without some areas.
 QByteArray catalogueWithout(const QStringList& missingAreas);
 QByteArray fullCatalogue();
 
-// What the catalogue of the test platform is for a filter that lists the groups of these
-// conditions, in the form by group and in that by variable.
+// The expected catalogue of the test platform for a filter that lists the groups of these
+// conditions, by group and by variable.
 QMap<QString, QStringList> variablesByGroup(const QString& conditions);
 QMap<QString, QString> groupsByVariable(const QString& conditions);

@@ -1,5 +1,4 @@
-// A platform of the test's own that this process has just joined, and whose shared memory the test
-// can spoil.
+// A desk platform that this process has joined, with functions that change its shared memory.
 #pragma once
 
 #include "desk_process.h"
@@ -8,13 +7,13 @@ class LivePlatform {
 public:
     bool start(const QByteArray& catalogue);
 
-    // Each waits for the end of the platform.
+    // Both wait until the platform has ended.
     bool terminate() { return m_desk.terminate(); }
     bool kill() { return m_desk.kill(); }
 
     bool overwrite(const char* area, qint64 at, const QByteArray& bytes);
     bool resize(const char* area, qint64 size);
-    // The bytes that the area takes, which are fewer than it has.
+    // The memory that the area uses, which is less than its size.
     qint64 memoryOf(const char* area) const;
 
 private:
@@ -23,7 +22,7 @@ private:
     DeskProcess m_desk;
 };
 
-// A number as it lies in shared memory.
+// The bytes of a number in shared memory.
 template <typename Number>
 QByteArray bytesOf(Number number)
 {

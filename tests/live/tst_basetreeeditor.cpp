@@ -1,4 +1,4 @@
-// The editor widget of a tree node: what it holds, how large it is and what a mouse does to it.
+// Antlr3_BaseTreeEditor: its node, its size and its mouse events.
 
 #include <QtTest>
 
@@ -89,7 +89,7 @@ void TestBaseTreeEditor::releaseOfTheMouseEndsTheEdit()
     QCOMPARE(spy.size(), 1);
 }
 
-// They end there, too: the widget below does not get them.
+// They are accepted: the parent widget does not get them.
 void TestBaseTreeEditor::mouseMovesDoNothing()
 {
     Antlr3_BaseTreeEditor editor(nullptr);

@@ -1,5 +1,5 @@
-// What the variable catalogue makes of shared memory that does not hold what it should, and how
-// much of it the catalogue touches.
+// The variable catalogue with invalid contents of shared memory, and how much of it the catalogue
+// reads.
 
 #include <marvane_headers.h>
 #include <unistd.h>
@@ -47,7 +47,7 @@ void addRowForEachGroup()
         QTest::newRow(group.name) << group;
 }
 
-// Reads every byte, and says nothing of use.
+// Reads every byte. The result does not matter.
 int sumOf(const void* begin, size_t size)
 {
     const auto* const bytes = static_cast<const unsigned char*>(begin);
@@ -100,7 +100,7 @@ void TestCatalogueDistrust::labelThatFillsItsField()
 {
     QFETCH(GroupFacts, group);
     QVERIFY(m_platform->overwrite(group.area, firstLabelAt(group), QByteArray(80, 'x') + "yyyy"));
-    // In some records the field is in front of the mark of use, which is nonzero now as before.
+    // In some records the label is in front of the active flag, which is nonzero in both cases.
     const QString full(80, QLatin1Char('x'));
     const QStringList list = byGroup().value(nameOf(group));
     QCOMPARE(list.value(0), full);
@@ -138,7 +138,7 @@ void TestCatalogueDistrust::labelOfAnyBytes()
     QVERIFY(byVariable().contains(label));
 }
 
-// The later group has it in the flat form, and both list it.
+// In the catalogue by variable, the later group wins; by group, both list it.
 void TestCatalogueDistrust::labelOfTwoGroups()
 {
     const GroupFacts& before = groups().at(4);
@@ -164,7 +164,7 @@ void TestCatalogueDistrust::countsBeyondTheAreas()
              QStringList({QStringLiteral("0"), QStringLiteral("30")}));
 }
 
-// Half of what 16 bits can say is a negative number to who takes the sign for one.
+// A count above 32767 would be negative as int16_t.
 void TestCatalogueDistrust::countIsUnsigned()
 {
     constexpr int LAST = 65534;
@@ -204,7 +204,8 @@ void TestCatalogueDistrust::shortArea_data()
     QTest::newRow("cut in an array") << 400000LL;
 }
 
-// The first variable is there as far as its bytes are, the last one of a long table is not.
+// The first variable is complete as far as its bytes exist; the last one of a long table is
+// missing.
 void TestCatalogueDistrust::shortArea()
 {
     QFETCH(qlonglong, size);
@@ -226,7 +227,7 @@ void TestCatalogueDistrust::shortArea()
     }
 }
 
-// Every record is in use then, and no label ends.
+// All records are active then, and no label has a terminating zero.
 void TestCatalogueDistrust::areasOfNoise()
 {
     QVERIFY(start(
@@ -249,7 +250,7 @@ void TestCatalogueDistrust::areasOfNoise()
 
 // ---- How much is touched -----------------------------------------------------------------------
 
-// Pages of an array that hold nothing take no memory until they are read.
+// Unwritten pages of an array take no memory until they are read.
 void TestCatalogueDistrust::leavesArraysAlone()
 {
     constexpr int COUNT = 100;

@@ -1,5 +1,5 @@
-// Which areas the variable catalogue attaches and detaches, and when. All calls of the host library
-// go through a log.
+// Which areas the variable catalogue attaches and detaches, and when. Wrappers log all calls of the
+// host library.
 
 #include <marvane_headers.h>
 
@@ -96,14 +96,14 @@ QStringList without(const QStringList& lines, const char* call)
     return rest;
 }
 
-// What an object that attaches areas can do.
+// Makes the protected functions accessible.
 class Areas : public MemoryAreas {
 public:
     using MemoryAreas::local_fre_shrd_mem;
     using MemoryAreas::local_link_to_memory;
 };
 
-// Attaching and freeing alone.
+// Only the calls that attach and free areas.
 QString areaCallsOf(int filter)
 {
     return without(without(callsOf(filter), "ask "), "alias ").join(QStringLiteral(", "));
@@ -143,7 +143,7 @@ QStringList callsForArea(const QString& area)
     return expected + QStringList(QStringLiteral("free %1").arg(number));
 }
 
-// Those of a catalogue of everything.
+// The calls for a catalogue of all kinds.
 QStringList allCalls()
 {
     QStringList expected{QStringLiteral("link 1")};
@@ -196,7 +196,7 @@ void TestCatalogueHostCalls::everythingInTheFlatForm()
     QCOMPARE(flatFormCallsOf(QT_MARVANE_ANY), allCalls());
 }
 
-// The general-use areas and those with tables of several kinds are attached whatever is wanted.
+// The general-use areas, and those with tables of several kinds, are always attached.
 void TestCatalogueHostCalls::areasByFilter_data()
 {
     QTest::addColumn<int>("filter");
@@ -271,7 +271,7 @@ void TestCatalogueHostCalls::generalUseWithoutAnother_data()
         QTest::newRow(groups().at(row).area) << row;
 }
 
-// The calls are the same ones, but for the variables of the area.
+// The calls are the same except those for the variables of the area.
 void TestCatalogueHostCalls::generalUseWithoutAnother()
 {
     QFETCH(int, row);
@@ -305,7 +305,7 @@ void TestCatalogueHostCalls::nowhereToStoreTheAddress()
     QCOMPARE(calls, QStringList());
 }
 
-// One that was attached again in between was in use then.
+// An area that was attached again in between was in use then.
 void TestCatalogueHostCalls::eachAreaForItself()
 {
     Areas areas;

@@ -1,4 +1,4 @@
-// What the user sees of the judgement of a text while still typing it.
+// What the user sees of the validation while typing.
 
 #include <QLineEdit>
 #include <QRegExpValidator>

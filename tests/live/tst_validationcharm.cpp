@@ -1,4 +1,4 @@
-// Live judgement of what is typed into line edits, on cells of real models.
+// ValidationCharm: validates line edits at each keystroke, for cells of real models.
 
 #include <QClipboard>
 #include <QComboBox>
@@ -39,7 +39,7 @@ void pasteInto(QLineEdit* lineEdit, const QString& text)
     QTest::keyClick(lineEdit, Qt::Key_V, Qt::ControlModifier);
 }
 
-// Gives back another text than it was asked about, and never accepts it.
+// A validator that changes the text and never accepts it.
 class RewritingValidator : public QValidator {
 public:
     State validate(QString& text, int& /*position*/) const override
@@ -105,7 +105,7 @@ private:
     std::unique_ptr<QLineEdit> m_lineEdit;
 };
 
-// Clean cells and a line edit with the text of the first.
+// Creates cells without error codes, and a line edit with the text of the first one.
 void TestValidationCharm::init()
 {
     m_model = modelOfThree();
@@ -123,7 +123,7 @@ void TestValidationCharm::cleanup()
     m_model.reset();
 }
 
-// On the first cell.
+// Activates the charm for the first cell.
 void TestValidationCharm::activate(const char* pattern)
 {
     m_validator = std::make_unique<QRegExpValidator>(expression(pattern));
@@ -272,7 +272,7 @@ void TestValidationCharm::refusesNoKeystroke()
     QVERIFY(m_lineEdit->hasAcceptableInput());
 }
 
-// Wrong texts leave it as it is, and nothing is ever put back.
+// Invalid texts do not change it, and the charm never restores it.
 void TestValidationCharm::keepsTheLatestGoodText()
 {
     m_lineEdit->setText(QStringLiteral("a"));
@@ -489,7 +489,7 @@ void TestValidationCharm::deactivatedAndActivatedAnew()
     QVERIFY2(spy.size() == 1, "once a keystroke");
 }
 
-// Though it has all that a line edit would have.
+// It has all the properties of a line edit.
 void TestValidationCharm::senderThatIsNoLineEdit()
 {
     activate("[a-z]");

@@ -1,5 +1,4 @@
-// The catalogue of a running platform's variables: what it lists of every table, by filter and
-// form.
+// The variable catalogue of a running platform: what it lists of each table, by filter and form.
 
 #include <marvane_headers.h>
 
@@ -31,7 +30,7 @@ GroupsByVariable byVariable(int filter)
     return variables;
 }
 
-// The areas that this process has attached, by number.
+// The numbers of the areas that this process has attached.
 QVector<int> attachedAreas()
 {
     QVector<int> attached;
@@ -65,7 +64,7 @@ void addRowForEachArea()
         QTest::newRow(qPrintable(area)) << area;
 }
 
-// A client of the platform in a process that the lack of one may end.
+// A client of the platform as a separate process, which ends if there is no platform.
 class CatalogueClient {
 public:
     CatalogueClient()
@@ -160,7 +159,7 @@ private:
     std::unique_ptr<LivePlatform> m_platform;
 };
 
-// With another platform in place of the one before.
+// Starts another platform in place of the current one.
 bool TestVariableCatalogue::restart(const QByteArray& catalogue)
 {
     m_platform = std::make_unique<LivePlatform>();
@@ -179,7 +178,7 @@ void TestVariableCatalogue::cleanup()
     VMLType = 0;
 }
 
-// Settings of other programs of the platform name the filters by number.
+// The numbers are fixed: other programs of the platform use them in their settings.
 void TestVariableCatalogue::filterValues()
 {
     QCOMPARE(int(QT_MARVANE_LOGICAL), 1);
@@ -284,8 +283,7 @@ void TestVariableCatalogue::endsAtTheCount_data()
     addRowForEachGroupOf(true);
 }
 
-// What lies behind the count is not listed, whichever count it is and whatever the other counts
-// are.
+// Records behind the count are not listed, whatever the other counts are.
 void TestVariableCatalogue::endsAtTheCount()
 {
     QFETCH(GroupFacts, group);
@@ -306,7 +304,7 @@ void TestVariableCatalogue::endsAtTheFixedLength_data()
     addRowForEachGroupOf(false);
 }
 
-// A record in use right behind the last one is another table's or nobody's.
+// An active record behind the last one belongs to another table or to none.
 void TestVariableCatalogue::endsAtTheFixedLength()
 {
     QFETCH(GroupFacts, group);
@@ -339,7 +337,7 @@ void TestVariableCatalogue::channelsByNumber()
     QCOMPARE(byGroup(IO_MEM), expected);
 }
 
-// There is nothing to number then, but the group of digital inputs is that of the channels.
+// Channels are not numbered then, but the group of digital inputs is that of the channels.
 void TestVariableCatalogue::channelsByVariable()
 {
     GroupsByVariable expected;
@@ -461,7 +459,7 @@ void TestVariableCatalogue::missingArea_data()
     addRowForEachArea();
 }
 
-// The general-use groups are there together or not at all, by the area of the reals.
+// All general-use groups depend on the area of the reals.
 void TestVariableCatalogue::missingArea()
 {
     QFETCH(QString, area);
@@ -495,7 +493,7 @@ void TestVariableCatalogue::detachesWhatItAttached_data()
     QTest::newRow("of no kind") << 0;
 }
 
-// The counts stay at hand.
+// The area with the counts stays attached.
 void TestVariableCatalogue::detachesWhatItAttached()
 {
     QFETCH(int, filter);
@@ -524,7 +522,7 @@ void TestVariableCatalogue::keepsWhatWasAttached()
     QCOMPARE(get_shrd_mem(static_cast<SM_AREA_ID>(number), 0), address);
 }
 
-// They were attached for nothing, yet nobody detaches them.
+// They are attached and not used, but stay attached. Existing behaviour, kept for compatibility.
 void TestVariableCatalogue::keepsGeneralUseAreasWithoutTheReals()
 {
     QVERIFY(restart(catalogueWithout({QStringLiteral("GU_REAL_MEM")})));

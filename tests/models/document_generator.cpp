@@ -10,7 +10,7 @@ QByteArray DocumentGenerator::oneOf(std::initializer_list<const char*> texts)
     return *(texts.begin() + pick(static_cast<int>(texts.size())));
 }
 
-// The first letter keeps it from being a number, an answer or a statistical member.
+// Begins with a letter, so that it is no number, answer or statistical member.
 QByteArray DocumentGenerator::word()
 {
     static constexpr char SIGNS[] = "abcXYZ019_-.:/<>()[]%$@";
@@ -52,7 +52,7 @@ QByteArray DocumentGenerator::lineEnd()
     return oneOf({"\n", "\n", "\n", "\r\n", "\n\n", " \n"});
 }
 
-// What may stand between a keyword and its value.
+// A separator between a keyword and its value.
 QByteArray DocumentGenerator::between()
 {
     return oneOf({" ", "\t", "  ", "\n", " \n ", "\n\n", "\r\n"});
@@ -67,7 +67,7 @@ QByteArray DocumentGenerator::stringStatement()
     return keyword + between() + (chance(70) ? word() : quoted()) + lineEnd();
 }
 
-// These take words alone.
+// Keywords that accept only words.
 QByteArray DocumentGenerator::wordStatement()
 {
     const QByteArray keyword =
@@ -76,7 +76,7 @@ QByteArray DocumentGenerator::wordStatement()
     return keyword + between() + word() + lineEnd();
 }
 
-// These keep a value of any kind, or do without.
+// Keywords that accept any kind of value, or none.
 QByteArray DocumentGenerator::forgivingStatement()
 {
     const QByteArray keyword =

@@ -1,4 +1,4 @@
-// Spec files by chance, the same for the same seed.
+// Random spec files, the same for the same seed.
 #pragma once
 
 #include <QByteArray>
@@ -8,9 +8,9 @@ class DocumentGenerator {
 public:
     explicit DocumentGenerator(unsigned seed) : m_random(seed) {}
 
-    // A file of statements, sections, comments and blank lines in any order and layout, with many
-    // slips that the format forgives: missing values, values of another kind, unknown at-words.
-    // What it leaves out are the few slips that a file does not survive unchanged.
+    // A file of statements, sections, comments and blank lines in any order and layout, with faults
+    // that a load accepts: missing values, values of another kind, unknown keywords. It has none of
+    // the few faults that change with each save.
     QByteArray document();
 
 private:

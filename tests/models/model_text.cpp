@@ -42,7 +42,7 @@ QString cellText(const QVariant& cell)
     return text.isEmpty() ? EMPTY : escaped(text);
 }
 
-// Past the model, which would store no empty text in an unset cell.
+// Sets the items directly, since the model stores no empty text in a cell that was never assigned.
 void setRow(TreeModel* model, int row, const QStringList& cells)
 {
     auto* const item = static_cast<TreeItem*>(model->index(row, 0).internalPointer());
@@ -61,7 +61,7 @@ QByteArray readAll(const QString& fileName)
     return file.readAll();
 }
 
-// A file of its own that dump_to_file can write to.
+// A temporary file for dump_to_file().
 class OutputFile {
 public:
     void add(TreeModel* model) { model->dump_to_file(m_name.data()); }

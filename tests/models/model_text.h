@@ -1,6 +1,6 @@
-// Models as text, so that tests show rows as they are told: a line each, the cells with " | "
-// between them. A cell that was never assigned reads <unset>, one that holds an empty text <empty>;
-// \n, \t and \s stand for line feeds, tabs and the blanks around a text.
+// Models as text: a line for each row, with " | " between the cells. A cell that was never assigned
+// is <unset>, one with an empty text <empty>; \n, \t and \s stand for line feeds, tabs and leading
+// or trailing blanks.
 #pragma once
 
 #include <QByteArray>
@@ -12,25 +12,25 @@
 #include "editor_antlr3.h"
 #include "treemodel.h"
 
-// Texts of a source file as strings.
+// Converts string literals.
 QStringList lines(std::initializer_list<const char*> texts);
 
-// The tabs' headers, untranslated.
+// The headers of a tab, untranslated.
 QStringList headersOf(int tab);
 
-// A tab's model of a tree, of the tree of the last load, and of a spec text. All have the toolkit's
-// model tester attached, which fails the test at whatever is no proper model.
+// The model of a tab for a tree, for the tree of the last load, and for a spec text. Each has a
+// QAbstractItemModelTester, which fails the test if the model is invalid.
 std::unique_ptr<TreeModel> modelOfTree(pANTLR3_BASE_TREE tree, int tab);
 std::unique_ptr<TreeModel> loadedModel(int tab);
 std::unique_ptr<TreeModel> modelOfText(const QByteArray& text, int tab);
 
-// A model with these rows, not modified and not dirty.
+// A model with these rows; its modified and dirty flags are cleared.
 std::unique_ptr<TreeModel> modelOfRows(int tab, const QStringList& lines);
 
 QStringList rowLines(const TreeModel& model);
 
-// What dump_to_file writes of a model to an empty file.
+// The bytes that dump_to_file() writes to an empty file.
 QByteArray dumpOf(TreeModel* model);
 
-// What saving writes of the last load: the five tabs, one behind the other.
+// The bytes that a save of the last load writes: the five tabs one after the other.
 QByteArray savedDocument();

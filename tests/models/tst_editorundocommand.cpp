@@ -1,4 +1,4 @@
-// The undo command: edits of cells, rows inserted and removed, back and forth.
+// EditorUndoCommand: edits of cells, inserted and removed rows, undo and redo.
 
 #include <QSet>
 #include <QTest>
@@ -36,7 +36,7 @@ public:
         return m_model->undoredo_setData(m_model->index(row, column), text);
     }
 
-    // The way the window does it: a row below this one.
+    // Inserts a row below this one, like the window.
     void insertBelow(int row)
     {
         const QModelIndex index = m_model->index(row, 0);
@@ -73,7 +73,7 @@ int pick(std::mt19937* random, int count)
     return static_cast<int>((*random)() % static_cast<unsigned>(count));
 }
 
-// The way a user might.
+// Makes a random change, insertion or removal, or an undo or redo.
 void changeSomething(Editing* document, std::mt19937* random)
 {
     const int rowCount = document->model()->rowCount();
@@ -94,8 +94,8 @@ void changeSomething(Editing* document, std::mt19937* random)
     }
 }
 
-// Two tabs of a document, each with a stack of its own. An edit goes on either stack: a dialog over
-// a cell stays open while the user changes tabs, and then ends on the tab that is showing.
+// Two tabs of a document, each with an undo stack. An edit can go to either stack: a dialog stays
+// open when the user changes tabs, and is then committed on the visible tab.
 class TwoTabs {
 public:
     enum Tab { First, Second };
@@ -119,7 +119,7 @@ public:
         return rows;
     }
 
-    // Through the stack of the tab `shown`.
+    // Edits with the stack of the tab `shown` as the active one.
     bool edit(int tab, int row, int column, const QString& text, int shown)
     {
         m_editing.setActiveStack(stack(shown));
@@ -150,7 +150,7 @@ const QStringList TwoTabs::LIST =
     lines({"@META_DATA | FILLER_TXT | FILLER_TXT", "<unset> | BORE | b", "<unset> | TITLE | t",
            "<unset> | CELL | c"});
 
-// The same done to two tabs and to their reference.
+// Makes the same changes in two tabs and in their reference, and compares them.
 class ComparedTabs {
 public:
     explicit ComparedTabs(unsigned seed) : m_random(seed) {}
@@ -392,7 +392,7 @@ void tst_EditorUndoCommand::insertWithAnIndexAndARowThatDoesNotExist()
     QCOMPARE(document.rows(), ROWS);
 }
 
-// What an undo saves is put behind what an earlier one saved, and a redo reads from the front.
+// An undo appends the texts that it saves, and a redo reads from the front.
 void tst_EditorUndoCommand::textsOfTheFirstUndoComeBack()
 {
     Editing document;
@@ -423,7 +423,7 @@ void tst_EditorUndoCommand::typedValueComesBack()
     QCOMPARE(document.rows(), rows);
 }
 
-// Rows below rows that come and go themselves.
+// Edits of rows below others that are inserted and removed.
 void tst_EditorUndoCommand::typedValuesOfSeveralRowsComeBack()
 {
     Editing document;
@@ -600,8 +600,8 @@ void tst_EditorUndoCommand::longHistories_data()
         QTest::newRow(qPrintable(QStringLiteral("seed %1").arg(seed))) << seed;
 }
 
-// Thousands of edits, insertions, removals, undos and redos against a plain list of all states that
-// the history went through.
+// Thousands of random edits, insertions, removals, undos and redos, compared with a plain list of
+// all states.
 void tst_EditorUndoCommand::longHistories()
 {
     QFETCH(unsigned, seed);
@@ -670,7 +670,7 @@ void tst_EditorUndoCommand::editFromAnotherTabFindsAnInsertedRowAgain()
     }
 }
 
-// Another row is inserted in its place, so redo cannot bring it back any more.
+// Another row is inserted in its place, so redo cannot restore it.
 void tst_EditorUndoCommand::editOfARowThatIsGoneForGood()
 {
     TwoTabs tabs;

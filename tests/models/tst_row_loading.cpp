@@ -1,4 +1,4 @@
-// From the syntax tree to rows: whole texts, and trees that no text gives.
+// From the syntax tree to rows: complete texts, and trees that no text produces.
 
 #include <QTest>
 
@@ -11,7 +11,7 @@ Q_DECLARE_METATYPE(Sample)
 
 namespace {
 
-// A tree built by hand, with one statement after the other below a root.
+// A tree made by hand: a root with statements.
 class HandMadeTree {
 public:
     HandMadeTree() : m_root(nilNode()) {}
@@ -23,7 +23,7 @@ public:
         return createNewChild(m_nodes.adaptor(), static_cast<ANTLR3_UINT32>(type), text, parent);
     }
 
-    // A section with its keyword, and items flat behind it.
+    // Appends a section: its keyword, then the items on the same level.
     pANTLR3_BASE_TREE addSection(int tab, const char* keyword)
     {
         const pANTLR3_BASE_TREE section = add(TOKEN_SCAN_LIST_DECL);
@@ -208,7 +208,7 @@ void tst_RowLoading::keywordRowHasThreeCells()
     QCOMPARE(rowLines(*modelOfTree(tree.root(), EDIT_TAB1)), lines({"one | two | three"}));
 }
 
-// Four levels count, a node stands before what lies below it, and the fifth level is nobody's.
+// Four levels are read, a node before its children; nodes of the fifth level are ignored.
 void tst_RowLoading::levels()
 {
     HandMadeTree tree;
@@ -239,7 +239,7 @@ void tst_RowLoading::blanksGoDownToTheThirdLevel()
              lines({"first | second | third | \\sfourth\\s"}));
 }
 
-// Such a cell takes edits, other than one that was never assigned.
+// Such a cell can be edited, unlike one that was never assigned.
 void tst_RowLoading::whiteSpaceAloneIsAnEmptyText()
 {
     HandMadeTree tree;
@@ -251,7 +251,7 @@ void tst_RowLoading::whiteSpaceAloneIsAnEmptyText()
              lines({"<empty> | <empty> | <unset>"}));
 }
 
-// What lies below a line end counts all the same.
+// The children of a line end are read nevertheless.
 void tst_RowLoading::lineEndsAreNoCells()
 {
     HandMadeTree tree;
@@ -345,7 +345,7 @@ void tst_RowLoading::bytesOfTheFile_data()
     QTest::newRow("tabs and line ends") << QByteArray("'a\tb\n\nc\r\nd'");
 }
 
-// Through the cells and back to the file unchanged.
+// The bytes are unchanged after loading and saving.
 void tst_RowLoading::bytesOfTheFile()
 {
     QFETCH(QByteArray, text);

@@ -1,4 +1,4 @@
-// Rows as spec file text, byte by byte.
+// The text that is written for rows, byte by byte.
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -202,7 +202,8 @@ void tst_RowWriting::otherLists_data()
         << QByteArray("\n@META_DATA\n\n#@k v\n");
 }
 
-// A keyword tells how many values a line holds until the next keyword; two to begin with.
+// A keyword sets the maximum number of values for a line, up to the next keyword; it is two at
+// first.
 void tst_RowWriting::limitOfValuesLastsOverRows()
 {
     const auto model = modelOfRows(
@@ -240,7 +241,7 @@ void tst_RowWriting::writingChangesNothing()
     QCOMPARE(rowLines(*model), rows);
 }
 
-// Every edit since the load is in the text, faulty or not.
+// The text has all edits since the load, valid or not.
 void tst_RowWriting::writingGoesByTheCells()
 {
     const auto model = modelOfText("@SCRIBON x\n@SCAN_LIST\na .AV c\nd e\n", EDIT_TAB2);
@@ -309,7 +310,7 @@ void tst_RowWriting::fileThatCannotBeOpened()
     QCOMPARE(model->rowCount(), 1);
 }
 
-// Silent; the document in memory stays whole.
+// Reports nothing. The document in memory is unchanged.
 void tst_RowWriting::fullDisk()
 {
     if (!QFile::exists(QStringLiteral("/dev/full")))
@@ -331,7 +332,7 @@ void tst_RowWriting::fileNameWithABlank()
     QCOMPARE(contentOf(QString::fromLocal8Bit(name)), QByteArray("@MODE\nm\n"));
 }
 
-// More than any buffer on the way holds.
+// More than the size of any buffer.
 void tst_RowWriting::manyRows()
 {
     constexpr int COUNT = 20000;

@@ -1,5 +1,5 @@
-// What is saved, loaded and saved again must be the same text. It is, but for the few slips in a
-// file that are named at the end.
+// Saving, loading and saving again must give the same text. The exceptions, faults in the file, are
+// listed at the end.
 
 #include <QDir>
 #include <QTest>
@@ -38,14 +38,14 @@ Saves saveLoadSave(const QByteArray& text)
     return saves;
 }
 
-// Whether a text that is a spec file at all is the same from its first save on.
+// Whether the saved text of a spec file does not change after its first save.
 bool isStable(const QByteArray& text)
 {
     const Saves saves = saveLoadSave(text);
     return saves.firstVerdict != 0 || (saves.secondVerdict == 0 && saves.second == saves.first);
 }
 
-// A saved text without its first keyword and the empty sections at its end.
+// A saved text without its first keyword and without the empty sections at its end.
 QByteArray bodyOf(QByteArray text)
 {
     const QByteArray head = "@SCRIBON\nx\n";
@@ -58,7 +58,7 @@ QByteArray bodyOf(QByteArray text)
     return text;
 }
 
-// The example of a file to mend has two of the slips that are named below.
+// Removes the two faults of the broken example that are exceptions.
 QByteArray withSlipsOfTheBrokenExample(QByteArray text)
 {
     text.replace("@ENABLE\n5\n5\n", "@ENABLE\n5\n5\n5\n");
@@ -111,7 +111,7 @@ bool containsAny(const Pieces& pieces, const Pieces& searched)
                        [&pieces](const QByteArray& piece) { return pieces.contains(piece); });
 }
 
-// @DESCRIPTION with something else than its value behind it.
+// @DESCRIPTION, followed by something that is not its value.
 bool hasDescriptionWithoutValue(Pieces pieces)
 {
     pieces.removeAll("\n");
@@ -123,7 +123,7 @@ bool hasDescriptionWithoutValue(Pieces pieces)
     return false;
 }
 
-// Whether one of the slips named below may be among the pieces.
+// Whether the pieces may have one of the faults below.
 bool mayHaveNamedSlip(const Pieces& pieces)
 {
     return pieces.contains("@RUNNING_AVERAGE") || pieces.contains("1e+5") ||
@@ -217,7 +217,7 @@ void tst_SaveLoadSave::longRowsOfPieces()
     }
 }
 
-// Not only texts that came from a file: an inserted row, filled or not, stays as well.
+// Inserted rows, filled or not, are kept as well.
 void tst_SaveLoadSave::editedRows()
 {
     auto model = modelOfText("@SCRIBON x\n@MODE m\n", EDIT_TAB1);
@@ -233,7 +233,7 @@ void tst_SaveLoadSave::editedRows()
     QCOMPARE(dumpOf(modelOfText(second, EDIT_TAB1).get()), second);
 }
 
-// Slips that change from save to save, as the recovery from them wants it.
+// Faults with which the text changes from save to save. Existing behaviour, kept for compatibility.
 void tst_SaveLoadSave::slips_data()
 {
     QTest::addColumn<QByteArray>("text");
@@ -277,7 +277,7 @@ void tst_SaveLoadSave::slips()
     QTEST(bodyOf(saves.second), "second");
 }
 
-// Worse slips: what is saved is no spec file any more.
+// Faults with which the saved text is not a spec file any more.
 void tst_SaveLoadSave::slipsThatDoNotLoadAgain_data()
 {
     QTest::addColumn<QByteArray>("text");
@@ -309,7 +309,7 @@ void tst_SaveLoadSave::valuesThatAreNoWordsMultiply_data()
     }
 }
 
-// The value is kept in its place for the user to mend, and once more as stray text behind it.
+// The value is kept in its cell, and again as free text behind it.
 void tst_SaveLoadSave::valuesThatAreNoWordsMultiply()
 {
     QFETCH(QByteArray, keyword);
@@ -327,8 +327,8 @@ void tst_SaveLoadSave::zeroByteInAMisplacedTextLosesNothing_data()
         QTest::newRow(keyword.constData()) << keyword;
 }
 
-// Cut at the zero byte, the text would lose its closing quote, and the quote would swallow what
-// stands behind it in the file.
+// If the text were cut at the zero byte, it would lose its closing quote, and the rest of the file
+// would be in quotes.
 void tst_SaveLoadSave::zeroByteInAMisplacedTextLosesNothing()
 {
     QFETCH(QByteArray, keyword);

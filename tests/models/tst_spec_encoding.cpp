@@ -1,4 +1,4 @@
-// Which characters the bytes of a spec file stand for, and that saving gives the same bytes again.
+// How the bytes of a spec file are decoded, and that saving writes the same bytes.
 
 #include <QTest>
 #include <QTextCodec>
@@ -29,7 +29,8 @@ int loadAfresh(const QByteArray& text)
     return loadText(text);
 }
 
-// The three places where a byte can stand, around a byte that makes the file Latin-1.
+// A file with the text in a quoted value, a comment and a word, and a byte that makes the file
+// Latin-1.
 QByteArray fileWith(const QByteArray& text)
 {
     return "@SCRIBON\nx\n\n@DESCRIPTION\n'" + text + "'\n\n#" + text + "\n\n@GROUP\n" + text +
@@ -120,8 +121,8 @@ void tst_SpecEncoding::everyByteOfACellSurvives_data()
             << QByteArray(1, static_cast<char>(value));
 }
 
-// A byte that ends the quotes, the comment or the word is not part of that cell; whatever the cells
-// hold after the first load, they hold after the second one.
+// A byte that ends the quotes, the comment or the word is not part of the cell. What the cells have
+// after the first load, they also have after the second one.
 void tst_SpecEncoding::everyByteOfACellSurvives()
 {
     QFETCH(QByteArray, byte);

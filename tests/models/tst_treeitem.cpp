@@ -1,4 +1,4 @@
-// A row: cells, error codes, children, and the two ways to store a text.
+// TreeItem: cells, error codes, children, and the two ways to store a text.
 
 #include <QPoint>
 #include <QTest>
@@ -397,7 +397,7 @@ void tst_TreeItem::undoableStore()
     QCOMPARE(editing.stack()->count(), pushed && isText ? 1 : 0);
 }
 
-// A node goes into the cell at once, and no step brings it out again.
+// A tree node is stored at once, and not as an undo step.
 void tst_TreeItem::undoableStoreOfATreeNode()
 {
     WindowlessEditing editing;

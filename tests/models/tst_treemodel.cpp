@@ -1,4 +1,4 @@
-// A tab's item model: headers, indices, stores, rows, columns, flags and the roles of plain cells.
+// TreeModel: headers, indexes, stores, rows, columns, flags and the roles of normal cells.
 
 #include <QColor>
 #include <QSignalSpy>
@@ -21,8 +21,8 @@ QStringList sampleLines()
     return lines({"@SCRIBON | x | FILLER_TXT", "@MODE | m | \\s"});
 }
 
-// Two unset rows that no model tester looks at. No document has rows below rows, and where one had,
-// all cells of a row would count those below it, which is not the tester's idea of a tree.
+// Two unset rows without a QAbstractItemModelTester: rows with child rows do not pass it. Documents
+// have none.
 std::unique_ptr<TreeModel> treeForNesting()
 {
     auto model = std::make_unique<TreeModel>(headersOf(EDIT_TAB1), nullptr, EDIT_TAB1);
@@ -30,7 +30,7 @@ std::unique_ptr<TreeModel> treeForNesting()
     return model;
 }
 
-// What a change may set off.
+// Records the signals and flags that a change may set.
 class ModelWatch {
 public:
     explicit ModelWatch(TreeModel* model)
@@ -423,7 +423,7 @@ void tst_TreeModel::setDataWithoutACell()
     QCOMPARE(model->headerData(0, Qt::Horizontal).toString().trimmed(), QStringLiteral("Keyword"));
 }
 
-// Once when the command stores the text, once when the edit returns.
+// Once when the command stores the text, and once when the edit returns.
 void tst_TreeModel::undoableStoreSignalsTwice()
 {
     WindowlessEditing editing;

@@ -1,4 +1,4 @@
-// The seventeen formats, as the toolkit's pattern validator judges them.
+// The seventeen formats, checked by QRegExpValidator.
 
 #include <QRegExpValidator>
 #include <QTest>
@@ -9,11 +9,11 @@ namespace {
 
 struct Judgement {
     VaidatorFormat format;
-    const char* accepted;  // texts, with blanks between them
+    const char* accepted;  // texts, separated by blanks
     const char* refused;
 };
 
-// A text that stands for n letters.
+// A placeholder that is replaced by n letters.
 QString letters(int n)
 {
     return {n, QLatin1Char('a')};

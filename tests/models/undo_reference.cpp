@@ -51,7 +51,7 @@ void ReferenceStack::push(const Step& step)
     redo();
 }
 
-// An inserted row comes back with the texts that it had when it first went.
+// Redo restores an inserted row with the texts that it had when it was first removed.
 void ReferenceStack::undo()
 {
     if (m_index == 0)

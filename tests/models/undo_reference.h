@@ -1,5 +1,5 @@
-// What undo and redo have to do, told in the simplest way: rows that know who they are, and stacks
-// of steps, without models and without indexes.
+// The expected effects of undo and redo, in a simple form: rows with IDs and lists of steps,
+// without models and indexes.
 #pragma once
 
 #include <QStringList>
@@ -7,8 +7,7 @@
 
 class ReferenceTab {
 public:
-    // Rows by what tells one from another, and their cells' texts, null for a cell that was never
-    // assigned.
+    // A row with its ID and the texts of its cells, null for a cell that was never assigned.
     struct Row {
         int id = 0;
         QStringList texts;
@@ -24,7 +23,7 @@ public:
     void insert(int number, const Row& row) { m_rows.insert(number, row); }
     void remove(int number) { m_rows.removeAt(number); }
 
-    // Does nothing when no row has the id.
+    // Does nothing if no row has the ID.
     void setText(int id, int column, const QString& text);
 
 private:
@@ -32,10 +31,11 @@ private:
     int m_lastId = 0;
 };
 
-// Each operation is done at once and becomes a step.
+// Each operation is executed at once and added as a step.
 class ReferenceStack {
 public:
-    // False, and no step, for a cell that was never assigned and for the text that it has.
+    // False, without a step, for a cell that was never assigned, and for a text that does not
+    // change it.
     bool edit(ReferenceTab* tab, int number, int column, const QString& text);
     void insertBelow(ReferenceTab* tab, int number);
     void remove(ReferenceTab* tab, int number);
@@ -50,11 +50,11 @@ private:
     struct Step {
         Kind kind = Edit;
         ReferenceTab* tab = nullptr;
-        ReferenceTab::Row row;  // the edited one before, or the one that comes or goes
-        int number = 0;         // where it stands
+        ReferenceTab::Row row;  // the row before an edit, or the inserted or removed one
+        int number = 0;         // number of the row
         int column = 0;
         QString text;
-        bool undone = false;  // once at least
+        bool undone = false;  // has been undone at least once
     };
 
     void push(const Step& step);

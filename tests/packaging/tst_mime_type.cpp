@@ -1,4 +1,4 @@
-// That desktops know a spec file when they see one, by its name or by what is in it.
+// Desktops recognize a spec file by its name or contents.
 
 #include <QDir>
 #include <QFile>
@@ -16,7 +16,7 @@ QString examplesDir()
     return qEnvironmentVariable("SCRIBON_EXAMPLES");
 }
 
-// In the user's own data, which in a test is nobody's.
+// Registers the MIME type in XDG_DATA_HOME, which belongs to the test.
 bool registerMimeType()
 {
     const QString mimeDir = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +

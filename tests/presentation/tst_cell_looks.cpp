@@ -1,4 +1,4 @@
-// Colours, arrows and tool tips of cells, in the window on a file.
+// Colours, arrows and tool tips of the cells of a loaded file.
 
 #include <QIcon>
 #include <QtTest>
@@ -8,7 +8,7 @@
 
 namespace {
 
-// Rows are counted as the models have them: row 0 of a list is its section's keyword.
+// Rows as the models count them: row 0 of a list is the section's keyword.
 QByteArray spec()
 {
     return "@SCRIBON\ncell\n"
@@ -42,7 +42,7 @@ enum KeywordRow {
     GROUP
 };
 
-// The columns with an arrow. The others' decoration is their text.
+// The columns with an arrow icon. The decoration of the others is their text.
 QVector<int> arrowsOf(const TreeModel& model, int row)
 {
     QVector<int> shown;
@@ -210,7 +210,7 @@ void TestCellLooks::tellsByToolTip()
 
 namespace {
 
-// A row for each kind of keyword that has tool tips of its own, and one for a kind that has none.
+// A row for each kind of keyword with tool tips of its own, and one for a kind without.
 const QByteArray KINDS =
     "@SCRIBON\ncell\n"
     "@DESCRIPTION\n'd'\n@OUTPUT_PATH\n/a\n@START_EVENT\ne\n@SCAN_INTERVAL\n1[sec]\n"
@@ -218,7 +218,7 @@ const QByteArray KINDS =
     "@SCAN_LIST\nv .AV N\n@META_DATA\nBORE bore\n@SCAN_LIST_AUX_USER\nv name\n"
     "@ECM_LIST\n1 /a:b:1\n";
 
-// What a cell says when it is good, what it adds when it is wrong and when it is repeated.
+// The tool tip of a valid cell, and what is added for a wrong and for a repeated one.
 struct CellTips {
     const char* name;
     int tab;
@@ -305,7 +305,7 @@ void TestCellLooks::tellsOfEveryCode_data()
     }
 }
 
-// Nothing to say is no tool tip.
+// Without a text there is no tool tip.
 void TestCellLooks::tellsOfEveryCode()
 {
     QFETCH(int, tab);

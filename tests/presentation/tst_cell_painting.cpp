@@ -1,5 +1,5 @@
-// What the delegate makes of a cell: its text, its height, its mark and its colours; and that none
-// of it asks the lexer.
+// How the delegate paints a cell: its text, height, mark and colours; and that it does not use the
+// lexer.
 
 #include <antlr3.h>
 
@@ -22,8 +22,7 @@ struct KeywordName {
     const char* shown;
 };
 
-// In the order in which a text is looked up, on which the beginning of a keyword depends.
-// clang-format off
+// In the order in which a text is looked up, which decides the name of the beginning of a keyword.
 constexpr std::array<KeywordName, 37> KEYWORD_NAMES{{
     {"@SCRIBON", "Scribon"},
     {"@TEST_ID", "Test Id"},
@@ -65,7 +64,7 @@ constexpr std::array<KeywordName, 37> KEYWORD_NAMES{{
 }};
 // clang-format on
 
-// Of colours that no cell is given, each group and role with its own.
+// A palette with a different colour for each group and role, none of which a cell is painted in.
 QPalette unchangedPalette()
 {
     QPalette palette;
@@ -86,7 +85,7 @@ QString firstNameFor(const QString& beginning)
     return {};
 }
 
-// Keeps what the base class hands on to be drawn.
+// Records the options that are passed to the style.
 class WitnessStyle : public QProxyStyle {
 public:
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -316,7 +315,7 @@ void TestCellPainting::marksWrongCells_data()
     }
 }
 
-// The value opens no chooser, so that no arrow takes the mark's place.
+// The value has no dialog or combo box, so no arrow is painted in place of the mark.
 void TestCellPainting::marksWrongCells()
 {
     QFETCH(QVariant, code);
@@ -343,7 +342,7 @@ void TestCellPainting::marksWrongCells()
     }
 }
 
-// Where the mark begins; the width of the cell when there is none.
+// The left edge of the mark; the width of the cell if there is none.
 int TestCellPainting::leftOfMark(const QModelIndex& index) const
 {
     QImage image(CELL_WIDTH, 40, QImage::Format_RGB32);

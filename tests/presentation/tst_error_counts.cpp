@@ -1,4 +1,4 @@
-// The counts in the status bar, of the tab in front and of the file.
+// The error counters in the status bar, of the current tab and of the file.
 
 #include <QLabel>
 #include <QSpinBox>
@@ -129,7 +129,7 @@ void TestErrorCounts::keepsItsNumbersAfterAFailedLoad()
     QCOMPARE(label(), QStringLiteral("Keyword Errors:"));
 }
 
-// No cell says anything then, yet the first pass is part of the load.
+// The cells have no data then, but the first validation is part of the load.
 void TestErrorCounts::countsWhileAFileIsLoading()
 {
     LoadingFile = 1;
@@ -148,7 +148,7 @@ void TestErrorCounts::stopsAt999()
     QCOMPARE(allErrors(), 999);
 }
 
-// A code that was written in between is put right by the next tick, on the tab in front only.
+// A code that was set in between is corrected by the next timer event, on the current tab only.
 void TestErrorCounts::judgesTheTabInFrontWhileItHasErrors()
 {
     loadGoodFile(specWithErrors());

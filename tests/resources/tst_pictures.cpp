@@ -1,4 +1,4 @@
-// Every picture of the program: in the resource tree, and those that are installed beside it.
+// The pictures of the program: those in the Qt resources and the installed ones.
 
 #include <QDirIterator>
 #include <QFileInfo>
@@ -62,7 +62,7 @@ QString sourceOf(const QString& dir, const char* file)
     return QStringLiteral("%1/svg/%2.svg").arg(dir, QFileInfo(QLatin1String(file)).baseName());
 }
 
-// A row for each picture: where the program finds it, what it was drawn from, and its size.
+// A test row for each picture: its path in the program, its SVG source and its size.
 void addPictureRows()
 {
     QTest::addColumn<QString>("file");
@@ -97,7 +97,7 @@ QStringList namesOf(const std::array<Picture, Count>& pictures, const QString& d
     return names;
 }
 
-// The drawing's own width and height; invalid when the file is no drawing.
+// The width and height in the SVG file; invalid if it is not an SVG file.
 QSize drawnSize(const QString& svg)
 {
     QFile file(svg);
@@ -126,7 +126,8 @@ QByteArray premultipliedBytes(const QImage& image)
             static_cast<int>(plain.sizeInBytes())};
 }
 
-// Of two pictures of one size, over all pixels and colours; 255 when the sizes differ.
+// The maximum difference between two pictures of the same size, over all pixels and colours; 255 if
+// the sizes differ.
 int greatestDifference(const QImage& one, const QImage& other)
 {
     const QByteArray left = premultipliedBytes(one);
@@ -140,7 +141,7 @@ int greatestDifference(const QImage& one, const QImage& other)
     return greatest;
 }
 
-// Of 100: how much of the picture is not see-through.
+// The percentage of the picture that is not transparent.
 int coverage(const QImage& image)
 {
     int visible = 0;
@@ -186,7 +187,7 @@ void tst_Pictures::isThereInItsSize()
     QVERIFY(coverage(image) < 100);
 }
 
-// Renderers differ in how they smooth edges, so a little difference is none.
+// Small differences are allowed, since renderers smooth edges differently.
 void tst_Pictures::isDrawnFromItsSource()
 {
     QFETCH(QString, file);
@@ -215,7 +216,7 @@ void tst_Pictures::drawingsHaveAPictureEach()
     QCOMPARE(filesBelow(ICONS_DIR, pattern).size(), static_cast<int>(BESIDE_PROGRAM.size()));
 }
 
-// A state of a box or button that looks like another tells the user nothing.
+// Each state of a check box or radio button must look different.
 void tst_Pictures::noTwoAreTheSame()
 {
     QSet<QByteArray> pictures;
@@ -243,7 +244,7 @@ void tst_Pictures::arrowAnswersToBothSpellings()
     QCOMPARE(QIcon(name).pixmap(16).size(), arrow.size());
 }
 
-// The form names them relative to the working directory.
+// The form has their paths relative to the working directory.
 void tst_Pictures::formFindsIconsFromTheSpecsFolder()
 {
     QCOMPARE(QDir::currentPath(), QStringLiteral("/specs"));

@@ -1,4 +1,4 @@
-// The style sheet and the sample text in the resource tree.
+// The style sheet and the sample text in the Qt resources.
 
 #include <QApplication>
 #include <QFile>
@@ -15,7 +15,7 @@
 
 namespace {
 
-// The sheet's rules in their order, without white space.
+// A rule of the style sheet, without white space.
 struct Rule {
     const char* title;
     const char* text;
@@ -77,7 +77,7 @@ QString withoutSpace(QString text)
     return text.remove(QRegularExpression(QStringLiteral("\\s")));
 }
 
-// What the toolkit complains about while one of these lives.
+// Collects Qt's warnings while it lives.
 class Complaints {
 public:
     Complaints()
@@ -101,7 +101,7 @@ private:
     QtMessageHandler m_before = nullptr;
 };
 
-// What the toolkit says of a sheet once there are widgets to use it on.
+// Qt's warnings about a style sheet when widgets use it.
 QStringList complaintsAbout(const QString& text)
 {
     const Complaints complaints;
@@ -203,7 +203,7 @@ void tst_Resources::headersAndStatusBarAreCyan()
     QTreeView view;
     view.setModel(&model);
     view.resize(200, 100);
-    view.grab();  // lays the header out
+    view.grab();  // lays out the header
     QCOMPARE(colourAt(view.header(), {3, 3}), cyan);
     QStatusBar bar;
     bar.setSizeGripEnabled(false);
@@ -225,7 +225,8 @@ void tst_Resources::everyOtherRowIsTinted()
     QCOMPARE(colourAt(view.viewport(), second.center()), QColor(QStringLiteral("#b9f8ff")));
 }
 
-// It turns to the corner of the window that it lies in; the picture is made for the lower right.
+// The size grip is drawn for the window corner that it is in; the picture is for the lower right
+// one.
 void tst_Resources::sizeGripIsDrawn()
 {
     qApp->setStyleSheet(sheet());

@@ -1,5 +1,5 @@
-// What becomes of unsaved work, of copies of it and of the file on disk, and what the window's
-// status bar says of them.
+// DocumentGuard: unsaved changes, their recovery copies, changes of the file on disk, and the
+// notices in the status bar.
 
 #include <QDir>
 #include <QFileInfo>
@@ -93,7 +93,7 @@ void tst_DocumentGuard::editName()
     edit(0, 0, 1, NEW_NAME);
 }
 
-// The copy at once, as before the end of the process.
+// Writes the copy at once, as before the process ends.
 void tst_DocumentGuard::editAndCopy()
 {
     editName();
@@ -108,7 +108,7 @@ QString tst_DocumentGuard::notice() const
     return label->isHidden() ? QString() : label->text();
 }
 
-// What Save writes of the document.
+// The bytes that Save would write.
 QByteArray tst_DocumentGuard::savedText()
 {
     m_window->save();
@@ -196,7 +196,7 @@ void tst_DocumentGuard::copyStaysWhenClosingIsCancelled()
     QVERIFY(QFileInfo::exists(COPY));
 }
 
-// Discard is only the permission: the document is still open after a cancelled file dialog.
+// After Discard, the document is still open if the file dialog is cancelled.
 void tst_DocumentGuard::copyStaysUntilAnotherDocumentIsOpen()
 {
     QVERIFY(writeFile(ELSEWHERE, goodSpec()));
@@ -320,7 +320,7 @@ void tst_DocumentGuard::fullDiskAndNoHomeAreTold()
     QVERIFY(told.last().startsWith(QStringLiteral("No copy of unsaved work can be kept in ")));
 }
 
-// Save has cleared the flags, so nothing is asked.
+// Save has cleared the modified flags, so there is no question.
 void tst_DocumentGuard::closingAfterAFullDiskLeavesTheCopy()
 {
     loadGoodFile(largeSpec(5000));
@@ -397,7 +397,7 @@ void tst_DocumentGuard::goneFileIsTold()
     QVERIFY(notice().isEmpty());
 }
 
-// Without the event loop, in which the file system's own events come in.
+// Without the event loop, so that no event of QFileSystemWatcher is delivered.
 void tst_DocumentGuard::activationLooksAtTheFile()
 {
     loadGoodFile();

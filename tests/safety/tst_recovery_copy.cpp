@@ -1,5 +1,5 @@
-// Copies of unsaved documents on the disk: where they are, who may read them, and which of them are
-// told at a later start.
+// RecoveryCopy: where copies are, their permissions, and which of them are reported at a later
+// start.
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -45,7 +45,7 @@ QStringList abandonedPaths()
     return paths;
 }
 
-// A copy of a process that ended without removing it.
+// Makes a copy of a process that ended without removing it.
 QString abandon(const QString& document)
 {
     RecoveryCopy copy;
@@ -174,7 +174,7 @@ void tst_RecoveryCopy::factsTellWhatItBelongsTo()
     QVERIFY(qAbs(time.secsTo(QDateTime::currentDateTime())) < 60);
 }
 
-// A reader of the old one keeps all of it, and nothing else is left in the folder.
+// A process that reads the old copy can read all of it, and no other file is left in the folder.
 void tst_RecoveryCopy::newTextReplacesTheOld()
 {
     RecoveryCopy copy;
@@ -315,7 +315,7 @@ void tst_RecoveryCopy::whereLocksCannotTell_data()
     QTest::newRow("no number") << here << 0 << false;
 }
 
-// A file system without locks, or a lock file that is gone.
+// The file system has no locks, or the lock file was removed.
 void tst_RecoveryCopy::whereLocksCannotTell()
 {
     QFETCH(QString, host);

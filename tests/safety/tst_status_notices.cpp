@@ -1,4 +1,4 @@
-// Standing notices among the other messages of a status bar.
+// StatusNotices: permanent notices and other messages in a status bar.
 
 #include <QLabel>
 #include <QMainWindow>
@@ -115,7 +115,7 @@ void tst_StatusNotices::takenAwayWhileItWaits()
     QVERIFY(notice().isEmpty());
 }
 
-// The bar grows in height, and not in width.
+// The status bar grows in height and not in width.
 void tst_StatusNotices::longNoticeIsWrapped()
 {
     QMainWindow window;

@@ -1,4 +1,4 @@
-// The file on disk against the bytes that the program knows of it.
+// WatchedFile: compares the file on disk with the bytes that the program knows.
 
 #include <QDir>
 #include <QSignalSpy>
@@ -125,7 +125,7 @@ void tst_WatchedFile::goneFileMayComeBack()
     QTRY_COMPARE(m_file.state(), State::AsKnown);
 }
 
-// For shares that send no events: the answer is there without the event loop.
+// For network file systems without change events: the result is there without the event loop.
 void tst_WatchedFile::looksWhenAsked()
 {
     QVERIFY(writeFile(NAME, OTHER));

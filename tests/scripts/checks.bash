@@ -1,13 +1,13 @@
 # shellcheck shell=bash
 # To be sourced: checks with a sentence each, and a closing line with their count.
 
-# What CTest takes for a test that could not be made.
+# The exit status that CTest takes as a skipped test.
 skipped=77
 
 passed=0
 failed=0
 
-# check SENTENCE COMMAND...: COMMAND succeeds.
+# check SENTENCE COMMAND...: passes if COMMAND succeeds.
 check() {
     local sentence="$1"
     shift

@@ -1,13 +1,13 @@
 # shellcheck shell=bash
 # To be sourced beside checks.bash: what a program or shared library may not lack, read from the file.
 
-# search_path FILE: the directories that the file has its libraries looked for in, one a line; an
-# empty line is the directory that the program is started in.
+# search_path FILE: prints the RPATH and RUNPATH entries of the file, one per line. An empty line is
+# the directory in which the program is started.
 search_path() {
     readelf -dW "$1" | sed -n -E 's/.*\((RPATH|RUNPATH)\).*\[(.*)\]$/\2:/p' | tr : '\n' | head -n -1
 }
 
-# Absolute, or beside the file itself.
+# An entry must be absolute or relative to the file itself.
 has_safe_search_path() {
     # shellcheck disable=SC2016 # the linker's name, not a variable
     ! search_path "$1" | grep -qvE '^(/|\$ORIGIN(/|$))'
@@ -19,7 +19,7 @@ is_position_independent() {
     [[ "$file" =~ Type:\ +DYN ]] && { [[ "$1" == *.so* ]] || [[ "$file" == *PIE* ]]; }
 }
 
-# What the linker has filled in is read-only before the program runs.
+# Relocations are read-only before the program runs (full RELRO).
 has_fixed_addresses() {
     [[ "$(readelf -lW "$1")" == *GNU_RELRO* && "$(readelf -dW "$1")" =~ BIND_NOW|FLAGS_1.*NOW ]]
 }
@@ -28,7 +28,7 @@ has_no_executable_stack() {
     readelf -lW "$1" | grep -qE 'GNU_STACK.* RW +0x'
 }
 
-# entry_of FILE: a function of ours in it, which others call by its address.
+# entry_of FILE: prints one of our functions in it that is called by its address.
 entry_of() {
     if [[ "$1" == *.so* ]]; then
         nm -D --defined-only "$1" | awk '$2 == "T" { print $3; exit }'
@@ -37,8 +37,8 @@ entry_of() {
     fi
 }
 
-# The linker marks a file as protected only where everything in it is, which the C library's start-up
-# code is not everywhere, so the code has to tell.
+# Checks the machine code: the linker marks a file as protected only if all of its objects are,
+# which the C library's start-up code is not everywhere.
 has_marked_jump_targets() {
     [[ "$(uname -m)" != x86_64 ]] ||
         [[ "$(objdump -d --no-show-raw-insn --disassemble="$(entry_of "$1")" "$1")" =~ \>:$'\n'[^$'\n']*endbr64 ]]

@@ -1,4 +1,4 @@
-// Loses 77 bytes, for the leak checker to find.
+// Leaks 77 bytes, for the test of LeakSanitizer.
 
 #include <cstdlib>
 

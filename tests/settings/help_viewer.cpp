@@ -12,7 +12,8 @@ namespace {
 
 const auto RECORDS = QStringLiteral("/tmp/viewer/");
 
-// Standard input of a command in the background is empty unless it is given one.
+// The shell redirects standard input of a background command from /dev/null unless it is given
+// explicitly.
 constexpr auto SCRIPT = R"(#!/bin/bash
 mkdir -p /tmp/viewer
 printf '%s\n' "$@" >>/tmp/viewer/arguments
@@ -31,7 +32,7 @@ while true; do
 done
 )";
 
-// Empty as long as there is none of the name.
+// Empty if there is no record of the name.
 QByteArray record(const QString& name)
 {
     const QString path = RECORDS + name;

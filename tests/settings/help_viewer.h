@@ -1,5 +1,5 @@
-// The help collection and a stand-in for the viewer that shows it: a script that records how it was
-// started and what it was told.
+// Installs a help collection and, in place of the viewer, a script that records its arguments and
+// its input.
 #pragma once
 
 #include <QByteArray>
@@ -10,34 +10,34 @@ QString helpCollection();
 bool installHelpCollection();
 void removeHelpCollection();
 
-// What the viewer is to be told for one request, to the letter.
+// The exact commands that the viewer must get for one request.
 QByteArray helpCommands();
 
 enum class Obedience { EndsWhenTold, EndsOnlyWhenKilled };
 
 class HelpViewer {
 public:
-    // A viewer is bin/assistant in the directory. It writes to its output when its input ends, and
-    // stays.
+    // Installs bin/assistant in the directory. It writes to its output when its input ends, and
+    // keeps running.
     static bool install(const QString& directory, Obedience obedience = Obedience::EndsWhenTold);
 
-    // Kills those that are still there.
+    // Kills the viewers that still run.
     ~HelpViewer();
 
-    // Of all viewers since the places were emptied, in the order of their starts.
+    // The process IDs of all viewers since the directories were emptied, in the order of their
+    // starts.
     static QVector<qint64> processes();
-    static QByteArray arguments();  // one a line
+    static QByteArray arguments();  // one per line
     static QByteArray input();
-    static QString directory();  // of the last one that was started
+    static QString directory();  // directory of the last viewer that was started
     static bool wasTerminated();
     static bool outlivedItsInput();
 
-    // Whether there is a process of this number, also as one that has ended and is not yet waited
-    // for.
+    // Whether the process exists, also as a zombie.
     static bool isThere(qint64 process);
     static void close(qint64 process);
 };
 
-// Sets the environment's variables that name QT5DIR, and no others of that kind. An entry is
-// "NAME=value"; their order becomes the environment's.
+// Sets the environment variables that contain QT5DIR, and removes all others that do. An entry is
+// "NAME=value"; the environment has them in this order.
 void setViewerVariables(const QVector<QByteArray>& entries);

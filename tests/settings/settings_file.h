@@ -1,4 +1,4 @@
-// The settings file that all users of the machine share.
+// The settings file in /specs/qt, which all users of the machine share.
 #pragma once
 
 #include <QByteArray>
@@ -8,11 +8,11 @@
 
 QString settingsPath();
 
-// Puts a file of these lines, without a group, in its place.
+// Writes a settings file with these lines, without a group. False if that fails.
 bool writeSettingsLines(const QByteArray& lines);
 
-// Its keys in alphabetical order, those in groups with the group's name and a slash before.
+// All keys in alphabetical order; keys in groups as "group/key".
 QStringList storedKeys();
 
-// The value as the toolkit reads it; invalid when there is none.
+// The value as QSettings reads it; invalid if there is none.
 QVariant stored(const QString& key);

@@ -1,4 +1,4 @@
-// The Help menu of the window: the platform's version, the About boxes, and the ways to help.
+// The Help menu: the platform's version, the About boxes and the help.
 
 #include <QTranslator>
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-// Restores what the platform calls its version.
+// Replaces the platform's version text while it lives.
 class OtherVersion {
 public:
     explicit OtherVersion(const char* text) { MARVANE_VER = text; }
@@ -20,7 +20,7 @@ private:
     const char* const m_own = MARVANE_VER;
 };
 
-// Knows the texts of the About box.
+// A translation of the About box.
 class Translation : public QTranslator {
 public:
     Translation() { QCoreApplication::installTranslator(this); }

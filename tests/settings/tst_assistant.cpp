@@ -1,4 +1,4 @@
-// The help viewer: when it is started, from where, and what it is told.
+// Assistant: when the viewer is started, from where, and the commands that it gets.
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -81,8 +81,7 @@ void tst_Assistant::cleanup()
     m_dialogs.reset();
 }
 
-// The number of the viewer's process, once it has read all that it is told; 0 when it does not come
-// up.
+// The process ID of the viewer after it has read its commands; 0 if it does not start.
 qint64 tst_Assistant::openViewer()
 {
     m_assistant->showDocumentation();
@@ -134,7 +133,7 @@ void tst_Assistant::viewerIsToldWhatToShow()
     QTRY_COMPARE(HelpViewer::input(), helpCommands());
 }
 
-// Where a viewer would be found is then of no interest.
+// The viewer is not searched again then.
 void tst_Assistant::secondRequestGoesToTheSameViewer()
 {
     QVERIFY(openViewer() != 0);

@@ -1,5 +1,5 @@
-// Help and the About box in the real program: what ends it, what outlives it, and what it does
-// beside a platform that does not tell its version.
+// Help and the About box in the real program: without QT5DIR, after the program's end, and with a
+// platform without a version text.
 
 #include <QMessageBox>
 #include <QTest>

@@ -1,4 +1,4 @@
-// The dialog of the preferences, by itself and as the window uses it.
+// Preferences: the dialog alone, and as the window uses it.
 
 #include <QApplication>
 #include <QColorDialog>
@@ -48,13 +48,13 @@ void setSize(const QDialog* dialog, int size)
     part<QSpinBox>(dialog, "editorFontSize")->setValue(size);
 }
 
-// The dialog of colours comes with the press already.
+// The colour dialog opens when the button is pressed, not when it is released.
 void pressColorButton(const QDialog* dialog)
 {
     QTest::mousePress(part<QPushButton>(dialog, "syntaxErrorColorButton"), Qt::LeftButton);
 }
 
-// The parts of a layout in their order, with those of a layout in it behind its name.
+// The names of the items of a layout in their order; those of a nested layout follow its name.
 QStringList partsOf(QLayout* layout)
 {
     QStringList names{layout->objectName()};
@@ -68,7 +68,7 @@ QStringList partsOf(QLayout* layout)
     return names;
 }
 
-// The place of a part in the dialog.
+// The rectangle of a child widget in the dialog.
 QRect placeOf(const QWidget* dialog, const char* name)
 {
     const auto* const found = part<QWidget>(dialog, name);
@@ -91,7 +91,7 @@ void chooseIn(QDialog* dialog, const QColor& color)
     dialog->accept();
 }
 
-// The background that a palette gives, and the text on it.
+// The background and text colours of a palette.
 QVector<QColor> colorsOf(const QPalette& palette)
 {
     return {palette.color(QPalette::Window), palette.color(QPalette::WindowText)};
@@ -110,7 +110,7 @@ preference_results somePreferences()
     return prefs;
 }
 
-// Counts how often a widget paints itself.
+// Counts the paint events of a widget.
 class PaintCounter : public QObject {
 public:
     explicit PaintCounter(QWidget* widget) { widget->installEventFilter(this); }
@@ -171,7 +171,7 @@ private:
     void whenAsked(const ModalDialogs::Answer& answer);
 };
 
-// Opens the dialog from the menu and gives the answer in it.
+// Opens the dialog from the menu and answers it.
 void tst_Preferences::whenAsked(const ModalDialogs::Answer& answer)
 {
     m_dialogs->answer(answer);
@@ -267,7 +267,7 @@ void tst_Preferences::nothingIsCutOff_data()
         << QStringLiteral("A Family With A Name That Is Very Much Too Long For The Dialog") << 12;
 }
 
-// The dialog has its own size of text, so that a large font of the application does not burst it.
+// The dialog has a fixed font size, so that a large application font fits.
 void tst_Preferences::nothingIsCutOff()
 {
     QFETCH(QString, family);
@@ -382,7 +382,7 @@ void tst_Preferences::unchangedFamilyStays_data()
     QTest::newRow("a family that the machine has not") << MISSING;
 }
 
-// The editor's font is the application's whenever the dialog opens.
+// The editor's font is the application font when the dialog opens.
 void tst_Preferences::unchangedFamilyStays()
 {
     QFETCH(QString, family);
@@ -543,8 +543,8 @@ void tst_Preferences::okWithoutAChangeKeepsAMissingFamily()
     QCOMPARE(m_window->editorFont().pointSize(), 12);
 }
 
-// The colour alone is news that no widget hears of. The window would paint itself anyway if it
-// became the active one.
+// A new colour alone sends no event to any widget. The window must not become active meanwhile,
+// since that would repaint it.
 void tst_Preferences::okMarksWrongCellsInTheNewColor()
 {
     loadGoodFile();

@@ -1,4 +1,4 @@
-// The settings file: what the window takes from it, and what it leaves there when it closes.
+// The settings file: what the window reads from it, and what it writes when it closes.
 
 #include <QApplication>
 #include <QFileInfo>
@@ -23,7 +23,7 @@ QStringList allKeys()
             QStringLiteral("syntaxfgcolor")};
 }
 
-// What the window has made of the key's value.
+// The window's value for the key.
 QVariant factOf(const MainWindow& window, const QString& key)
 {
     const preference_results& prefs = window.myPrefs;
@@ -171,7 +171,7 @@ void tst_Settings::storedValue_data()
     row("a size for the editor", "editorFontSize=19", 19);
 }
 
-// A key that is alone in the file leaves the others at their defaults.
+// If the file has only one key, the others have their defaults.
 void tst_Settings::storedValue()
 {
     QFETCH(QByteArray, line);
@@ -429,7 +429,7 @@ void tst_Settings::boldFrom_data()
     QTest::newRow("bold") << int(QFont::Bold) << true;
 }
 
-// The font tells, whatever the flags beside it say.
+// The font's weight decides, not the stored flags.
 void tst_Settings::boldFrom()
 {
     QFETCH(int, weight);
@@ -474,7 +474,8 @@ void tst_Settings::sizesComeFromTheFonts()
     QCOMPARE(stored(QStringLiteral("editorFontSize")).toInt(), 17);
 }
 
-// A font made from a family alone has the application's size, and that goes back to the file.
+// A font made from a family name has the application font's size, which is then written to the
+// file.
 void tst_Settings::syntaxFontSizeOfAStoredFamily()
 {
     QFont font = m_applicationFont;

@@ -1,5 +1,5 @@
-// The settings file beside the real program: when it is read and when it is written, and what
-// stands in its place and is no file.
+// The settings file of the real program: when it is read and written, and what happens if it is not
+// a regular file.
 
 #include <QColor>
 #include <QFile>
@@ -28,7 +28,7 @@ bool writeSomeSettings()
         "editorFontSize=15\n");
 }
 
-// Nothing when there are none.
+// The bytes of the settings file; empty if there is none.
 QByteArray settings()
 {
     return QFile::exists(settingsPath()) ? readFile(settingsPath()) : QByteArray();
@@ -91,7 +91,7 @@ bool tst_SettingsProcess::closes()
     return m_editor->waitForEnd() && m_editor->endedHow() == QProcess::NormalExit;
 }
 
-// The file goes before the window does, so that what is there afterwards is how the window was.
+// The file is removed before the window closes, so that the new one has only what the window wrote.
 void tst_SettingsProcess::compareWithWhatIsLeft()
 {
     QVERIFY(QFile::remove(settingsPath()));
@@ -111,7 +111,7 @@ void tst_SettingsProcess::windowIsAsItWasLeft()
     compareWithWhatIsLeft();
 }
 
-// While the box says that the file cannot be read, the settings have not been.
+// The settings are read after the message box about the unreadable file.
 void tst_SettingsProcess::fileOfTheCommandLineComesFirst()
 {
     QVERIFY(m_editor->start({QStringLiteral("none")}));
@@ -133,7 +133,7 @@ void tst_SettingsProcess::pipeIsNotRead_data()
     QTest::newRow("for the lock") << settingsPath() + QStringLiteral(".lock");
 }
 
-// Opening one would wait for its other end.
+// Opening a FIFO would block.
 void tst_SettingsProcess::pipeIsNotRead()
 {
     QFETCH(QString, path);

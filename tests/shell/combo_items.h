@@ -1,4 +1,4 @@
-// What a combo box offers.
+// The items of a combo box.
 #pragma once
 
 #include <QComboBox>
@@ -12,7 +12,7 @@ inline QStringList itemsOf(const QComboBox* comboBox)
     return items;
 }
 
-// A list as it is told in a source file, with blanks between the items.
+// Splits a string literal at blanks.
 inline QStringList words(const char* text)
 {
     return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);

@@ -1,4 +1,4 @@
-// The real program as a process, with the probe in it.
+// The real program as a process, with the probe plugin.
 #pragma once
 
 #include <QJsonObject>
@@ -13,32 +13,32 @@ public:
     // Kills the program if it still runs.
     ~EditorProcess();
 
-    // Sets a variable of the environment that the program is started in.
+    // Sets an environment variable of the program; call it before start().
     void setVariable(const QString& name, const QString& value);
-    // Has a library loaded before the program's own.
+    // Preloads a library into the program; call it before start().
     void preload(const QString& library);
-    // Has the calls told that the witness sees.
+    // Preloads the witness library, which prints calls on standard error.
     void watchCalls();
 
     bool start(const QStringList& arguments = {});
 
-    // What the probe answers; undefined when the program ends instead.
+    // The probe's answer; undefined if the program ends instead.
     QJsonValue ask(const QString& request);
 
-    // Asks until there is a window that is visible and has the title, and gives its facts; an empty
-    // object when that takes too long.
+    // Waits for a visible window with this title and returns its properties; an empty object on
+    // timeout.
     QJsonObject window(const QString& title);
     // The titles of all windows, sorted.
     QStringList titles();
 
-    // Sends the signal and waits for the end.
+    // Sends the signal and waits for the end of the program.
     bool endBy(int signal);
-    // Waits for the end by itself.
+    // Waits for the end of the program.
     bool waitForEnd();
     QProcess::ExitStatus endedHow() const;
     int status() const;
 
-    // What the program has written, up to now.
+    // The lines that the program has written to standard error so far.
     QStringList complaints();
 
 private:

@@ -1,4 +1,4 @@
-// The help of each keyword as its user reads it.
+// The help text of each keyword.
 #pragma once
 
 #include <array>

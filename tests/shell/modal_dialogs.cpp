@@ -10,7 +10,7 @@ namespace {
 
 constexpr int LOOKING_MS = 2;
 
-// A name that the dialog does not take leaves it open or its button off: then the user gives up.
+// If the dialog does not accept the name, it is cancelled.
 void typeAndAccept(QDialog* dialog, const QString& path)
 {
     auto* const name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
@@ -64,8 +64,8 @@ void ModalDialogs::answer(const Answer& answer)
     m_answers.enqueue(answer);
 }
 
-// A timer of its own each time: an answer may open the next dialog and not return before that one
-// is answered too.
+// Starts a new timer each time: an answer may open another dialog and return only after that one is
+// closed.
 void ModalDialogs::lookAgain()
 {
     QTimer::singleShot(LOOKING_MS, this, &ModalDialogs::look);

@@ -1,5 +1,5 @@
-// Answers the modal dialogs in which the code under test waits, and remembers what they said. One
-// that nobody expected is cancelled, so that a test fails on what it has seen and does not hang.
+// Answers modal dialogs that the tested code opens, and records their texts. An unexpected dialog
+// is cancelled, so that the test fails instead of hanging.
 #pragma once
 
 #include <QFileDialog>
@@ -35,11 +35,11 @@ public:
 
     ModalDialogs();
 
-    // The answers are given in the order of these calls.
+    // Answers are used in the order of these calls.
     void answerBox(QMessageBox::StandardButton button);
     void chooseFile(const QString& path);
     void cancel();
-    // The answer has to close the dialog.
+    // The answer must close the dialog.
     void answer(const Answer& answer);
 
     QVector<SeenBox> boxes;

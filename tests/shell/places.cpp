@@ -17,8 +17,8 @@ bool areOnOneFileSystem(const QString& one, const QString& other)
            first.st_dev == second.st_dev;
 }
 
-// Links are removed and not followed. A directory on another file system is one that was given to
-// the test, such as the source tree; it stays, and so does the way to it.
+// Symbolic links are removed, not followed. Directories on another file system are kept, since they
+// were mounted for the test, as the source tree; and so are their parents.
 void emptyDirectory(const QString& path, const QStringList& kept = {})
 {
     const auto entries = QDir(path).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System |
@@ -69,7 +69,7 @@ bool inFakeRoot()
 
 void emptyPlaces()
 {
-    // Where the display's sockets and the session's files are.
+    // The sockets of the display and the files of the session.
     const QStringList kept{QStringLiteral(".X11-unix"), QStringLiteral("runtime"),
                            QStringLiteral("home")};
     for (const char* const place : {"/specs", "/tmp", "/tmp/home", "/small-disk"})

@@ -1,31 +1,30 @@
-// The fixed places that the program reads and writes, and files in them. Tests may only touch them
-// in a private namespace.
+// The fixed directories that the program reads and writes, and functions that write files there. To
+// be used in a private namespace only.
 #pragma once
 
 #include <QByteArray>
 #include <QString>
 
-// Whether /specs and /tmp are this test's own.
+// Whether /specs and /tmp are private to this test.
 bool inPrivateNamespace();
 
-// Whether the places are private because fakechroot says so, on a machine that allows no
-// namespaces.
+// Whether fakechroot makes them private, on a machine that allows no namespaces.
 bool inFakeRoot();
 
-// Empties /specs, /tmp, the home and the small disk, but for the session's files and what is
-// mounted there, which this test did not make.
+// Empties /specs, /tmp, the home and the small disk, except for the session's files and mounted
+// directories.
 void emptyPlaces();
 
-// Creates or replaces the file, and the directories that it lies in; false when that failed.
+// Creates or replaces the file, and creates its directories. False if that fails.
 bool writeFile(const QString& path, const QByteArray& bytes);
 QByteArray readFile(const QString& path);
 bool makePipe(const QString& path);
 
-// A spec file with all required keywords and an entry in each list.
+// A valid spec file with all required keywords and an entry in each list.
 QByteArray goodSpec();
 
 // The same with this many entries in its scan list.
 QByteArray largeSpec(int entries);
 
-// Text that is parsed, but no spec file.
+// A text that can be parsed, but is not a spec file.
 QByteArray badSpec();

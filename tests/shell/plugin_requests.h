@@ -1,5 +1,5 @@
-// What the plugins that look into the real program share: they answer a request a line on standard
-// input by a line of JSON on standard output, also while the program waits in a menu or a box.
+// Base class of the Qt plugins that inspect the real program: they answer each line of standard
+// input by a line of JSON on standard output, even while a menu or message box is open.
 #pragma once
 
 #include <unistd.h>

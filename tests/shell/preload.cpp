@@ -12,7 +12,8 @@ void prepend(QProcessEnvironment* environment, const QString& variable, const QS
 
 }  // namespace
 
-// By name and search path: LD_PRELOAD is split at blanks too, and the build's path may have some.
+// Adds the file name, and the directory to LD_LIBRARY_PATH: LD_PRELOAD is split at blanks, too,
+// which the build's path may have.
 void addPreloaded(QProcessEnvironment* environment, const QString& library)
 {
     const QFileInfo file(library);

@@ -1,9 +1,8 @@
-// Libraries of the tests that are loaded into another program before its own.
+// Preloading of the tests' libraries into other programs.
 #pragma once
 
 #include <QProcessEnvironment>
 #include <QString>
 
-// Has a program that is started in this environment load the library first, in front of those that
-// are preloaded already.
+// Adds the library to LD_PRELOAD, in front of those that are there already.
 void addPreloaded(QProcessEnvironment* environment, const QString& library);

@@ -1,4 +1,4 @@
-// What a message of the toolkit becomes on standard error.
+// The output of the Qt message handler on standard error.
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -17,7 +17,7 @@ struct Outcome {
     int status;
 };
 
-// Sends the message in a process of its own, since it may end there.
+// Sends the message in a separate process, since that may end.
 Outcome send(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
     QTemporaryFile output;

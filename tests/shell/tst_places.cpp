@@ -1,4 +1,4 @@
-// What the tests do to the fixed places before they begin.
+// emptyPlaces(), which the tests call before they begin.
 
 #include <sys/stat.h>
 #include <unistd.h>

@@ -1,5 +1,5 @@
-// The real program as a process: how it starts with the platform and without it, what it takes from
-// its command line, and how it ends.
+// The real program as a process: its start with and without the platform, its command line, and its
+// end.
 
 #include <QDir>
 #include <QJsonArray>
@@ -27,7 +27,7 @@ QString title(const QString& document)
     return PROGRAM_TITLE + document;
 }
 
-// The program's own messages, without what its libraries print.
+// The lines of the program itself, without those of its libraries.
 QStringList only(const char* prefix, const QStringList& lines)
 {
     return lines.filter(QRegExp(QLatin1Char('^') + QLatin1String(prefix)));
@@ -186,7 +186,7 @@ void tst_Startup::applicationIsSetUp()
     QVERIFY(state[QLatin1String("stylePropagation")].toBool());
 }
 
-// A linker drops the resources of a static library unless they are asked for.
+// Resources of a static library are dropped by the linker unless Q_INIT_RESOURCE is used.
 void tst_Startup::resourcesOpen()
 {
     QVERIFY(m_editor->start());
@@ -278,7 +278,7 @@ void tst_Startup::withoutThePlatformNothingIsRead()
     QCOMPARE(m_editor->status(), 1);
 }
 
-// Which nobody writes to, so that whoever waits for it waits for good.
+// No process writes to the FIFO: opening it would block for ever.
 void tst_Startup::pipeInPlaceOfThePlatform()
 {
     QVERIFY(m_desk->terminate());
@@ -293,7 +293,7 @@ void tst_Startup::pipeInPlaceOfThePlatform()
     QCOMPARE(m_editor->status(), 1);
 }
 
-// Without the probe, as the user sees it.
+// Without the probe plugin, on a virtual display.
 void tst_Startup::withoutThePlatformOnADisplay()
 {
     QVERIFY(m_desk->terminate());

@@ -1,5 +1,5 @@
-// Files that are no spec files, and places that are no files: each gets a box or a title, and none
-// makes the window hang or fall.
+// Files that are not spec files, and paths that are not regular files: each gives a message box or
+// a title, and none hangs or crashes the window.
 
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -119,7 +119,7 @@ void tst_WindowBadInput::unreadable()
     QVERIFY(m_window->save());
 }
 
-// The dialog itself may refuse some of these: then the document stays as well.
+// The file dialog may refuse some of these; the document is kept then, too.
 void tst_WindowBadInput::unreadableByOpen()
 {
     QFETCH(QString, kind);

@@ -23,7 +23,7 @@ QByteArray newFileText()
            "@SCAN_LIST\ndummy_var dummy_chan\n\n";
 }
 
-// What the toolkit calls a dialog for saving that nobody gave a name.
+// Qt's title of a save dialog without a title of its own.
 QString saveDialogTitle()
 {
     QFileDialog dialog;
@@ -278,7 +278,7 @@ void tst_WindowDialogs::loadingFileIsSetWhileADialogsFileLoads()
     QCOMPARE(LoadingFile, 0);
 }
 
-// While the file loads the cells give no text, so the columns are fitted once more afterwards.
+// The cells have no data while the file is loading, so the columns are fitted again afterwards.
 void tst_WindowDialogs::columnsFitAfterALoadByDialog()
 {
     const QByteArray longName(120, 'x');

@@ -1,4 +1,4 @@
-// From a file name to five tabs, and what is left when that fails.
+// Loading files into the window, and the window after a failed load.
 
 #include <sys/stat.h>
 
@@ -48,7 +48,7 @@ QStringList headers(const QAbstractItemModel& model)
     return texts;
 }
 
-// What must not grow with the number of loads.
+// The number of objects that must not grow with each load.
 int objectsOf(const MainWindow& window)
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -326,7 +326,7 @@ void tst_WindowDocument::unreadableFileLeavesTheDocument()
     QVERIFY(actionOf(*m_window, "insertRowAction")->isEnabled());
 }
 
-// The title changes between the look at the file and the parse.
+// The title changes between reading and parsing the file.
 void tst_WindowDocument::fileVanishesBetweenTheTwoOpens()
 {
     loadGoodFile();
@@ -550,7 +550,7 @@ void tst_WindowDocument::twoFailedLoads()
     QVERIFY(!viewOf(*m_window, 0)->grab().isNull());
 }
 
-// The other constructor: no scratch file, no stacks, no help.
+// The constructor with a file name: no scratch file, undo stacks or help.
 void tst_WindowDocument::windowOnOneFile()
 {
     QVERIFY(writeFile(GOOD, goodSpec()));
@@ -566,7 +566,7 @@ void tst_WindowDocument::windowOnOneFile()
     QCOMPARE(entries.size(), 9);
     QVERIFY(entries.at(6)->isSeparator());
     QCOMPARE(entries.at(7)->text(), QStringLiteral("&Undo"));
-    // The actions are as the form made them until the selection changes.
+    // The actions are as in the form until the selection changes.
     QVERIFY(actionOf(window, "removeRowAction")->isEnabled());
     window.insertRow();
     window.removeRow();

@@ -1,4 +1,4 @@
-// The form, the menus, the tabs and the views as they stand before there is a document.
+// The form, the menus, the tabs and the views before a document is loaded.
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -107,7 +107,7 @@ void tst_WindowForm::actions()
         QVERIFY(action->icon().isNull());
 }
 
-// The members are declared one after the other, so their addresses tell the order.
+// The members are declared in this order, so their addresses increase.
 void tst_WindowForm::formHoldsItsPartsInOrder()
 {
     QMainWindow window;
@@ -352,7 +352,7 @@ void tst_WindowForm::preferencesStartEmpty()
     QCOMPARE(m_window->myPrefs.editorFontSize, 0);
 }
 
-// The order is the one in which the toolkit numbers them; slots that later come in between keep it.
+// The order of the meta-object's methods. Other slots may be in between.
 void tst_WindowForm::slotsInOrder()
 {
     const auto order =

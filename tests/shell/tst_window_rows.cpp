@@ -1,4 +1,4 @@
-// The actions on rows, what turns them on and off, and the tab as the place where they act.
+// The row actions: when they are enabled, and the tab that they change.
 
 #include <QMenu>
 #include <QSignalSpy>
@@ -145,7 +145,7 @@ void tst_WindowRows::insertRowMarksTheModel()
         QVERIFY(!modelOf(*m_window, tab)->isModified());
 }
 
-// The command is a step all the same, and does nothing.
+// The command is still a step, which does nothing.
 void tst_WindowRows::insertRowOnATabWithoutRows()
 {
     m_window->loadFile(QStringLiteral("/specs/new"), true);
@@ -270,7 +270,7 @@ void tst_WindowRows::refusalStaysInTheStatusBar()
     QVERIFY(!QTest::qWaitFor([this, refusal] { return newsOf(*m_window) != refusal; }, 2500));
 }
 
-// Insert Row fills the tab's columns, Remove Row keeps one column more than there is.
+// Insert Row fills the tab's columns; Remove Row saves one column more than there is.
 void tst_WindowRows::removedTextsOfTheMetaDataTab()
 {
     loadGoodFile();
@@ -329,7 +329,7 @@ void tst_WindowRows::rowActionsAreConnected()
     QCOMPARE(modelOf(*m_window, 0)->rowCount(), 9);
 }
 
-// Remove Row ends the editor that Insert Row opened, and leaving that one is a step, too.
+// Remove Row closes the editor that Insert Row opened, which adds a step, too.
 void tst_WindowRows::rowActionsByKey()
 {
     loadGoodFile();
@@ -405,7 +405,7 @@ void tst_WindowRows::withoutADocumentTheyAreOff()
     QCOMPARE(m_window->uStack()->count(), 0);
 }
 
-// The point comes from a view and is taken as one of the window, which displaces the menu.
+// The position is in view coordinates but mapped as the window's, so the menu is displaced.
 void tst_WindowRows::contextMenuOpensWhereItAlwaysDid_data()
 {
     QTest::addColumn<int>("tab");

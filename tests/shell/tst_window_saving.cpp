@@ -1,4 +1,4 @@
-// From the five tabs back to the disk, and the guard of unsaved work.
+// Saving the five tabs, and the question about unsaved changes.
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -183,7 +183,7 @@ void tst_WindowSaving::oneEncodingForAllTabs()
     QCOMPARE(rowTexts(*modelOf(*m_window, 0), 0).first(), QStringLiteral("#\u00d6ltemperatur"));
 }
 
-// The file is emptied and written again, so every other name of it sees the new text.
+// The file is truncated and written again, so hard links to it have the new text.
 void tst_WindowSaving::saveIsInPlace()
 {
     loadGoodFile();
@@ -401,7 +401,7 @@ void tst_WindowSaving::changeOnAnyTabCounts()
     QCOMPARE(m_dialogs->boxes.size(), 1);
 }
 
-// With nothing loaded there is nothing to guard, whatever the old models say.
+// Without a document there is no question, whatever the old models' flags are.
 void tst_WindowSaving::failedLoadDropsUnsavedWork()
 {
     loadGoodFile();

@@ -14,9 +14,9 @@ VirtualDisplay::~VirtualDisplay()
     m_server.waitForFinished(TIMEOUT_MS);
 }
 
-// The server chooses a free number and tells it when it is ready. It must not start over when its
-// last client goes, as the tools that look at it do again and again: a program that connects just
-// then would wait for ever.
+// The server chooses a free number and prints it when it is ready. -noreset: otherwise it resets
+// when its last client disconnects, as the tools do again and again, and a program that connects
+// meanwhile would hang.
 bool VirtualDisplay::start()
 {
     m_server.start(QStringLiteral("Xvfb"),

@@ -1,4 +1,4 @@
-// An X display of a test's own, without a window manager.
+// A virtual X display without a window manager.
 #pragma once
 
 #include <QProcess>
@@ -11,13 +11,13 @@ public:
 
     bool start();
 
-    // Its name for DISPLAY.
+    // The value for DISPLAY.
     QString name() const { return m_name; }
 
-    // The names of the visible windows that are on it.
+    // The titles of its visible windows.
     QStringList windows() const;
 
-    // Strikes a key in the window of the name, by the key's X name.
+    // Sends a key, given by its X name, to the window with this title.
     bool strike(const QString& window, const QString& key) const;
 
 private:

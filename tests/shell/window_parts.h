@@ -1,4 +1,4 @@
-// Finds the parts of the window by their object names, as the user sees them.
+// Finds widgets and actions of the window by their object names.
 #pragma once
 
 #include <QAction>
@@ -14,12 +14,12 @@ TreeModel* modelOf(const QWidget& window, int tab);
 QTabWidget* tabsOf(const QWidget& window);
 QAction* actionOf(const QWidget& window, const char* name);
 
-// What stands in the title behind the program's name and the colon.
+// The window title behind the program's name and the colon.
 QString titleOf(const QWidget& window);
 QString newsOf(const MainWindow& window);
 
 QStringList rowTexts(const QAbstractItemModel& model, int row);
 QStringList columnTexts(const QAbstractItemModel& model, int column);
 
-// Makes the cell the current and the selected one.
+// Makes the cell current and selects it.
 void goTo(QTreeView* view, int row, int column);

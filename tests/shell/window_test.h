@@ -1,6 +1,6 @@
-// What the tests of the window share: a running platform, without which the window's constructor
-// ends the program, empty places, and a fresh window with nobody else's document and font for each
-// test function.
+// Base class of the tests of the window. For each test function: a running platform, without which
+// the window's constructor ends the program; empty directories; and a new window with default
+// settings.
 #pragma once
 
 #include <QApplication>
@@ -19,10 +19,10 @@ protected:
     // Writes the text as /specs/good and loads it.
     void loadGoodFile(const QByteArray& text = goodSpec());
 
-    // Leaves a window over a loaded document, after a load that failed.
+    // Loads a document and then fails to load another.
     void failOverLoadedDocument();
 
-    // An edit as a delegate makes it.
+    // Edits a cell like the delegate.
     void edit(int tab, int row, int column, const QString& text);
 
     DeskProcess m_desk;

@@ -59,7 +59,7 @@ void addRow(const char* name, int tab, std::initializer_list<const char*> rows,
     QTest::newRow(name) << tab << lines(rows) << lines(codes) << errors;
 }
 
-// One keyword with one value, which passes or does not.
+// Adds a test row: a keyword with a value, which is valid or not.
 void addValue(const char* keyword, const char* value, bool good)
 {
     const QString row = QStringLiteral("%1 | %2 | FILLER_TXT")
@@ -119,7 +119,7 @@ void addKeywordValues()
     addValue("@FIFO_LOG_BUFFER", "maybe", true);
 }
 
-// A change as the user or a delegate makes one: a text, a row more, a row less, a code.
+// Makes a random change: sets a text or an error code, or inserts or removes a row.
 void changeAtRandom(QRandomGenerator* random, TreeModel* model, const QStringList& texts)
 {
     const int row = random->bounded(model->rowCount());
@@ -294,7 +294,7 @@ void TestTabValidation::givesCodes()
     judge(model.get());
     QCOMPARE(codesOf(*model), codes);
     QCOMPARE(model->getErrorCount(), errors);
-    // A pass over the same rows says the same.
+    // Another validation of the same rows gives the same result.
     judge(model.get());
     QCOMPARE(codesOf(*model), codes);
     QCOMPARE(model->getErrorCount(), errors);
@@ -332,7 +332,7 @@ void TestTabValidation::judgesOnlyWhenDirty()
     QCOMPARE(model->getErrorCount(), 1);
 }
 
-// A delegate writes codes while the user types; the next pass has the last word.
+// The delegate sets codes while the user types; the next validation overwrites them.
 void TestTabValidation::overwritesCodesWrittenInBetween()
 {
     const auto model = modelOfRows(EDIT_TAB4, lines({AUX, "<unset> | v | name"}));
@@ -426,8 +426,8 @@ void TestTabValidation::judgesAsAFreshModelWould_data()
         QTest::addRow("tab %d", tab - EDIT_TAB1 + 1) << tab;
 }
 
-// Passes build on what the last one found. A model made of the same rows and judged for the first
-// time must agree on every cell that it looks at, and on the count.
+// A validation uses the results of the one before. A new model of the same rows must have the same
+// codes and the same error count.
 void TestTabValidation::judgesAsAFreshModelWould()
 {
     QFETCH(int, tab);

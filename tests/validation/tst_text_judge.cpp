@@ -1,5 +1,5 @@
-// The judge answers many texts without asking the pattern or the lexer. Here both are asked, for
-// texts made up at random around the places where the answers turn.
+// TextJudge answers many texts without QRegExpValidator or the lexer. Compares its answers with
+// theirs, for random texts near the limits of the patterns.
 
 #include <QRandomGenerator>
 #include <QRegExp>
@@ -17,7 +17,7 @@ struct Alphabet {
     const char* pieces;  // separated by blanks; a blank itself is written as SP
 };
 
-// Pieces rather than characters, so that the interesting sequences come up often.
+// Made of pieces instead of characters, so that interesting sequences are frequent.
 constexpr std::array<Alphabet, 9> ALPHABETS{{
     {"words", "a Z _ 0 9 eng speed x1"},
     {"words with suffixes", "a _ 1 [ ] % ( ) - / . * ^ \\ ` { RPM ' = @ : ; < > ? +"},
@@ -173,7 +173,7 @@ void TestTextJudge::answersTheSameAgain()
     }
 }
 
-// A pattern alone would take seconds for it, at every tick of the window's timer.
+// The regular expression alone would take seconds, at each timer event of the window.
 void TestTextJudge::answersAHugeWordAtOnce()
 {
     const QString word(1 << 20, QLatin1Char('w'));

@@ -1,5 +1,5 @@
-// Tells where things are on the screen and what they say: a plugin that the toolkit loads into the
-// real program. It only looks. All rectangles are [x, y, width, height] on the screen.
+// A Qt plugin in the real program that reports positions and texts of its widgets. It changes
+// nothing. All rectangles are [x, y, width, height] in screen coordinates.
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -126,7 +126,7 @@ void appendActions(const Menu* menu, QJsonArray* list)
     }
 }
 
-// Of the menu bar, and of the menus that are open.
+// The actions of the menu bar and of open menus.
 QJsonArray actions()
 {
     QJsonArray list;
@@ -141,7 +141,7 @@ QJsonArray actions()
     return list;
 }
 
-// The list that hangs open from a line or a combo box.
+// The open popup list of a combo box or completer; null if there is none.
 const QAbstractItemView* openList()
 {
     const QWidget* const popup = QApplication::activePopupWidget();
@@ -160,7 +160,7 @@ QJsonArray items()
     const int rows = view->model()->rowCount(view->rootIndex());
     for (int row = 0; row < rows; ++row) {
         const QModelIndex index = view->model()->index(row, 0, view->rootIndex());
-        // Items may be wider than the list that hangs open.
+        // Items may be wider than the popup list.
         const QRect rect = view->visualRect(index);
         const QRect seen = rect & view->viewport()->rect();
         list.append(QJsonObject{

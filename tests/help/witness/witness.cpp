@@ -1,5 +1,4 @@
-// Looks into the help viewer from within: a plugin that the toolkit loads while the viewer starts.
-// It keeps telling in a file what the viewer shows, since the viewer itself tells nobody.
+// A Qt plugin in the help viewer that writes to a file what the viewer shows.
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -17,7 +16,7 @@ namespace {
 
 constexpr int TELLING_MS = 50;
 
-// The texts of the rows that can be seen, those of unfolded ones included.
+// The texts of the visible rows, with those of expanded rows.
 QJsonArray rows(const QAbstractItemView* view, const QModelIndex& parent = {})
 {
     QJsonArray texts;
@@ -41,7 +40,7 @@ QJsonObject describe(const QAbstractItemView* view)
             {QStringLiteral("current"), view->currentIndex().data().toString()}};
 }
 
-// The docks that are shown, by their titles, with what they list.
+// The visible dock widgets by their titles, with their lists.
 QJsonObject docks(const QMainWindow* window)
 {
     QJsonObject shown;

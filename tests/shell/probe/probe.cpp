@@ -1,5 +1,5 @@
-// Looks into the real program from within: a plugin that the toolkit loads while it makes the
-// application object.
+// A Qt plugin in the real program that reports its state and triggers actions. It is loaded when
+// the QApplication is constructed.
 
 #include <QAbstractButton>
 #include <QAction>
@@ -39,7 +39,7 @@ QJsonObject describe(const QWidget* widget)
     }
     if (const auto* const bar = widget->findChild<QStatusBar*>(QStringLiteral("statusbar")))
         facts.insert(QStringLiteral("news"), bar->currentMessage());
-    // Which may have to wait for the news to end.
+    // The notice may be hidden while a message is shown.
     if (const auto* const label = widget->findChild<QLabel*>(QStringLiteral("noticeLabel")))
         facts.insert(QStringLiteral("notice"), label->text());
     return facts;
@@ -55,7 +55,7 @@ QJsonArray windows()
     return list;
 }
 
-// Each resource of the program with its size, -1 when it does not open, and whether it is a
+// Each Qt resource of the program with its size, -1 if it cannot be opened, and whether it is a
 // picture.
 QJsonObject resources()
 {
@@ -85,7 +85,7 @@ void press(QMessageBox::StandardButton which)
         box->button(which)->click();
 }
 
-// Triggers an action of the window by its object name, as its menu does.
+// Triggers an action of the window, given by its object name, like its menu.
 void trigger(const QString& action)
 {
     for (QWidget* const widget : QApplication::topLevelWidgets()) {
@@ -111,7 +111,7 @@ QJsonArray cellsOf(const QAbstractItemModel& model, int row)
     return cells;
 }
 
-// What the window holds: the tabs, of which each has its rows, of which each has its cells.
+// The texts of all cells: an array of tabs, each an array of rows.
 QJsonArray document()
 {
     QJsonArray tabs;
@@ -130,7 +130,7 @@ void type(QWidget* widget, int key, const QString& text)
     QApplication::sendEvent(widget, &press);
 }
 
-// Opens the editor of a value of the Keywords tab, and gives it if it is one in the cell.
+// Opens the editor of a value on the Keywords tab. Returns it if it is in the cell, otherwise null.
 QWidget* openEditor(int row)
 {
     QTreeView* const view = viewOfTab(0);
@@ -140,7 +140,7 @@ QWidget* openEditor(int row)
     return view->indexWidget(index);
 }
 
-// Types into the line over a value of the Keywords tab, and ends it with Return.
+// Replaces a value on the Keywords tab by typing, and presses Return.
 void edit(int row, const QString& text)
 {
     auto* const line = qobject_cast<QLineEdit*>(openEditor(row));
@@ -151,7 +151,7 @@ void edit(int row, const QString& text)
     type(line, Qt::Key_Return, QString());
 }
 
-// Accepts the file dialog that is open with this name.
+// Accepts the open file dialog with this file name.
 void choose(const QString& file)
 {
     const QWidget* const dialog = QApplication::activeModalWidget();
@@ -171,7 +171,7 @@ private:
     QJsonValue answer(const QString& request) const override;
     QJsonObject state() const;
 
-    // As they were before the application object was complete.
+    // The values before the QApplication is completely constructed.
     const int m_metaType = QMetaType::type("pANTLR3_BASE_TREE");
 };
 
@@ -185,7 +185,7 @@ QJsonObject Probe::state() const
     return {{QStringLiteral("windows"), windows()},
             {QStringLiteral("arguments"), QJsonArray::fromStringList(QApplication::arguments())},
             {QStringLiteral("styleSheet"), qApp->styleSheet()},
-            // A dialog that has just been ended returns to what opened it a little later.
+            // A closed dialog returns from exec() a little later, so the loop level tells.
             {QStringLiteral("settled"), QThread::currentThread()->loopLevel() == 1 ||
                                             QApplication::activeModalWidget() != nullptr},
             {QStringLiteral("metaType"), m_metaType},
@@ -202,7 +202,7 @@ QJsonValue Probe::answer(const QString& request) const
         {QStringLiteral("announce the end"),
          [] { QMetaObject::invokeMethod(qApp, "aboutToQuit", Qt::DirectConnection); }},
         {QStringLiteral("close"), [] { QApplication::closeAllWindows(); }}};
-    // These have an argument, which may have blanks.
+    // Requests with an argument, which may have blanks.
     const QHash<QString, std::function<void(const QString&)>> deedsWith{
         {QStringLiteral("trigger"), [](const QString& action) { trigger(action); }},
         {QStringLiteral("choose"), [](const QString& file) { choose(file); }},

@@ -1,5 +1,5 @@
-// Preloaded into the real program: tells on standard error which of the platform's and the system's
-// functions are called, in which order and with what, and passes the calls on.
+// Preloaded library that prints calls of functions of the platform and the system on standard
+// error, with their arguments, and passes them on.
 
 #include <dlfcn.h>
 #include <sys/mman.h>
