@@ -1,4 +1,4 @@
-// The numbers and flags that the layers of the editor share. Free of the toolkit, so that the
+// The numbers and flags that the layers of the editor share. Free of Qt, so that the
 // language layer can use them too.
 #pragma once
 

@@ -114,7 +114,7 @@ QModelIndex EditorUndoCommand::ownRow() const
     return m_model->index(m_row, 0, m_index.parent());
 }
 
-// An unset cell and a column beyond the row give an empty text.
+// The text of an unset cell, or of a column that the row does not have, is empty.
 QStringList EditorUndoCommand::rowTexts() const
 {
     QStringList texts;
@@ -128,7 +128,7 @@ void EditorUndoCommand::setText(int column, const QString& text)
     m_model->setData(m_model->index(m_row, column, m_index.parent()), text, Qt::EditRole);
 }
 
-// A new cell holds a blank: a cell that never held a value takes no edits.
+// New cells hold a blank, since a cell that never had a value is not editable.
 void EditorUndoCommand::addRow()
 {
     m_model->insertRows(m_row, 1, m_index.parent());
@@ -137,7 +137,7 @@ void EditorUndoCommand::addRow()
         setText(column, m_redotext_lst.value(column, QStringLiteral(" ")));
 }
 
-// The row is new the first time only; after that it is the one that undo took away.
+// The first redo makes a new row; later ones restore the row that undo removed.
 void EditorUndoCommand::identifyAddedRow()
 {
     if (m_rowIdentity == 0)
@@ -146,8 +146,8 @@ void EditorUndoCommand::identifyAddedRow()
         m_model->setRowIdentity(ownRow(), m_rowIdentity);
 }
 
-// The texts are appended to those of an earlier undo, so a later redo brings the row back as it was
-// at the first undo; the edits behind it have commands of their own.
+// Existing behaviour, kept for compatibility: the texts are appended to those of an earlier undo,
+// so redo restores the row as it was at the first undo.
 void EditorUndoCommand::takeAddedRow()
 {
     m_redotext_lst += rowTexts();

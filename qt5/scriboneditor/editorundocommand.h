@@ -1,5 +1,5 @@
-// The one undo command: a cell's edit, a row's insertion or a row's removal. It performs the change
-// itself, through the model's public operations, and keeps texts only.
+// The undo command for all changes: the edit of a cell, the insertion or the removal of a row. It
+// uses the public functions of the model and stores only texts.
 #pragma once
 
 #include <QPersistentModelIndex>
@@ -13,8 +13,8 @@ enum ur_command { udata = 0, uremoveRow = 1, uaddRow = 2 };
 
 class EditorUndoCommand : public QUndoCommand {
 public:
-    // The edit of a cell from text to redoText. An empty redoText is a step that changes nothing: a
-    // cell cannot be emptied by editing it.
+    // The edit of a cell from text to redoText. Existing behaviour, kept for compatibility: an
+    // empty redoText changes nothing, so an edit cannot empty a cell.
     EditorUndoCommand(TreeModel* model, const QModelIndex& index, const QString& text,
                       const QString& redoText, QUndoCommand* parent = nullptr);
 
@@ -26,9 +26,9 @@ public:
     void undo() override;
     void redo() override;
 
-    // Whether a command is at work. Nothing may go on a stack meanwhile: an editor whose row is
-    // just being removed commits its value at that moment, and the stack would drop the very
-    // command that it is carrying out.
+    // Whether a command is being executed. No command may be pushed meanwhile: an open editor
+    // commits when its row is removed, and QUndoStack::push() would delete the command that is
+    // running.
     static bool isRunning();
 
 private:
@@ -44,7 +44,7 @@ private:
     void removeRow();
     void restoreRow();
 
-    TreeModel* m_model;  // not owned; outlives the stack's commands
+    TreeModel* m_model;  // not owned; must outlive the command
     QPersistentModelIndex m_index;
     QPersistentModelIndex s_index;
     int m_row;
@@ -56,13 +56,13 @@ private:
     QStringList m_text_lst;
     QStringList m_redotext_lst;
 
-    // The cell of m_index. The index dies with its row, and comes to life again only when undo or
-    // redo brings back that very row: an edit may be undone on another tab's stack at any time
-    // between, when another row has taken its place.
+    // Where m_index was made. The index becomes invalid when its row is removed; it is made anew
+    // only if undo or redo has restored that very row. Another row may have its place: an edit can
+    // be on the undo stack of another tab.
     quint64 m_indexIdentity;
     int m_indexRow;
     int m_indexColumn;
 
-    quint64 m_rowIdentity = 0;  // of the row that the command adds or removes, once it has
-    bool m_removed = false;     // redo found the row to remove, so undo has one to bring back
+    quint64 m_rowIdentity = 0;  // of the row that the command has added or removed
+    bool m_removed = false;     // redo has removed a row, so undo can restore it
 };

@@ -68,8 +68,8 @@ bool writeAtomically(const QString& path, const QByteArray& bytes, QString* erro
 // for what is put behind it while it is written.
 QString copyName(const QString& document)
 {
-    constexpr int LONGEST = 100;
-    const QString name = QFileInfo(document).fileName().left(LONGEST);
+    constexpr int MAX_LENGTH = 100;
+    const QString name = QFileInfo(document).fileName().left(MAX_LENGTH);
     return name.startsWith(QLatin1Char('.')) ? QStringLiteral("scrib") + name : name;
 }
 
@@ -102,13 +102,13 @@ bool processLives(const QJsonObject& facts)
 // The first free number; concurrent editors get different ones.
 QString makeFolder(QString* error)
 {
-    constexpr int MOST = 10000;
+    constexpr int MAX_FOLDERS = 10000;
     const QString parent = recoveryFolder();
     if (parent.isEmpty() || !QDir().mkpath(parent)) {
         *error = qt_error_string(parent.isEmpty() ? ENOENT : errno);
         return {};
     }
-    for (int number = 1; number < MOST; ++number) {
+    for (int number = 1; number <= MAX_FOLDERS; ++number) {
         QString folder = parent + QLatin1Char('/') + QString::number(number);
         if (mkdir(QFile::encodeName(folder).constData(), S_IRWXU) == 0)
             return folder;

@@ -6,11 +6,10 @@
 
 namespace {
 
-// Answers kept of each judge. More distinct texts than that start a new collection: the memory
-// stays bounded, whatever a document holds.
-constexpr int MOST_ANSWERS = 4096;
+// Maximum number of results in each cache, which is cleared when it is full.
+constexpr int MAX_CACHED_RESULTS = 4096;
 
-// What can be said of a text without asking a judge.
+// The result for a text if it is known without the lexer or the regular expression.
 enum class Verdict { Accepted, Refused, Ask };
 
 Verdict verdict(bool accepted)
@@ -34,7 +33,7 @@ bool isWordChar(QChar c)
     return isLetter(c) || isDigit(c) || c == QLatin1Char('_');
 }
 
-// The class behind a variable's name: its range "_-(" runs from the bracket to the underscore.
+// The character class at the end of VarName_VF: its range "_-(" is "(" to "_".
 bool isSuffixChar(QChar c)
 {
     return c == QLatin1Char('%') || (c >= QLatin1Char('(') && c <= QLatin1Char('_')) || isLetter(c);
@@ -88,7 +87,7 @@ Verdict judgeQuoted(const QString& text, char quote, Predicate inside)
     return verdict(quoted && isRunWithSuffix(text, 1, text.size() - 1, inside));
 }
 
-// Every dollar sign starts one more of the pattern's repeats.
+// Each dollar sign starts another repetition of the group in the regular expression.
 Verdict judgeChannel(const QString& text)
 {
     const bool starts = !text.isEmpty() && (isLetter(text.at(0)) || text.at(0) == QLatin1Char('$'));
@@ -97,8 +96,8 @@ Verdict judgeChannel(const QString& text)
     return verdict(text.midRef(1).count(QLatin1Char('$')) < MOST_REPEATS);
 }
 
-// Names, each with an instance "@12" behind it or none. What follows an instance starts one more of
-// the pattern's repeats.
+// Names, each with an optional instance such as "@12". A name that follows an instance is another
+// repetition of the group in the regular expression.
 Verdict judgeParameter(const QString& text)
 {
     int repeats = 0;
@@ -149,8 +148,8 @@ Verdict judgeAtOnce(VaidatorFormat format, const QString& text)
 
 constexpr int ASK = -1;
 
-// The kind of a text by its first character, where that decides; ASK otherwise. A digit may begin a
-// number whose exponent fails and takes the characters up to there with it.
+// The editor type of a text if its first character decides it; ASK otherwise. A text that starts
+// with a digit may be a number with a malformed exponent, whose characters the lexer drops.
 int editorTypeAtOnce(const QString& text)
 {
     constexpr auto PLAIN_STARTS = " \t\f_$%()-/:<>[]\"'";
@@ -173,14 +172,14 @@ int askLexer(const QString& text)
     return appGrammerTypeToEditorType(bytes.constData(), bytes.size(), &tokenType);
 }
 
-// The answer for a text: remembered, or asked for and remembered from then on.
+// The cached result for a text; computed and cached if there is none.
 template <typename Ask>
 int remembered(QHash<QString, int>* answers, const QString& text, Ask ask)
 {
     const auto known = answers->constFind(text);
     if (known != answers->constEnd())
         return *known;
-    if (answers->size() >= MOST_ANSWERS)
+    if (answers->size() >= MAX_CACHED_RESULTS)
         answers->clear();
     return *answers->insert(text, ask(text));
 }

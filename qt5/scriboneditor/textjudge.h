@@ -1,8 +1,7 @@
-// Answers the two questions that validation and painting ask about texts: what kind of thing is it,
-// and does it match a format? The generated lexer and the patterns are the judges; this class only
-// sees to it that they are asked seldom, since a lexer is made for each text and a pattern takes up
-// to half a millisecond. Both are pure functions of the text, so their answers are remembered, and
-// plain words and the like are answered at once where that is known to be the same.
+// Classifies texts and matches them against formats, for validation and painting. The results are
+// those of the generated lexer and of the regular expressions. Both depend on the text alone and
+// are slow (a lexer is made for each text, a match takes up to half a millisecond), so results are
+// cached, and common kinds of text are decided by equivalent code.
 #pragma once
 
 #include <QHash>
@@ -13,10 +12,10 @@
 
 class TextJudge {
 public:
-    // The validators must outlive the judge, and be there when it is first asked.
+    // The validators must outlive the object and be set before the first call of accepts().
     explicit TextJudge(const FormatValidators& validators) : m_validators(validators) {}
 
-    // The editor type of the text, as appGrammerTypeToEditorType gives it.
+    // The same result as appGrammerTypeToEditorType().
     int editorType(const QString& text) const;
 
     // Whether the format's validator answers Acceptable.

@@ -13,7 +13,7 @@ bool contains(const QVector<QVariant>& cells, int column)
     return column >= 0 && column < cells.size();
 }
 
-// Never 0, which stands for no row.
+// Starts at 1: 0 means no row.
 quint64 newIdentity()
 {
     static quint64 last = 0;
@@ -149,7 +149,7 @@ bool TreeItem::undoredo_setData(TreeModel* model, const QModelIndex& index, cons
     }
     const QString before = itemData.at(column).toString();
     const QString after = value.toString();
-    // A null string is a cell that no statement of the file has: it takes no edits.
+    // A null string: the file has no such cell; not editable.
     if (before.isNull() || before == after)
         return false;
     QUndoStack* const undoStack = editorAccess().activeUndoStack();

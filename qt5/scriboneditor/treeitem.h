@@ -30,7 +30,7 @@ public:
     TreeItem(const TreeItem&) = delete;
     TreeItem& operator=(const TreeItem&) = delete;
 
-    // Null and an invalid variant where there is none.
+    // A null pointer and an invalid variant if the number or column is out of range.
     TreeItem* child(int number);
     QVariant data(int column) const;
     QVariant errorCode(int column) const;
@@ -39,35 +39,36 @@ public:
     int childCount() const;
     int columnCount() const;
 
-    // This row's index in its parent, 0 without one. Linear in the number of rows.
+    // This row's index in its parent; 0 without a parent. Linear in the number of rows.
     int childNumber() const;
 
-    // Rows and columns in one piece; false, and nothing changed, when they do not fit in. New cells
-    // hold invalid variants. Columns change the values alone: an inserted column has no error code.
+    // All or nothing: returns false and changes nothing if the range is invalid. New cells hold
+    // invalid variants. Existing behaviour, kept for compatibility: inserted columns get no error
+    // code.
     bool insertChildren(int position, int count, int columns);
     bool removeChildren(int position, int count);
     bool insertColumns(int position, int columns);
     bool removeColumns(int position, int columns);
 
-    // Stores without comparing; false for a column that does not exist.
+    // Stores without comparing; returns false if the column does not exist.
     bool setData(int column, const QVariant& value);
     bool setErrorCode(int column, const QVariant& value);
 
-    // Stores a text and tells whether that changed the cell.
+    // Stores a text; returns whether the cell changed.
     bool setData(TreeModel* model, const QModelIndex& index, const QVariant& value);
 
-    // Turns a change of text into a command on the active undo stack, which stores it; false when
-    // the text is the same, and for a cell that never held a value: such a cell is not editable.
+    // Pushes a command on the active undo stack, which stores the text. Returns false if the text
+    // is the same, and for a cell that never had a value, which is not editable.
     bool undoredo_setData(TreeModel* model, const QModelIndex& index, const QVariant& value);
 
-    // Whether a text of the row is new in its place since its cells were last judged. Storing one
-    // sets it, and so do columns that come or go.
+    // Whether a text has changed since the row was last validated. Set by storing a text and by
+    // inserting or removing columns.
     void setDirty();
     bool isDirty() const;
     void clrDirty();
 
-    // What tells the row from every other, also from one that takes its place. Undo and redo hand
-    // it on: a row that is brought back has that of the row that went.
+    // A number that no other row has. A row that undo or redo restores gets the number of the row
+    // that was removed, so that commands can find it again.
     quint64 identity() const;
     void setIdentity(quint64 identity);
 

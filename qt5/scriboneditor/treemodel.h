@@ -19,14 +19,14 @@
 
 class TreeItem;
 
-// Columns of each tab, and five header slots a tab; a null slot is an empty header. Padding blanks
-// and line breaks give the columns their first width.
+// The number of columns of each tab, and five headers for each tab; a null pointer is an empty
+// header. The blanks and line breaks in the headers are part of them and set the minimum width.
 constexpr int HEADER_SLOTS = 5;
 constexpr int HEADER_COUNT = TAB_COUNT * HEADER_SLOTS;
 extern const std::array<int, TAB_COUNT> NumberOfColumns;
 extern const std::array<const char*, HEADER_COUNT> TableHeaders;
 
-// Which tab a model is, EDIT_TAB1 to EDIT_TAB5, by its object name; 0 for a model that is no tab's.
+// The tab of a model, EDIT_TAB1 to EDIT_TAB5, by its object name; 0 if the name is another one.
 int tabOfModel(const QAbstractItemModel* model);
 
 class TreeModel : public QAbstractItemModel {
@@ -51,15 +51,15 @@ public:
     bool setHeaderData(int section, Qt::Orientation orientation, const QVariant& value,
                        int role = Qt::EditRole) override;
 
-    // Stores a text at once, past the undo stack: for the undo commands.
+    // Stores a text without an undo command: for the undo commands themselves.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
-    // Stores a text through a command on the active undo stack: for edits by the user. Does nothing
-    // while another command is at work.
+    // Stores a text by a command on the active undo stack: for edits by the user. Does nothing
+    // while a command is being undone or redone.
     bool undoredo_setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole);
 
-    // A range that does not fit in changes nothing and sends no signal. Inserting rows leaves the
-    // document unmodified, removing them does not: the texts that follow an insertion do the rest.
+    // An invalid range changes nothing and emits no signal. insertRows() does not set the modified
+    // flag, removeRows() does: an inserted row gets its texts by setData(), which sets it.
     bool insertRows(int position, int rows, const QModelIndex& parent = QModelIndex()) override;
     bool removeRows(int position, int rows, const QModelIndex& parent = QModelIndex()) override;
     bool insertColumns(int position, int columns,
@@ -67,21 +67,21 @@ public:
     bool removeColumns(int position, int columns,
                        const QModelIndex& parent = QModelIndex()) override;
 
-    // What tells the cell's row from every other; 0 for an invalid index. A row that undo or redo
-    // brings back is given that of the row that it replaces.
+    // The number of the cell's row (see TreeItem); 0 for an invalid index. The undo commands give
+    // a restored row the number of the removed one.
     quint64 rowIdentity(const QModelIndex& index) const;
     void setRowIdentity(const QModelIndex& index, quint64 identity);
 
-    // The cell of the row with this identity, invalid when there is none. Row `expectedRow` is
-    // looked at first; if it is another one, the search is linear in the number of rows.
+    // The cell of the row with this number; invalid if there is none. Checks row `expectedRow`
+    // first; otherwise the search is linear in the number of rows.
     QModelIndex cellOfRow(quint64 identity, int column, int expectedRow) const;
 
-    // A cell's error code, an invalid variant before the first validation. Setting one changes no
-    // flag; the next validation of the cell replaces it.
+    // A cell's error code; an invalid variant before the first validation. Setting it changes no
+    // flag, and the next validation of the cell replaces it.
     QVariant errorCode(const QModelIndex& index) const;
     bool setErrorCode(const QModelIndex& index, const QVariant& value) const;
 
-    // Tells the views that the cell looks different now.
+    // Emits dataChanged() for the cell.
     void m_dataChanged(const QModelIndex& index);
 
     // Appends specText() to the file (name in the local 8-bit encoding), encoded as encoding() says
@@ -92,29 +92,29 @@ public:
     // The rows as spec file text.
     QString specText() const;
 
-    // That of the file that the rows were read from. A document is written in one encoding, so
-    // whoever saves the five models gives all of them the same.
+    // The encoding of the file that the rows were read from. The five models of a document must be
+    // given the same encoding before they are saved.
     SpecEncoding encoding() const;
     void setEncoding(SpecEncoding encoding);
 
     int getErrorCount() const;
     void clearErrorCount();
 
-    // The rows differ from the file.
+    // Whether the rows have been changed since the last load or save.
     bool isModified() const;
     void setModified();
     void clrModified();
 
-    // The rows must be validated again.
+    // Whether the rows must be validated again.
     bool isDirty() const;
     void setDirty();
 
-    // Judges the tab's cells, if it is dirty: gives them their error codes and counts the faults.
-    // Nothing is refused. Row texts alone count, so it works while a file is loading.
+    // Validates the tab if it is dirty: sets the error codes and counts the errors. Uses only the
+    // texts of the rows, so it works while a file is loading.
     void validate_model();
 
 Q_SIGNALS:
-    // Codes changed, and with them how cells look.
+    // Error codes have changed, so the views must repaint.
     void codesChanged() const;
 
 private:
@@ -144,10 +144,10 @@ private:
     SpecEncoding specEncoding = SpecEncoding::Local;
     bool modified = false;
     bool dirty = false;
-    mutable bool touched = true;  // since the last pass, by whoever changes rows or codes
+    mutable bool touched = true;  // rows or error codes have changed since the last validation
     QUndoStack undoStack;
     std::array<std::unique_ptr<QRegExp>, VALIDATOR_COUNT> regExpVF;
-    mutable QIcon arrowIcon;  // made when it is first asked for
+    mutable QIcon arrowIcon;  // loaded at its first use
     FormatValidators de_validator;
     TextJudge judge{de_validator};
     int errorCount = 0;

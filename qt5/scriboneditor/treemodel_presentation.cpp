@@ -12,9 +12,9 @@ namespace {
 
 constexpr int ANY_COLUMN = -1;
 
-// What a good cell's tool tip says, and what is added to it for a wrong or repeated one.
+// The tool tip of a cell, and what is appended for a syntax error or a duplicate.
 struct CellTip {
-    int kind;  // of the keyword on the Keywords tab, of the tab on the others
+    int kind;  // editor type of the keyword (Keywords tab) or number of the tab (list tabs)
     int column;
     const char* tip;
     const char* syntaxMsg;
@@ -80,7 +80,7 @@ QString textAt(const QModelIndex& index, int column)
     return index.siblingAtColumn(column).data(Qt::DisplayRole).toString();
 }
 
-// The Keywords tab opens choosers for its keywords and for values of these kinds.
+// Whether the value of a keyword of this editor type is chosen from a list or in a dialog.
 bool opensChooser(int keywordKind)
 {
     return keywordKind == LOGICAL_VAR_EDITOR || keywordKind == STRING_VAR_EDITOR ||
@@ -96,7 +96,7 @@ QVariant TreeModel::colour(const QModelIndex& index) const
     return QColor(QStringLiteral("black"));
 }
 
-// A cell that can open a chooser has an arrow, unless it is in error.
+// The arrow marks a cell without error whose editor is a list or a dialog.
 bool TreeModel::hasArrow(const QModelIndex& index) const
 {
     const int tab = tabOfModel(this);
@@ -113,7 +113,7 @@ bool TreeModel::keywordHasArrow(const QModelIndex& index) const
            (column == 0 || (column == 1 && opensChooser(keywordKind)));
 }
 
-// On the Scan List the variable's code speaks for the whole row.
+// On the Scan List the error code of the variable decides for all cells of the row.
 bool TreeModel::entryHasArrow(const QModelIndex& index, int tab) const
 {
     const int column = index.column();
@@ -132,8 +132,7 @@ bool TreeModel::entryHasArrow(const QModelIndex& index, int tab) const
     return column == 1 || (column == 2 && tab == EDIT_TAB3);
 }
 
-// Without an arrow the cell's text is the answer, which views ignore as a decoration but for one
-// thing: they keep room for an icon of the delegate's.
+// Return the text: it sets HasDecoration, which reserves space for the delegate's error icon.
 QVariant TreeModel::decoration(const QModelIndex& index) const
 {
     if (!hasArrow(index))

@@ -1,5 +1,5 @@
-// Validation of the five tabs: a pass looks at every row and gives each cell that it looks at a
-// code. What it does not look at keeps the code it had.
+// Validation of the five tabs: a pass sets the error codes of the cells that it checks; all other
+// cells keep theirs.
 
 #include <QSet>
 
@@ -9,7 +9,7 @@
 
 namespace {
 
-// The cells of one row under judgement, and what the pass has found so far.
+// The row that is being validated, and the results of the pass so far.
 class RowJudgement {
 public:
     explicit RowJudgement(const TextJudge& judge) : m_judge(judge) {}
@@ -17,15 +17,15 @@ public:
     int errors() const { return m_errors; }
     bool changedCodes() const { return m_changedCodes; }
 
-    // Goes on to the next row, and ends with the one before.
+    // Ends the current row and starts the next one.
     void startRow(TreeItem* row) { m_row = row; }
     void endRow() { m_row->clrDirty(); }
 
     QString text(int column) const { return m_row->data(column).toString(); }
     int kindOf(const QString& text) const { return m_judge.editorType(text); }
 
-    // Whether the cell passes the test. A row without new texts answers by the code that the last
-    // pass gave the cell.
+    // Whether the cell passes the test. For a row whose texts have not changed, the error code of
+    // the last pass gives the answer.
     template <typename Test>
     bool passes(int column, Test test) const
     {
@@ -46,7 +46,7 @@ public:
     void duplicate(int column) { count(column, DE_DUPLICATE_ERR); }
     void faultOrClean(int column, bool good) { good ? clean(column) : fault(column); }
 
-    // A good cell whose text may stand only once in the tab; clean the first time.
+    // For a valid cell whose text must be unique in the tab: only the first one is without error.
     void unique(int column, const QString& text, QSet<QString>* seen)
     {
         if (seen->contains(text)) {
@@ -81,8 +81,7 @@ private:
     bool m_changedCodes = false;
 };
 
-// ---- Keywords tab
-// --------------------------------------------------------------------------------
+// ---- Keywords tab -------------------------------------------------------------------------------
 
 QSet<QString> wordList()
 {
@@ -129,8 +128,8 @@ bool isGoodValue(const RowJudgement& row, int kind, const QString& value)
     }
 }
 
-// Each word of the list may stand once. A keyword that is not in the list counts as a duplicate
-// too: the list is used up, and absence from it means either.
+// Each word of the list may occur once: it is removed from the list when it is found. Existing
+// behaviour, kept for compatibility: a keyword that was never in the list counts as a duplicate.
 void judgeKeyword(RowJudgement* row, const QString& keyword, QSet<QString>* words)
 {
     if (!keyword.startsWith(QLatin1Char('@')))
@@ -141,7 +140,8 @@ void judgeKeyword(RowJudgement* row, const QString& keyword, QSet<QString>* word
         row->duplicate(0);
 }
 
-// A keyword whose value fails keeps its old code and stays in the list.
+// Existing behaviour, kept for compatibility: a keyword whose value is wrong keeps its old error
+// code and stays in the list.
 void judgeStatement(RowJudgement* row, int kind, const QString& keyword, QSet<QString>* words)
 {
     const int valueColumn = kind == COMMENT_LINE ? 0 : 1;
@@ -174,10 +174,9 @@ void judgeKeywordRow(RowJudgement* row, QSet<QString>* words)
     judgeSecondValue(row, kind);
 }
 
-// ---- List tabs
-// -----------------------------------------------------------------------------------
+// ---- List tabs ----------------------------------------------------------------------------------
 
-// What column 1 says of a list row: an entry, a comment, or a row that is passed over whole.
+// Whether a list row is validated, by the kind of column 1: an entry or a comment.
 bool isListRow(int kind)
 {
     return kind == TEXT_BLOCK || kind == COMMENT_LINE;
@@ -222,7 +221,7 @@ bool isMetaDataValue(const RowJudgement& row, const QString& value)
            row.accepts(VarName_dblq_VF, value);
 }
 
-// The second value counts on comment rows too: their filler passes as a variable's name.
+// The second value is validated on comment rows too; their filler is a valid variable name.
 void judgeMetaDataRow(RowJudgement* row, QSet<QString>* keywords)
 {
     const QString keyword = row->text(1);
@@ -258,7 +257,7 @@ void judgeAuxUserRow(RowJudgement* row, QSet<QString>* names)
         row->faultOrClean(2, good);
 }
 
-// A path on a comment row takes its place among the paths, yet is no duplicate itself.
+// A path on a comment row is never marked as a duplicate, but makes later ones duplicates.
 void judgeEcmPath(RowJudgement* row, bool entry, QSet<QString>* paths)
 {
     const QString path = row->text(2);
@@ -288,7 +287,7 @@ void judgeEcmRow(RowJudgement* row, QSet<QString>* instances, QSet<QString>* pat
     judgeEcmPath(row, entry, paths);
 }
 
-// Judges the rows of the root from `first` on.
+// Validates the root's rows from `first` on.
 template <typename JudgeRow>
 RowJudgement judgeRows(TreeItem* root, const TextJudge& judge, int first, JudgeRow judgeRow)
 {
@@ -333,8 +332,8 @@ void TreeModel::validate_model()
     }
 }
 
-// A pass over rows and codes that nobody has touched since the last one would give the same again:
-// on a tab with errors, the timer asks for one twice a second.
+// Skips a pass if no row or code has changed since the last one: the timer requests one twice a
+// second while a tab has errors.
 bool TreeModel::startPass()
 {
     const bool due = dirty && touched;
@@ -346,7 +345,7 @@ bool TreeModel::startPass()
     return true;
 }
 
-// A list is judged below its section's keyword only.
+// A list is validated only if its first row holds the section's keyword.
 bool TreeModel::startListPass(int keywordEditor)
 {
     if (!startPass() || rootItem->childCount() == 0)

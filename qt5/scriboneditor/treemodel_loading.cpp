@@ -1,0 +1,181 @@
+// Makes rows of the statements of a tab in the syntax tree.
+
+#include "treeitem.h"
+#include "treemodel.h"
+
+namespace {
+
+constexpr int DEEPEST_LEVEL = 4;
+
+pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
+{
+    return static_cast<pANTLR3_BASE_TREE>(tree->getChild(tree, index));
+}
+
+// A text that belongs to the parser's runtime.
+struct Bytes {
+    const char* data;
+    int size;
+};
+
+// Whether the token is one of the file, not one made by a rewrite rule.
+bool isSourceToken(pANTLR3_COMMON_TOKEN token)
+{
+    return token != nullptr && token->textState == ANTLR3_TEXT_NONE && token->input != nullptr &&
+           token->type != ANTLR3_TOKEN_EOF;
+}
+
+// A node's text. The text of a source token is taken from the file's buffer: toString() would
+// allocate a string for each that lives until the next load.
+Bytes bytesOf(pANTLR3_BASE_TREE node)
+{
+    const pANTLR3_COMMON_TOKEN token = node->getToken(node);
+    if (isSourceToken(token)) {
+        const ANTLR3_MARKER start = token->getStartIndex(token);
+        const ANTLR3_MARKER stop = token->getStopIndex(token);
+        // The runtime stores the pointer into the buffer as a number.
+        // NOLINTNEXTLINE(performance-no-int-to-ptr)
+        return {reinterpret_cast<const char*>(start), static_cast<int>(stop - start + 1)};
+    }
+    const pANTLR3_STRING text = node->toString(node);
+    if (text == nullptr || text->chars == nullptr)
+        return {nullptr, 0};
+    return {reinterpret_cast<const char*>(text->chars), static_cast<int>(text->len)};
+}
+
+// The text of a node; a null string for a line end, which is no cell. Zero bytes are part of the
+// text: cut at one, a quoted text would lose its closing quote, and the next load would take the
+// rest of the file as quoted.
+QString nodeText(pANTLR3_BASE_TREE node, SpecEncoding encoding)
+{
+    const Bytes bytes = bytesOf(node);
+    if (bytes.data == nullptr || (bytes.size > 0 && bytes.data[0] == '\n'))
+        return {};
+    return decoded(encoding, bytes.data, bytes.size);
+}
+
+// The first child of a statement is the node of its tab.
+bool belongsToTab(pANTLR3_BASE_TREE statement, ANTLR3_UINT32 tab)
+{
+    if (statement->getChildCount(statement) == 0)
+        return false;
+    const pANTLR3_BASE_TREE marker = childAt(statement, 0);
+    return marker->getType(marker) == tab;
+}
+
+// Makes the rows of one statement. Its items come in file order: the node of the tab, which is no
+// cell, then the keyword, then the values.
+class StatementRows {
+public:
+    // The rows become children of parent.
+    StatementRows(TreeItem* parent, int columns, ANTLR3_UINT32 tab, SpecEncoding encoding);
+
+    // Adds the nodes below `tree` as cells, in depth-first order.
+    void addItemsBelow(pANTLR3_BASE_TREE tree, int level = 1);
+
+private:
+    void addItem(int editor, const QString& text);
+    void addListItem(int editor, const QString& text);
+    int listColumn(int editor) const;
+    void appendRow();
+
+    TreeItem* m_parent;
+    int m_columns;
+    bool m_list;      // one row for the keyword, then one row for each entry
+    bool m_scanList;  // entries have a statistical member as second value
+    SpecEncoding m_encoding;
+    TreeItem* m_row = nullptr;
+    int m_itemCount = 0;
+    int m_position = 0;  // of the next value within the current list entry
+};
+
+StatementRows::StatementRows(TreeItem* parent, int columns, ANTLR3_UINT32 tab,
+                             SpecEncoding encoding)
+    : m_parent(parent),
+      m_columns(columns),
+      m_list(tab >= EDIT_TAB2 && tab <= EDIT_TAB5),
+      m_scanList(tab == EDIT_TAB2),
+      m_encoding(encoding)
+{
+    appendRow();
+}
+
+// Existing behaviour, kept for compatibility: texts of the deepest level are not trimmed, and nodes
+// below it are ignored.
+void StatementRows::addItemsBelow(pANTLR3_BASE_TREE tree, int level)
+{
+    const ANTLR3_UINT32 count = tree->getChildCount(tree);
+    for (ANTLR3_UINT32 i = 0; i < count; ++i) {
+        const pANTLR3_BASE_TREE node = childAt(tree, i);
+        const QString text = nodeText(node, m_encoding);
+        if (!text.isNull())
+            addItem(appGrammerTypeToEditorTypeOrig(node),
+                    level < DEEPEST_LEVEL ? text.trimmed() : text);
+        if (level < DEEPEST_LEVEL)
+            addItemsBelow(node, level + 1);
+    }
+}
+
+// Values for which a keyword's row has no column are dropped.
+void StatementRows::addItem(int editor, const QString& text)
+{
+    const int number = m_itemCount++;
+    if (number == 1 || (number > 1 && !m_list))
+        m_row->setData(number - 1, text);
+    else if (number > 1)
+        addListItem(editor, text);
+}
+
+// The fillers behind the section's keyword go to the row of the keyword. A plain text as second
+// value completes an entry of any list: on the Scan List it is the channel keyword of an entry
+// without a statistical member.
+void StatementRows::addListItem(int editor, const QString& text)
+{
+    constexpr int FIRST_ENTRY_ITEM = 3;
+    if (m_position == 0 && m_itemCount > FIRST_ENTRY_ITEM)
+        appendRow();
+    m_row->setData(listColumn(editor), text);
+    const bool complete = m_position == 1 && editor == TEXT_BLOCK;
+    const int slotCount = m_scanList ? 3 : 2;
+    m_position = complete ? 0 : (m_position + 1) % slotCount;
+}
+
+// The column of an item by its kind and position; -1 if it is not stored. A comment goes to column
+// 1 at any position and replaces what is there.
+int StatementRows::listColumn(int editor) const
+{
+    const bool plain = editor == TEXT_BLOCK || editor == FILLER_DATA;
+    if (editor == COMMENT_LINE)
+        return 1;
+    if (plain && m_position == 1)
+        return m_scanList && editor == TEXT_BLOCK ? 3 : 2;
+    if (plain)
+        return m_position + 1;
+    const bool member = editor == LOG_DIG_DESCRIPTION || editor == STAT_MEM_EDITOR;
+    return member && m_position == 1 ? 2 : -1;
+}
+
+void StatementRows::appendRow()
+{
+    const int row = m_parent->childCount();
+    m_parent->insertChildren(row, 1, m_columns);
+    m_row = m_parent->child(row);
+}
+
+}  // namespace
+
+void TreeModel::setupModelData(pANTLR3_BASE_TREE bTree, TreeItem* parent)
+{
+    rootTree = bTree;
+    if (bTree == nullptr || bTree->children == nullptr)
+        return;
+    const FileBytes file = getFileBytes();
+    specEncoding = encodingOf(file.data, file.size);
+    const ANTLR3_UINT32 count = bTree->getChildCount(bTree);
+    for (ANTLR3_UINT32 i = 0; i < count; ++i) {
+        const pANTLR3_BASE_TREE statement = childAt(bTree, i);
+        if (belongsToTab(statement, tabIndexNumber))
+            StatementRows(parent, rootItem->columnCount(), tabIndexNumber, specEncoding)
+                .addItemsBelow(statement);
+    }
+}
