@@ -73,17 +73,12 @@ pANTLR3_INPUT_STREAM streamOfFileBytes(std::string name)
                                  reinterpret_cast<pANTLR3_UINT8>(name.data()));
 }
 
-pANTLR3_BASE_TREE firstChildOfType(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 type)
-{
-    return static_cast<pANTLR3_BASE_TREE>(tree->getFirstChildWithType(tree, type));
-}
-
 bool isScribonTree(pANTLR3_BASE_TREE root)
 {
     if (root == nullptr || root->getChildCount(root) == 0)
         return false;
-    const auto firstString = firstChildOfType(root, TOKEN_STRING_DECL);
-    return firstString != nullptr && firstChildOfType(firstString, TOKEN_KYWD_SCRIBON) != nullptr;
+    const auto firstString = childOfType(root, TOKEN_STRING_DECL);
+    return firstString != nullptr && childOfType(firstString, TOKEN_KYWD_SCRIBON) != nullptr;
 }
 
 void parseInput()
@@ -232,7 +227,7 @@ pANTLR3_BASE_TREE treeChild(int i)
     if (i < 0 || static_cast<ANTLR3_UINT32>(i) >= treeChildCount())
         return nullptr;
     const pANTLR3_BASE_TREE root = getTree();
-    return static_cast<pANTLR3_BASE_TREE>(root->getChild(root, static_cast<ANTLR3_UINT32>(i)));
+    return childAt(root, static_cast<ANTLR3_UINT32>(i));
 }
 
 // ---- What a text is -----------------------------------------------------------------------------

@@ -66,6 +66,10 @@ int appGrammerMaxType();
 
 // ---- Nodes --------------------------------------------------------------------------------------
 
+// The child at this index, and the first child of this type; null if there is none.
+pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index);
+pANTLR3_BASE_TREE childOfType(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 type);
+
 // Appends a new node to parent and returns it; the tree owns it. The text is not copied: it must
 // outlive the tree.
 pANTLR3_BASE_TREE createNewChild(pANTLR3_BASE_TREE_ADAPTOR adaptor, ANTLR3_UINT32 tokenType,

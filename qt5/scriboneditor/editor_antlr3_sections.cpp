@@ -66,16 +66,6 @@ constexpr OptionalSection SCAN_LIST_AUX_USER_SECTION{
     TOKEN_KYWD_SCAN_LIST_AUX_USER,      {TOKEN_EDITOR_TAB2, TOKEN_EDITOR_TAB3, TOKEN_EDITOR_TAB5},
     SCAN_LIST_AUX_USER_CHILDREN.data(), SCAN_LIST_AUX_USER_CHILDREN.size()};
 
-pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
-{
-    return static_cast<pANTLR3_BASE_TREE>(tree->getChild(tree, index));
-}
-
-pANTLR3_BASE_TREE childOfType(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 type)
-{
-    return static_cast<pANTLR3_BASE_TREE>(tree->getFirstChildWithType(tree, type));
-}
-
 // Appends the declaration's node to the root, in front of the end of input.
 pANTLR3_BASE_TREE appendDeclaration(const OptionalSection& section, pANTLR3_BASE_TREE root)
 {

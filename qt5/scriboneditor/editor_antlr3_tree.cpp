@@ -43,11 +43,6 @@ int MetaTokenNamesTypes[META_TOKEN_COUNT] = {};
 
 namespace {
 
-pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
-{
-    return static_cast<pANTLR3_BASE_TREE>(tree->getChild(tree, index));
-}
-
 // Searches the parent of item among the nodes below the given one; null if item is not there. The
 // runtime's getParent() is unreliable.
 pANTLR3_BASE_TREE parentOf(pANTLR3_BASE_TREE item, pANTLR3_BASE_TREE below)
@@ -140,6 +135,16 @@ void parseNothing()
 
 }  // namespace
 
+pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
+{
+    return static_cast<pANTLR3_BASE_TREE>(tree->getChild(tree, index));
+}
+
+pANTLR3_BASE_TREE childOfType(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 type)
+{
+    return static_cast<pANTLR3_BASE_TREE>(tree->getFirstChildWithType(tree, type));
+}
+
 pANTLR3_BASE_TREE createNewChild(pANTLR3_BASE_TREE_ADAPTOR adaptor, ANTLR3_UINT32 tokenType,
                                  const char* text, pANTLR3_BASE_TREE parent)
 {
@@ -204,7 +209,7 @@ void setNewLine(pANTLR3_BASE_TREE item)
 pANTLR3_BASE_TREE insertColInTree(pANTLR3_BASE_TREE item)
 {
     const pANTLR3_BASE_TREE root = getTree();
-    if (root != nullptr && root->getFirstChildWithType(root, TOKEN_ECM_LIST_DECL) != nullptr)
+    if (root != nullptr && childOfType(root, TOKEN_ECM_LIST_DECL) != nullptr)
         std::fputs("found ecm LIst \n", stdout);
     const pANTLR3_BASE_TREE parent = parentInTree(item);
     return parent == nullptr ? nullptr : insertBlank(item, parent, indexIn(parent, item));

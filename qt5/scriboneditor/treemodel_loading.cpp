@@ -7,11 +7,6 @@ namespace {
 
 constexpr int DEEPEST_LEVEL = 4;
 
-pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
-{
-    return static_cast<pANTLR3_BASE_TREE>(tree->getChild(tree, index));
-}
-
 // A text that belongs to the parser's runtime.
 struct Bytes {
     const char* data;

@@ -1,5 +1,6 @@
 #include "tree_printer.h"
 
+#include "editor_antlr3.h"
 #include "scribonspecs_tokens.h"
 
 // Defined by the generated parser, which declares it in no header.
@@ -30,11 +31,6 @@ std::string nodeLabel(pANTLR3_BASE_TREE tree)
     if (name == "EOF" || name == "NIL" || text == name)
         return name;
     return name + "(" + escapedText(text) + ")";
-}
-
-pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
-{
-    return static_cast<pANTLR3_BASE_TREE>(tree->getChild(tree, index));
 }
 
 }  // namespace

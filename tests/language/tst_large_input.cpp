@@ -28,11 +28,6 @@ size_t textLength(pANTLR3_BASE_TREE node)
     return node->getText(node)->len;
 }
 
-pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
-{
-    return static_cast<pANTLR3_BASE_TREE>(tree->getChild(tree, index));
-}
-
 }  // namespace
 
 void tst_LargeInput::onePiece_data()

@@ -49,10 +49,10 @@ void tst_Lists::longListKeepsEveryRow()
 
     // The root's third child, after the first statement and its line end.
     const pANTLR3_BASE_TREE section = treeChild(2);
-    const auto keywordNode = static_cast<pANTLR3_BASE_TREE>(section->getChild(section, 1));
+    const auto keywordNode = childAt(section, 1);
     ANTLR3_UINT32 rows = 0;
     for (ANTLR3_UINT32 i = 0; i < keywordNode->getChildCount(keywordNode); ++i) {
-        const auto child = static_cast<pANTLR3_BASE_TREE>(keywordNode->getChild(keywordNode, i));
+        const auto child = childAt(keywordNode, i);
         rows += child->getChildCount(child) > 0 ? 1 : 0;
     }
     QCOMPARE(rows, ROWS);

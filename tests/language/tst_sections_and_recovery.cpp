@@ -11,11 +11,6 @@
 
 namespace {
 
-pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
-{
-    return static_cast<pANTLR3_BASE_TREE>(tree->getChild(tree, index));
-}
-
 // Whether the child indexes of all nodes are right.
 bool indexesAreRight(pANTLR3_BASE_TREE tree)
 {

@@ -21,11 +21,6 @@ constexpr int MODE_STATEMENT = 2;
 constexpr int COMMENT_STATEMENT = 3;
 constexpr int SCAN_LIST_STATEMENT = 5;
 
-pANTLR3_BASE_TREE childAt(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 index)
-{
-    return static_cast<pANTLR3_BASE_TREE>(tree->getChild(tree, index));
-}
-
 pANTLR3_BASE_TREE modeKeyword()
 {
     return childAt(treeChild(MODE_STATEMENT), 1);
