@@ -3,6 +3,7 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+#include "keyword_words.h"
 #include "stat_members.h"
 
 namespace {
@@ -73,11 +74,6 @@ QString spellingOf(const ScribonKeyword& keyword)
     return QString::fromLatin1(keyword.spelling);
 }
 
-QString wordOf(const ScribonKeyword& keyword)
-{
-    return spellingOf(keyword).mid(1).toLower();
-}
-
 QString code(const QString& text)
 {
     return QStringLiteral("`%1`").arg(text);
@@ -141,7 +137,7 @@ QString offer(const ScribonKeyword& keyword)
 {
     if (keyword.is(IN_WORD_LIST))
         return QStringLiteral("as %1 in the [list of keywords](editor_keyword.md)")
-            .arg(code(wordOf(keyword)));
+            .arg(code(keywordWord(keyword)));
     return listTabOf(keyword) == nullptr
                ? QStringLiteral("no, and [always marked](wrong_cells.md#marks-that-stay)")
                : QStringLiteral("no: it has a tab of its own");
@@ -200,7 +196,7 @@ QVector<KeywordPage> keywordPages(const QString& example)
         const QString title = keyword.displayName == nullptr
                                   ? code(spellingOf(keyword))
                                   : QString::fromLatin1(keyword.displayName);
-        pages.append({&keyword, QStringLiteral("keyword_%1.md").arg(wordOf(keyword)), title,
+        pages.append({&keyword, QStringLiteral("keyword_%1.md").arg(keywordWord(keyword)), title,
                       pageOf(keyword, title, lines)});
     }
     return pages;

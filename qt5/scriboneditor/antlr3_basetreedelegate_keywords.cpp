@@ -10,6 +10,7 @@
 #include "antlr3_basetreedelegate.h"
 #include "cell_text.h"
 #include "editor_access.h"
+#include "keyword_words.h"
 #include "line_breaks.h"
 #include "scribon_keywords.h"
 #include "validationcharm.h"
@@ -75,24 +76,6 @@ int keywordTypeOf(const QModelIndex& index)
     return editorTypeOf(index.siblingAtColumn(0));
 }
 
-// A keyword as the combo box shows it: in lower case, without its "@".
-QString offeredName(QString keyword)
-{
-    if (!keyword.startsWith(QLatin1Char('@')))
-        return keyword;
-    return keyword.remove(0, 1).toLower();
-}
-
-QStringList wordList()
-{
-    QStringList words;
-    for (const ScribonKeyword& keyword : SCRIBON_KEYWORDS) {
-        if (keyword.is(IN_WORD_LIST))
-            words.append(offeredName(QString::fromLatin1(keyword.spelling)));
-    }
-    return words;
-}
-
 QStringList wordsLeftFor(const QModelIndex& index)
 {
     QStringList list = wordList();
@@ -100,7 +83,7 @@ QStringList wordsLeftFor(const QModelIndex& index)
     const int numRows = model.rowCount();
     for (int row = 0; row < numRows; ++row) {
         if (row != index.row())
-            list.removeOne(offeredName(textOf(model.index(row, 0))));
+            list.removeOne(keywordWord(textOf(model.index(row, 0))));
     }
     return list;
 }
@@ -111,7 +94,7 @@ QStringList wordsLeftFor(const QModelIndex& index)
 const char* choiceHelpAt(int position, const QString& word)
 {
     const ScribonKeyword& keyword = SCRIBON_KEYWORDS[static_cast<size_t>(position)];
-    if (keyword.choiceHelp == nullptr || offeredName(QString::fromLatin1(keyword.spelling)) != word)
+    if (keyword.choiceHelp == nullptr || keywordWord(keyword) != word)
         return nullptr;
     return keyword.choiceHelp == SAME_AS_HELP ? keyword.help : keyword.choiceHelp;
 }
@@ -365,7 +348,7 @@ void Antlr3_BaseTreeDelegate::setEditorDataTab1Col0(QWidget* editor, const QMode
     if (isFreeText(editorTypeOf(item)))
         comboBox->lineEdit()->setText(item);
     else
-        showKeyword(comboBox, offeredName(item.trimmed()).toLower());
+        showKeyword(comboBox, keywordWord(item.trimmed()).toLower());
     comboBox->lineEdit()->selectAll();
 }
 

@@ -21,6 +21,7 @@
 #include "documentguard.h"
 #include "editor_antlr3.h"
 #include "editorundocommand.h"
+#include "keyword_words.h"
 #include "scribon_keywords.h"
 #include "stat_members.h"
 #include "statusbarform.h"
@@ -246,8 +247,7 @@ void MainWindow::fillKeywordHelp()
 {
     for (const ScribonKeyword& keyword : SCRIBON_KEYWORDS) {
         if (keyword.help != nullptr)
-            hash.insert(QString::fromLatin1(keyword.spelling + 1).toLower(),
-                        QString::fromLatin1(keyword.help));
+            hash.insert(keywordWord(keyword), QString::fromLatin1(keyword.help));
     }
 }
 
@@ -826,11 +826,9 @@ bool MainWindow::refusesRemoval(int tab, const QModelIndex& index, QString* keyw
         *keyword = QString::fromLatin1(factsOf(tab).section).toLower();
         return index.row() < 1;
     }
-    QString text = index.siblingAtColumn(0).data(Qt::DisplayRole).toString();
+    const QString text = index.siblingAtColumn(0).data(Qt::DisplayRole).toString();
     const QByteArray bytes = text.toLocal8Bit();
-    if (text.startsWith(QLatin1Char('@')))
-        text.remove(0, 1);
-    *keyword = text.toLower();
+    *keyword = keywordWord(text).toLower();
     return appGrammerRequired(bytes.constData(), static_cast<size_t>(bytes.size()));
 }
 

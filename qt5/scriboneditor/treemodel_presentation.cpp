@@ -5,6 +5,7 @@
 #include <array>
 
 #include "editor_access.h"
+#include "keyword_words.h"
 #include "treeitem.h"
 #include "treemodel.h"
 
@@ -149,7 +150,7 @@ QVariant TreeModel::decoration(const QModelIndex& index) const
 QVariant TreeModel::keywordToolTip(const QModelIndex& index) const
 {
     const QString text = textAt(index, 0);
-    const QString key = text.startsWith(QLatin1Char('@')) ? text.mid(1).toLower().trimmed() : text;
+    const QString key = text.startsWith(QLatin1Char('@')) ? keywordWord(text).trimmed() : text;
     QString help = editorAccess().keywordHelp(key);
     const int code = errorCode(index).toInt();
     if (code == DE_DUPLICATE_ERR)

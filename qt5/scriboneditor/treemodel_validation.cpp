@@ -3,7 +3,7 @@
 
 #include <QSet>
 
-#include "scribon_keywords.h"
+#include "keyword_words.h"
 #include "treeitem.h"
 #include "treemodel.h"
 
@@ -83,16 +83,6 @@ private:
 
 // ---- Keywords tab -------------------------------------------------------------------------------
 
-QSet<QString> wordList()
-{
-    QSet<QString> words;
-    for (const ScribonKeyword& keyword : SCRIBON_KEYWORDS) {
-        if (keyword.is(IN_WORD_LIST))
-            words.insert(QString::fromLatin1(keyword.spelling + 1).toLower());
-    }
-    return words;
-}
-
 bool isGoodValue(const RowJudgement& row, int kind, const QString& value)
 {
     switch (kind) {
@@ -134,7 +124,7 @@ void judgeKeyword(RowJudgement* row, const QString& keyword, QSet<QString>* word
 {
     if (!keyword.startsWith(QLatin1Char('@')))
         row->fault(0);
-    else if (words->remove(keyword.mid(1).toLower()))
+    else if (words->remove(keywordWord(keyword)))
         row->clean(0);
     else
         row->duplicate(0);
@@ -365,7 +355,8 @@ void TreeModel::validate_tab1()
 {
     if (!startPass())
         return;
-    QSet<QString> words = wordList();
+    const QStringList offered = wordList();
+    QSet<QString> words(offered.begin(), offered.end());
     const auto pass = judgeRows(rootItem.get(), judge, 0,
                                 [&words](RowJudgement* row) { judgeKeywordRow(row, &words); });
     endPass(pass.errors(), pass.changedCodes());

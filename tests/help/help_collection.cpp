@@ -6,6 +6,16 @@
 const QString HELP_DIR = QStringLiteral("/usr/local/share/doc/marvane/qt/scriboneditor/");
 const QString HELP_NAMESPACE = QStringLiteral("marvane.scriboneditor.1.0");
 
+QString wordOf(const QString& spelling)
+{
+    return spelling.mid(1).toLower();
+}
+
+QString pageOf(const QString& spelling)
+{
+    return QStringLiteral("keyword_%1.htm").arg(wordOf(spelling));
+}
+
 QUrl helpUrl(const QString& name)
 {
     return QUrl(QStringLiteral("qthelp://%1/doc/%2").arg(HELP_NAMESPACE, name));

@@ -12,6 +12,10 @@
 extern const QString HELP_DIR;
 extern const QString HELP_NAMESPACE;
 
+// A keyword's spelling in lower case without "@", and the name of the page on it.
+QString wordOf(const QString& spelling);
+QString pageOf(const QString& spelling);
+
 // The URL of a page; the name may have an anchor.
 QUrl helpUrl(const QString& name);
 

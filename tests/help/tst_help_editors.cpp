@@ -20,11 +20,6 @@ constexpr int VALUE = 1;
 constexpr int FIRST_LIST_ROW = 1;  // row 0 is the section's keyword
 constexpr int FIRST_LIST_COLUMN = 1;
 
-QString pageOf(const QString& keyword)
-{
-    return QStringLiteral("keyword_%1.htm").arg(keyword.mid(1).toLower());
-}
-
 // The page about the editor, with an anchor for the variants of the dialog; empty if there is none.
 QString editorPage(const QWidget* editor)
 {
