@@ -101,17 +101,6 @@ bool isTab(int tab)
     return tab >= 0 && tab < TAB_COUNT;
 }
 
-QStringList headersOf(int tab)
-{
-    QStringList headers;
-    for (int column = 0; column < NumberOfColumns[static_cast<size_t>(tab)]; ++column) {
-        const char* const header =
-            TableHeaders[static_cast<size_t>(tab) * HEADER_SLOTS + static_cast<size_t>(column)];
-        headers.append(header == nullptr ? QString() : MainWindow::tr(header));
-    }
-    return headers;
-}
-
 // Opens regular files only: a FIFO may block, a device may never end. A file that does not exist
 // may be created. Returns false, with the reason in *error, if the file is not opened.
 bool openRegular(QFile* file, QIODevice::OpenMode mode, QString* error)
@@ -406,8 +395,9 @@ void MainWindow::showDocument(const QString& fileName)
     setCurrentFile(fileName);
     std::array<std::unique_ptr<TreeModel>, TAB_COUNT> made;
     for (int tab = 0; tab < TAB_COUNT; ++tab)
-        made[static_cast<size_t>(tab)] = std::make_unique<TreeModel>(
-            headersOf(tab), getTree(), static_cast<ANTLR3_UINT32>(factsOf(tab).editTab), nullptr);
+        made[static_cast<size_t>(tab)] =
+            std::make_unique<TreeModel>(headersOf(factsOf(tab).editTab), getTree(),
+                                        static_cast<ANTLR3_UINT32>(factsOf(tab).editTab), nullptr);
     for (int tab = 0; tab < TAB_COUNT; ++tab)
         showModel(tab, std::move(made[static_cast<size_t>(tab)]));
     for (int tab = 0; tab < TAB_COUNT; ++tab)

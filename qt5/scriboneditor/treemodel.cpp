@@ -1,5 +1,6 @@
 #include "treemodel.h"
 
+#include <QCoreApplication>
 #include <QtGlobal>
 
 #include "editor_access.h"
@@ -31,6 +32,18 @@ const std::array<const char*, HEADER_COUNT> TableHeaders{
 };
 
 // clang-format on
+
+QStringList headersOf(int tab)
+{
+    const auto row = static_cast<size_t>(tab - EDIT_TAB1);
+    QStringList headers;
+    for (int column = 0; column < NumberOfColumns[row]; ++column) {
+        const char* const header = TableHeaders[row * HEADER_SLOTS + static_cast<size_t>(column)];
+        headers.append(header == nullptr ? QString()
+                                         : QCoreApplication::translate("MainWindow", header));
+    }
+    return headers;
+}
 
 namespace {
 

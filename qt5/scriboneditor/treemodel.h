@@ -26,6 +26,9 @@ constexpr int HEADER_COUNT = TAB_COUNT * HEADER_SLOTS;
 extern const std::array<int, TAB_COUNT> NumberOfColumns;
 extern const std::array<const char*, HEADER_COUNT> TableHeaders;
 
+// The translated headers of a tab, EDIT_TAB1 to EDIT_TAB5.
+QStringList headersOf(int tab);
+
 // The tab of a model, EDIT_TAB1 to EDIT_TAB5, by its object name; 0 if the name is another one.
 int tabOfModel(const QAbstractItemModel* model);
 

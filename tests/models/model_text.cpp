@@ -82,17 +82,6 @@ QStringList lines(std::initializer_list<const char*> texts)
     return result;
 }
 
-QStringList headersOf(int tab)
-{
-    const auto tabIndex = static_cast<size_t>(tab - EDIT_TAB1);
-    QStringList headers;
-    for (int column = 0; column < NumberOfColumns[tabIndex]; ++column) {
-        const size_t slot = tabIndex * HEADER_SLOTS + static_cast<size_t>(column);
-        headers.append(QString::fromLatin1(TableHeaders[slot]));
-    }
-    return headers;
-}
-
 std::unique_ptr<TreeModel> modelOfTree(pANTLR3_BASE_TREE tree, int tab)
 {
     auto model = std::make_unique<TreeModel>(headersOf(tab), tree, static_cast<ANTLR3_UINT32>(tab));

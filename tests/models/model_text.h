@@ -15,9 +15,6 @@
 // Converts string literals.
 QStringList lines(std::initializer_list<const char*> texts);
 
-// The headers of a tab, untranslated.
-QStringList headersOf(int tab);
-
 // The model of a tab for a tree, for the tree of the last load, and for a spec text. Each has a
 // QAbstractItemModelTester, which fails the test if the model is invalid.
 std::unique_ptr<TreeModel> modelOfTree(pANTLR3_BASE_TREE tree, int tab);
