@@ -9,7 +9,7 @@
 
 namespace {
 
-// Leaves an edit time to become several, and the writing the rest of the five seconds.
+// Collects several edits into one copy, and leaves three of the five seconds for writing it.
 constexpr int COPY_SOON_MS = 2000;
 
 QString shortPath(const QString& path)
@@ -97,7 +97,7 @@ void DocumentGuard::writeCopy()
                                 .arg(shortPath(recoveryFolder()), error));
 }
 
-// What was opened from an abandoned copy and is now on disk elsewhere needs that copy no more.
+// Removes the abandoned copy that was opened, once it is saved under another name.
 void DocumentGuard::saved(const QString& fileName, const QByteArray& text)
 {
     const QString openedFile = m_file.fileName();

@@ -1,6 +1,5 @@
-// Keeps the user's work from being lost without a word: a recovery copy while there are unsaved
-// changes, a look at the file on disk, and notices of both in the status bar. Saving and loading
-// report to it; it decides nothing about them.
+// Protects the document: writes a recovery copy while there are unsaved changes, watches the file
+// on disk, and shows notices of both in the status bar. Loading and saving only report to it.
 #pragma once
 
 #include <QByteArray>
@@ -19,36 +18,36 @@ class DocumentGuard : public QObject {
     Q_OBJECT
 
 public:
-    // What the guard asks about the document, whenever it wants to know.
+    // Callbacks to the owner of the document.
     struct Document {
         std::function<bool()> hasUnsavedWork;
         std::function<QByteArray()> text;  // as Save would write it now
     };
 
-    // The window's activation is an occasion to look at the file. Both must outlive the guard.
+    // Checks the file whenever the window is activated. Window and status bar must outlive it.
     DocumentGuard(QWidget* window, QStatusBar* statusBar, Document document);
 
-    // Another document is open, read from these bytes of its file. The copy of the one before goes,
-    // unless that is the only place that holds it.
+    // A document has been loaded from these bytes. Removes the copy of the previous document,
+    // unless its last save failed and the copy is all there is.
     void loaded(const QString& fileName, const QByteArray& bytes);
 
     // No document is open any more.
     void unloaded();
 
-    // Something changed. Cheap: the copy is written within five seconds, when the program is idle.
+    // The document has changed. Only starts a timer: the copy is written within five seconds.
     void edited();
 
-    // Save is about to empty the file; and the file could not be opened for it.
+    // Before Save truncates the file, and if the file could not be opened for writing.
     void aboutToSave();
     void saveRefused();
 
-    // Save has written this text, as far as it knows. The copy goes if the file really holds it.
+    // After Save. Removes the copy if the file, read back, has this text.
     void saved(const QString& fileName, const QByteArray& text);
 
-    // The window closes and the user keeps nothing: no copy is written from now on.
+    // The window has been closed: no copy is written from now on.
     void closed();
 
-    // Writes the copy at once if there is unsaved work. For a process that is about to end.
+    // Writes the copy at once if there is unsaved work, for a process that is about to end.
     void copyUnsavedWork();
 
 protected:

@@ -29,7 +29,7 @@ const auto TIME_KEY = QStringLiteral("time");
 
 constexpr auto OWNER_ONLY = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 
-// The desktop's rule for state files: a relative path counts as none.
+// As the XDG base directory specification says, a relative path is ignored.
 QString stateDirectory()
 {
     QString state = qEnvironmentVariable("XDG_STATE_HOME");
@@ -39,7 +39,7 @@ QString stateDirectory()
     return QFileInfo(home).isDir() ? home + QStringLiteral("/.local/state") : QString();
 }
 
-// A write on a full disk first comes back short; only the next one tells why.
+// On a full disk the first write is short without an error; the next one has the error.
 bool writeAll(QIODevice* file, const QByteArray& bytes)
 {
     qint64 done = 0;
@@ -123,7 +123,7 @@ QString makeFolder(QString* error)
 
 // ---- Locks -------------------------------------------------------------------------------------
 
-// The kernel releases the lock when the process ends, however it ends.
+// An flock() lock: the kernel releases it however the process ends.
 class FolderLock {
 public:
     explicit FolderLock(const QString& folder, int flags = 0)
@@ -150,7 +150,7 @@ private:
 
 namespace {
 
-// Where the file system cannot lock, the process itself is looked for.
+// If the file system does not support locks, checks whether the process exists.
 bool isAbandoned(const QString& folder, const FolderLock& lock)
 {
     if (lock.error() == 0)

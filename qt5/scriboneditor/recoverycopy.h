@@ -1,11 +1,8 @@
-// Copies of unsaved documents, kept below the user's state directory until the work is on disk or
-// given up:
-//
-//   $XDG_STATE_HOME/scriboneditor/recovery/1/scrib_x            the document, as Save would write
-//   it
-//                                           /.belongs_to.json   its file, its process and its host
-//                                           /.lock              locked as long as that process
-//                                           lives
+// Copies of unsaved documents in the user's state directory. Each has a numbered folder in
+// $XDG_STATE_HOME/scriboneditor/recovery, with three files:
+//   scrib_x            the document as Save would write it, under the name of its file
+//   .belongs_to.json   its file, time, process and host
+//   .lock              locked (flock) while that process runs
 #pragma once
 
 #include <QByteArray>
@@ -20,11 +17,11 @@ class FolderLock;
 class RecoveryCopy {
 public:
     RecoveryCopy();
-    // Leaves a copy that is there where it is.
+    // Does not remove the copy.
     ~RecoveryCopy();
 
-    // Replaces the copy, atomically; readable by its user alone. False with the system's text in
-    // *error when it could not be written; an earlier copy is then still there.
+    // Replaces the copy atomically; only the user may read it. Returns false, with the system's
+    // message in *error, if it cannot be written; the earlier copy is kept then.
     bool write(const QString& document, const QByteArray& text, QString* error);
 
     // The file of the copy; empty when there is none.
@@ -32,7 +29,7 @@ public:
 
     void remove();
 
-    // The copy stays for a later start, and the next write makes another.
+    // Keeps the copy on disk for a later start; the next write makes another one.
     void leave();
 
 private:
@@ -44,15 +41,15 @@ private:
     std::unique_ptr<FolderLock> m_lock;
 };
 
-// A copy whose process lives no more.
+// A copy whose process has ended.
 struct AbandonedCopy {
     QString path;
     QString document;  // the file that it was made of
     QDateTime time;
 };
 
-// Newest first. Copies that may still have a living process, on this machine or another one that
-// shares the home, are left out.
+// Newest first. Leaves out copies whose process may still run, on this machine or on another one
+// with the same home.
 QVector<AbandonedCopy> abandonedCopies();
 
 // Removes the copy, if the path is that of an abandoned one.
