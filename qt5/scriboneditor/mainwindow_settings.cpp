@@ -35,11 +35,10 @@ class CellSettings {
 public:
     CellSettings()
     {
-        usePath();
+        QSettings::setPath(QSettings::NativeFormat, QSettings::SystemScope, directory());
         m_settings =
             std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::SystemScope,
                                         QStringLiteral("ScribonUI"), QStringLiteral("preferences"));
-        usePath();
     }
 
     QSettings* operator->() { return m_settings.get(); }
@@ -52,11 +51,6 @@ private:
         const bool usable =
             std::none_of(SETTINGS_FILES.begin(), SETTINGS_FILES.end(), isSomethingElse);
         return usable ? SETTINGS_DIRECTORY : QStringLiteral("/dev/null");
-    }
-
-    static void usePath()
-    {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::SystemScope, directory());
     }
 
     std::unique_ptr<QSettings> m_settings;
