@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSpinBox>
+#include <array>
 #include <cstring>
 
 #include "asamspecs_select.h"
@@ -16,15 +17,6 @@
 namespace {
 
 constexpr int MIN_ROW_HEIGHT = 40;
-
-// The cell's error code. Before the first validation: DE_NOERROR in column 0, DE_NOFIELD elsewhere.
-int errorValue(const QModelIndex& index)
-{
-    const QVariant code = index.data(Qt::UserRole);
-    if (code.isNull())
-        return index.column() == 0 ? int(DE_NOERROR) : int(DE_NOFIELD);
-    return code.toInt();
-}
 
 void setSelectionColour(QPalette* palette, const QColor& colour)
 {
@@ -44,7 +36,7 @@ void Antlr3_BaseTreeDelegate::paint(QPainter* painter, const QStyleOptionViewIte
     QStyleOptionViewItem myOption = option;
     myOption.decorationPosition = QStyleOptionViewItem::Right;
     myOption.font = editorAccess().preferences().editorFont;
-    const bool wrong = errorValue(index) > DE_NOERROR;
+    const bool wrong = index.data(Qt::UserRole).toInt() > DE_NOERROR;
     if (wrong)
         myOption.icon = QIcon(QStringLiteral(":/resources/dialog-error.png"));
     if (option.state.testFlag(QStyle::State_Selected))
@@ -87,70 +79,47 @@ QSize Antlr3_BaseTreeDelegate::sizeHint(const QStyleOptionViewItem& option,
 
 // ---- The tab of a cell -------------------------------------------------------------------------
 
+struct Antlr3_BaseTreeDelegate::TabFunctions {
+    QWidget* (Antlr3_BaseTreeDelegate::*createEditor)(QWidget*, const QStyleOptionViewItem&,
+                                                      const QModelIndex&) const;
+    void (Antlr3_BaseTreeDelegate::*setEditorData)(QWidget*, const QModelIndex&) const;
+    void (Antlr3_BaseTreeDelegate::*setModelData)(QWidget*, QAbstractItemModel*,
+                                                  const QModelIndex&) const;
+};
+
+const Antlr3_BaseTreeDelegate::TabFunctions* Antlr3_BaseTreeDelegate::functionsOf(
+    const QAbstractItemModel* model)
+{
+    using Delegate = Antlr3_BaseTreeDelegate;
+    static constexpr std::array<TabFunctions, TAB_COUNT> FUNCTIONS{{
+        {&Delegate::createEditorTab1, &Delegate::setEditorDataTab1, &Delegate::setModelDataTab1},
+        {&Delegate::createEditorTab2, &Delegate::setEditorDataTab2, &Delegate::setModelDataTab2},
+        {&Delegate::createEditorTab3, &Delegate::setEditorDataTab3, &Delegate::setModelDataTab3},
+        {&Delegate::createEditorTab4, &Delegate::setEditorDataTab4, &Delegate::setModelDataTab4},
+        {&Delegate::createEditorTab5, &Delegate::setEditorDataTab5, &Delegate::setModelDataTab5},
+    }};
+    const int tab = tabOfModel(model);
+    return tab == 0 ? nullptr : &FUNCTIONS[static_cast<size_t>(tab - EDIT_TAB1)];
+}
+
 QWidget* Antlr3_BaseTreeDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                                const QModelIndex& index) const
 {
-    switch (tabOfModel(index.model())) {
-        case EDIT_TAB5:
-            return createEditorTab5(parent, option, index);
-        case EDIT_TAB4:
-            return createEditorTab4(parent, option, index);
-        case EDIT_TAB3:
-            return createEditorTab3(parent, option, index);
-        case EDIT_TAB2:
-            return createEditorTab2(parent, option, index);
-        case EDIT_TAB1:
-            return createEditorTab1(parent, option, index);
-        default:
-            return nullptr;
-    }
+    const TabFunctions* const tab = functionsOf(index.model());
+    return tab == nullptr ? nullptr : (this->*tab->createEditor)(parent, option, index);
 }
 
 void Antlr3_BaseTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
 {
-    switch (tabOfModel(index.model())) {
-        case EDIT_TAB1:
-            setEditorDataTab1(editor, index);
-            break;
-        case EDIT_TAB2:
-            setEditorDataTab2(editor, index);
-            break;
-        case EDIT_TAB3:
-            setEditorDataTab3(editor, index);
-            break;
-        case EDIT_TAB4:
-            setEditorDataTab4(editor, index);
-            break;
-        case EDIT_TAB5:
-            setEditorDataTab5(editor, index);
-            break;
-        default:
-            break;
-    }
+    if (const TabFunctions* const tab = functionsOf(index.model()))
+        (this->*tab->setEditorData)(editor, index);
 }
 
 void Antlr3_BaseTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
                                            const QModelIndex& index) const
 {
-    switch (tabOfModel(index.model())) {
-        case EDIT_TAB5:
-            setModelDataTab5(editor, model, index);
-            break;
-        case EDIT_TAB4:
-            setModelDataTab4(editor, model, index);
-            break;
-        case EDIT_TAB3:
-            setModelDataTab3(editor, model, index);
-            break;
-        case EDIT_TAB2:
-            setModelDataTab2(editor, model, index);
-            break;
-        case EDIT_TAB1:
-            setModelDataTab1(editor, model, index);
-            break;
-        default:
-            break;
-    }
+    if (const TabFunctions* const tab = functionsOf(index.model()))
+        (this->*tab->setModelData)(editor, model, index);
 }
 
 // ---- The life of an editor ---------------------------------------------------------------------

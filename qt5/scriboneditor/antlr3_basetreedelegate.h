@@ -10,6 +10,7 @@
 #include "marvane_headers.h"
 
 class QComboBox;
+struct LineFormat;
 
 class Antlr3_BaseTreeDelegate : public QStyledItemDelegate {
     Q_OBJECT
@@ -55,6 +56,11 @@ public Q_SLOTS:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
+    struct TabFunctions;
+
+    // Null if the model is not that of a tab.
+    static const TabFunctions* functionsOf(const QAbstractItemModel* model);
+
     QWidget* createEditorTab1(QWidget* the_parent, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const;
     QWidget* createEditorTab2(QWidget* the_parent, const QStyleOptionViewItem& option,
@@ -133,6 +139,9 @@ private:
     void endEdit(bool commit);
     QWidget* keywordEditor(QWidget* the_parent, const QModelIndex& index) const;
     QWidget* keywordValueEditor(QWidget* the_parent, const QModelIndex& index) const;
+    QWidget* secondValueEditor(QWidget* the_parent, const QModelIndex& index) const;
+    QWidget* lineEditor(QWidget* the_parent, const LineFormat& line,
+                        const QModelIndex& index) const;
     QWidget* variableEditor(const QModelIndex& index, int type, const char* optionalData) const;
     QWidget* statMemberEditor(QWidget* the_parent) const;
     QWidget* listKeywordEditor(QWidget* the_parent, const QStringList& keywords) const;

@@ -13,67 +13,19 @@
 #include "keyword_words.h"
 #include "line_breaks.h"
 #include "scribon_keywords.h"
+#include "textjudge.h"
+#include "treeitem.h"
 #include "validationcharm.h"
-#include "validatorformat.h"
+#include "value_kinds.h"
 #include "variableselectiondialog.h"
 
 namespace {
 
 constexpr int MAX_SCANS = 1000000;
 
-struct LineFormat {
-    VaidatorFormat format;
-    unsigned int length;
-    const char* message;
-};
-
-constexpr LineFormat EVENT_LINE{Event_Name_VF, 32, "Invalid event-name"};
-constexpr LineFormat INTERVAL_LINE{Interval_VF, 32, "Invalid interval"};
-constexpr LineFormat DESCRIPTION_LINE{Descript_VF, 128, "Invalid description"};
-constexpr LineFormat REGNAME_LINE{RegName_VF, 32, "Invalid registered-name"};
-constexpr LineFormat SCRIBON_LINE{Scribonid_VF, 80, "Invalid scribon identifier"};
-constexpr LineFormat ANY_LINE{Default_VF, 80, "Invalid input"};
-
-const LineFormat& lineFormatOf(int editorType)
+const ValueKind& valueKindOf(const QModelIndex& index)
 {
-    switch (editorType) {
-        case EVENT_EDITOR:
-            return EVENT_LINE;
-        case FLOAT_UNIT_EDITOR:
-        case INTEGER_TIME_INT_EDITOR:
-            return INTERVAL_LINE;
-        case DESCRIPTION_EDITOR:
-            return DESCRIPTION_LINE;
-        case REGNAME_EDITOR:
-            return REGNAME_LINE;
-        case SCRIBON_EDITOR:
-            return SCRIBON_LINE;
-        default:
-            return ANY_LINE;
-    }
-}
-
-// Null if the keyword has no second value.
-const LineFormat* secondLineFormatOf(int editorType)
-{
-    switch (editorType) {
-        case TEXT_BLOCK:
-            return &ANY_LINE;
-        case INTEGER_TIME_INT_EDITOR:
-            return &EVENT_LINE;
-        default:
-            return nullptr;
-    }
-}
-
-const char* patternOf(const LineFormat& line)
-{
-    return ValidatorPatterns[line.format];
-}
-
-int keywordTypeOf(const QModelIndex& index)
-{
-    return editorTypeOf(index.siblingAtColumn(0));
+    return valueKind(editorTypeOf(index.siblingAtColumn(KeywordsTab::KEYWORD)));
 }
 
 QStringList wordsLeftFor(const QModelIndex& index)
@@ -83,7 +35,7 @@ QStringList wordsLeftFor(const QModelIndex& index)
     const int numRows = model.rowCount();
     for (int row = 0; row < numRows; ++row) {
         if (row != index.row())
-            list.removeOne(keywordWord(textOf(model.index(row, 0))));
+            list.removeOne(keywordWord(textOf(model.index(row, KeywordsTab::KEYWORD))));
     }
     return list;
 }
@@ -161,25 +113,9 @@ void showInDialog(VariableSelectionDialog* dialog, int editorType, const QModelI
         showVariableOfCell(dialog, index);
 }
 
-bool isEditedInDialog(int editorType)
+QString valueOfDialog(const VariableSelectionDialog& dialog, const VariableChoice& choice)
 {
-    switch (editorType) {
-        case LOGICAL_VAR_EDITOR:
-        case STRING_VAR_EDITOR:
-        case SCAN_INTERVAL_EDITOR:
-        case SCAN_LIST_EDITOR:
-        case DIR_PATH_EDITOR:
-            return true;
-        default:
-            return false;
-    }
-}
-
-QString valueOfDialog(const VariableSelectionDialog& dialog, int editorType)
-{
-    const bool hasOptionalLine =
-        editorType == SCAN_INTERVAL_EDITOR || editorType == DIR_PATH_EDITOR;
-    if (hasOptionalLine && !dialog.optionalText().isEmpty())
+    if (choice.hasOptionalLine() && !dialog.optionalText().isEmpty())
         return dialog.optionalText();
     return dialog.variableComboBox()->currentText();
 }
@@ -193,7 +129,7 @@ QString freeTextOrKeyword(const QString& value, int editorType)
     if (!value.isEmpty() && !value.startsWith(QLatin1Char('#')))
         value2 = QLatin1Char('@') + value.toUpper();
     int tok_type = 0;
-    const int type = editorTypeOf(value2, &tok_type);
+    const int type = classify(value2, &tok_type);
     return type != editorType && tok_type != TOKEN_KYWD_DEFAULT ? value2.toUpper() : value;
 }
 
@@ -205,15 +141,16 @@ QWidget* Antlr3_BaseTreeDelegate::createEditorTab1(QWidget* the_parent,
                                                    const QStyleOptionViewItem& /*option*/,
                                                    const QModelIndex& index) const
 {
-    const int column = index.column();
-    if (column == 0)
-        return keywordEditor(the_parent, index);
-    if (column == 1)
-        return keywordValueEditor(the_parent, index);
-    const LineFormat* const line = column == 2 ? secondLineFormatOf(keywordTypeOf(index)) : nullptr;
-    if (line == nullptr)
-        return nullptr;
-    return get_line_editor(the_parent, patternOf(*line), line->length, line->message, index);
+    switch (index.column()) {
+        case KeywordsTab::KEYWORD:
+            return keywordEditor(the_parent, index);
+        case KeywordsTab::VALUE:
+            return keywordValueEditor(the_parent, index);
+        case KeywordsTab::SECOND_VALUE:
+            return secondValueEditor(the_parent, index);
+        default:
+            return nullptr;
+    }
 }
 
 QWidget* Antlr3_BaseTreeDelegate::keywordEditor(QWidget* the_parent, const QModelIndex& index) const
@@ -236,30 +173,35 @@ QWidget* Antlr3_BaseTreeDelegate::keywordEditor(QWidget* the_parent, const QMode
 QWidget* Antlr3_BaseTreeDelegate::keywordValueEditor(QWidget* the_parent,
                                                      const QModelIndex& index) const
 {
-    const int editorType = keywordTypeOf(index);
-    switch (editorType) {
-        case COMMENT_LINE:
-        case NOEDITOR:
-            return nullptr;
-        case YESNO_EDITOR:
+    const ValueKind& kind = valueKindOf(index);
+    switch (kind.widget) {
+        case ValueWidget::YesNo:
             return yesno_editor(the_parent);
-        case INTEGER_EDITOR:
+        case ValueWidget::Number:
             return integer_editor(the_parent, 0, MAX_SCANS);
-        case LOGICAL_VAR_EDITOR:
-            return variableEditor(index, QT_MARVANE_LOGICAL, "");
-        case STRING_VAR_EDITOR:
-            return variableEditor(index, QT_MARVANE_STRING, "");
-        case SCAN_INTERVAL_EDITOR:
-            return variableEditor(index, QT_MARVANE_INTEGER, "Interval");
-        case SCAN_LIST_EDITOR:
-            return variableEditor(index, QT_MARVANE_ANY, "");
-        case DIR_PATH_EDITOR:
-            return variableEditor(index, QT_MARVANE_STRING, "Path");
-        default:
+        case ValueWidget::Line:
+            return lineEditor(the_parent, kind.value, index);
+        case ValueWidget::Dialog:
+            return variableEditor(index, kind.choice.variables, kind.choice.optionalLabel);
+        case ValueWidget::None:
             break;
     }
-    const LineFormat& line = lineFormatOf(editorType);
-    return get_line_editor(the_parent, patternOf(line), line.length, line.message, index);
+    return nullptr;
+}
+
+QWidget* Antlr3_BaseTreeDelegate::secondValueEditor(QWidget* the_parent,
+                                                    const QModelIndex& index) const
+{
+    const SecondValue& second = valueKindOf(index).second;
+    return second.use >= SecondValueUse::Edited ? lineEditor(the_parent, second.line, index)
+                                                : nullptr;
+}
+
+QWidget* Antlr3_BaseTreeDelegate::lineEditor(QWidget* the_parent, const LineFormat& line,
+                                             const QModelIndex& index) const
+{
+    return get_line_editor(the_parent, ValidatorPatterns[line.format], line.length, line.message,
+                           index);
 }
 
 QWidget* Antlr3_BaseTreeDelegate::get_line_editor(QWidget* parent, const char* format,
@@ -323,13 +265,13 @@ void Antlr3_BaseTreeDelegate::keywordComboBoxSetup(QComboBox* editor,
 void Antlr3_BaseTreeDelegate::setEditorDataTab1(QWidget* editor, const QModelIndex& index) const
 {
     switch (index.column()) {
-        case 0:
+        case KeywordsTab::KEYWORD:
             setEditorDataTab1Col0(editor, index);
             break;
-        case 1:
+        case KeywordsTab::VALUE:
             setEditorDataTab1Col1(editor, index);
             break;
-        case 2:
+        case KeywordsTab::SECOND_VALUE:
             setEditorDataTab1Col2(editor, index);
             break;
         default:
@@ -345,7 +287,7 @@ void Antlr3_BaseTreeDelegate::setEditorDataTab1Col0(QWidget* editor, const QMode
     auto* const comboBox = qobject_cast<QComboBox*>(editor);
     if (item.isEmpty() || comboBox == nullptr || comboBox->lineEdit() == nullptr)
         return;
-    if (isFreeText(editorTypeOf(item)))
+    if (isFreeText(classify(item)))
         comboBox->lineEdit()->setText(item);
     else
         showKeyword(comboBox, keywordWord(item.trimmed()).toLower());
@@ -354,19 +296,20 @@ void Antlr3_BaseTreeDelegate::setEditorDataTab1Col0(QWidget* editor, const QMode
 
 void Antlr3_BaseTreeDelegate::setEditorDataTab1Col1(QWidget* editor, const QModelIndex& index) const
 {
-    const int editorType = keywordTypeOf(index);
-    if (editorType == YESNO_EDITOR) {
+    const ValueKind& kind = valueKindOf(index);
+    const QString text = textOf(index);
+    if (kind.widget == ValueWidget::YesNo) {
         if (auto* const comboBox = qobject_cast<QComboBox*>(editor))
-            comboBox->setCurrentIndex(comboBox->findText(textOf(index).toLower()));
-    } else if (editorType == INTEGER_EDITOR) {
+            comboBox->setCurrentIndex(comboBox->findText(text.toLower()));
+    } else if (kind.widget == ValueWidget::Number) {
         if (auto* const spinBox = qobject_cast<QSpinBox*>(editor))
             spinBox->setValue(index.data(Qt::EditRole).toInt());
-    } else if (isEditedInDialog(editorType)) {
+    } else if (kind.widget == ValueWidget::Dialog) {
         if (auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor))
-            showInDialog(dialog, editorType, index);
+            showInDialog(dialog, kind.editor, index);
     } else if (auto* const lineEdit = qobject_cast<QLineEdit*>(editor)) {
-        const QString text = textOf(index);
-        lineEdit->setText(editorType == FILLER_DATA || text == FILLER_TEXT ? QString() : text);
+        const bool empty = kind.editor == FILLER_DATA || text == FILLER_TEXT;
+        lineEdit->setText(empty ? QString() : text);
     }
 }
 
@@ -376,8 +319,8 @@ void Antlr3_BaseTreeDelegate::setEditorDataTab1Col2(QWidget* editor, const QMode
     const QString text = textOf(index);
     if (lineEdit == nullptr || text.isEmpty())
         return;
-    const int ttype = editorTypeOf(text);
-    if (ttype == EVENT_EDITOR || keywordTypeOf(index) == INTEGER_TIME_INT_EDITOR)
+    const int ttype = classify(text);
+    if (ttype == EVENT_EDITOR || valueKindOf(index).second.use == SecondValueUse::Checked)
         lineEdit->setText(text);
     else if (ttype == FILLER_DATA)
         lineEdit->clear();
@@ -389,13 +332,13 @@ void Antlr3_BaseTreeDelegate::setModelDataTab1(QWidget* editor, QAbstractItemMod
                                                const QModelIndex& index) const
 {
     switch (index.column()) {
-        case 0:
+        case KeywordsTab::KEYWORD:
             setModelDataTab1Col0(editor, model, index);
             break;
-        case 1:
+        case KeywordsTab::VALUE:
             setModelDataTab1Col1(editor, model, index);
             break;
-        case 2:
+        case KeywordsTab::SECOND_VALUE:
             setModelDataTab1Col2(editor, model, index);
             break;
         default:
@@ -420,18 +363,18 @@ void Antlr3_BaseTreeDelegate::setModelDataTab1Col0(QWidget* editor, QAbstractIte
 void Antlr3_BaseTreeDelegate::setModelDataTab1Col1(QWidget* editor, QAbstractItemModel* model,
                                                    const QModelIndex& index) const
 {
-    const int editorType = keywordTypeOf(index);
-    if (editorType == YESNO_EDITOR) {
+    const ValueKind& kind = valueKindOf(index);
+    if (kind.widget == ValueWidget::YesNo) {
         if (const auto* const comboBox = qobject_cast<QComboBox*>(editor))
             store(model, index, comboBox->currentText());
-    } else if (editorType == INTEGER_EDITOR) {
+    } else if (kind.widget == ValueWidget::Number) {
         if (auto* const spinBox = qobject_cast<QSpinBox*>(editor)) {
             spinBox->interpretText();
             store(model, index, spinBox->value());
         }
-    } else if (isEditedInDialog(editorType)) {
+    } else if (kind.widget == ValueWidget::Dialog) {
         if (const auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor))
-            store(model, index, valueOfDialog(*dialog, editorType));
+            store(model, index, valueOfDialog(*dialog, kind.choice));
     } else if (const auto* const lineEdit = qobject_cast<QLineEdit*>(editor)) {
         store(model, index, lineEdit->text());
     }
@@ -440,8 +383,7 @@ void Antlr3_BaseTreeDelegate::setModelDataTab1Col1(QWidget* editor, QAbstractIte
 void Antlr3_BaseTreeDelegate::setModelDataTab1Col2(QWidget* editor, QAbstractItemModel* model,
                                                    const QModelIndex& index) const
 {
-    const int editorType = keywordTypeOf(index);
     const auto* const lineEdit = qobject_cast<QLineEdit*>(editor);
-    if (lineEdit != nullptr && (isFreeText(editorType) || editorType == INTEGER_TIME_INT_EDITOR))
+    if (lineEdit != nullptr && valueKindOf(index).second.use != SecondValueUse::None)
         store(model, index, lineEdit->text());
 }

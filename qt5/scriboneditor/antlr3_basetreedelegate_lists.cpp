@@ -14,6 +14,7 @@
 #include "editor_access.h"
 #include "line_breaks.h"
 #include "stat_members.h"
+#include "treeitem.h"
 #include "validatorformat.h"
 #include "variableselectiondialog.h"
 
@@ -61,7 +62,7 @@ QString foreignMember(const QString& statmem)
 QString withFullStop(const QString& member)
 {
     const bool complete =
-        member.startsWith(QLatin1Char('.')) || member == QLatin1String("LOG_DIGITAL_DESCP");
+        member.startsWith(QLatin1Char('.')) || member == QLatin1String(LOG_DIGITAL_DESCP.name);
     return complete ? member : QLatin1Char('.') + member;
 }
 
@@ -84,7 +85,7 @@ void storeScanListVariable(const VariableSelectionDialog& dialog, QAbstractItemM
         value += unitsSuffix(dialog);
     store(model, index, value);
     if (!statmem.isEmpty())
-        store(model, index.siblingAtColumn(2), dstatmem);
+        store(model, index.siblingAtColumn(ScanListTab::MEMBER), dstatmem);
 }
 
 // ---- The rest of the cells ---------------------------------------------------------------------
@@ -178,7 +179,8 @@ bool isOffered(const PAM_KEYWORD& entry, int32_t unitsCode, int keywordType)
            entry.keyword[0] != '\0';
 }
 
-// How often each text occurs in column 3 of the other rows.
+// How often each channel keyword occurs in the other rows. No text on the Meta Data List, which has
+// no such column.
 QHash<QString, int> keywordsOfOtherRows(const QModelIndex& index)
 {
     QHash<QString, int> uses;
@@ -186,7 +188,7 @@ QHash<QString, int> keywordsOfOtherRows(const QModelIndex& index)
     const int numRows = model.rowCount();
     for (int row = 0; row < numRows; ++row) {
         if (row != index.row())
-            ++uses[model.index(row, 3).data(Qt::DisplayRole).toString()];
+            ++uses[model.index(row, ScanListTab::CHANNEL).data(Qt::DisplayRole).toString()];
     }
     return uses;
 }
@@ -253,12 +255,12 @@ QWidget* Antlr3_BaseTreeDelegate::createEditorTab2(QWidget* the_parent,
                                                    const QModelIndex& index) const
 {
     const int column = index.column();
-    if (column == 1)
+    if (column == ScanListTab::VARIABLE)
         return variableEditor(index, QT_MARVANE_ANY, "");
-    if (column == 2)
+    if (column == ScanListTab::MEMBER)
         return statMemberEditor(the_parent);
-    const QString variable = textOf(index.siblingAtColumn(1));
-    if (column == 3 && !variable.isEmpty())
+    const QString variable = textOf(index.siblingAtColumn(ScanListTab::VARIABLE));
+    if (column == ScanListTab::CHANNEL && !variable.isEmpty())
         return listKeywordEditor(the_parent, Chan_Keywords(variable, index));
     return nullptr;
 }
@@ -285,13 +287,13 @@ QWidget* Antlr3_BaseTreeDelegate::statMemberEditor(QWidget* the_parent) const
 void Antlr3_BaseTreeDelegate::setEditorDataTab2(QWidget* editor, const QModelIndex& index) const
 {
     switch (index.column()) {
-        case 1:
+        case ScanListTab::VARIABLE:
             setEditorDataTab2Col1(editor, index);
             break;
-        case 2:
+        case ScanListTab::MEMBER:
             setEditorDataTab2Col2(editor, index);
             break;
-        case 3:
+        case ScanListTab::CHANNEL:
             setEditorDataTab2Col3(editor, index);
             break;
         default:
@@ -324,13 +326,13 @@ void Antlr3_BaseTreeDelegate::setModelDataTab2(QWidget* editor, QAbstractItemMod
                                                const QModelIndex& index) const
 {
     if (const auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor)) {
-        if (index.column() == 1)
+        if (index.column() == ScanListTab::VARIABLE)
             storeScanListVariable(*dialog, model, index);
     } else if (const auto* const comboBox = qobject_cast<QComboBox*>(editor)) {
         // The two blanks separate the member from the variable in the file.
-        if (index.column() == 2)
+        if (index.column() == ScanListTab::MEMBER)
             store(model, index, QLatin1String("  ") + comboBox->currentText());
-        else if (index.column() == 3)
+        else if (index.column() == ScanListTab::CHANNEL)
             store(model, index, comboBox->currentText());
     }
 }
@@ -341,19 +343,19 @@ QWidget* Antlr3_BaseTreeDelegate::createEditorTab3(QWidget* the_parent,
                                                    const QStyleOptionViewItem& /*option*/,
                                                    const QModelIndex& index) const
 {
-    if (index.column() == 2)
+    if (index.column() == MetaDataTab::VARIABLE)
         return variableEditor(index, QT_MARVANE_ANY, "Literal");
     const QString keyword = textOf(index);
-    if (index.column() == 1 && !keyword.isEmpty())
+    if (index.column() == MetaDataTab::PARAMETER && !keyword.isEmpty())
         return listKeywordEditor(the_parent, PAM_Keywords(keyword, index));
     return nullptr;
 }
 
 void Antlr3_BaseTreeDelegate::setEditorDataTab3(QWidget* editor, const QModelIndex& index) const
 {
-    if (index.column() == 1)
+    if (index.column() == MetaDataTab::PARAMETER)
         setEditorDataTab3Col1(editor, index);
-    else if (index.column() == 2)
+    else if (index.column() == MetaDataTab::VARIABLE)
         setEditorDataTab3Col2(editor, index);
 }
 
@@ -381,12 +383,12 @@ void Antlr3_BaseTreeDelegate::setModelDataTab3(QWidget* editor, QAbstractItemMod
 {
     const auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor);
     const auto* const comboBox = qobject_cast<QComboBox*>(editor);
-    if (index.column() == 2 && dialog != nullptr) {
+    if (index.column() == MetaDataTab::VARIABLE && dialog != nullptr) {
         const bool isVariable = dialog->optionalText().isEmpty();
         const QString value = isVariable ? joinFromDialog(*dialog) : dialog->optionalText();
         if (!value.isEmpty())
             store(model, index, value);
-    } else if (index.column() == 1 && comboBox != nullptr) {
+    } else if (index.column() == MetaDataTab::PARAMETER && comboBox != nullptr) {
         store(model, index, comboBox->currentText());
     }
 }
@@ -398,9 +400,9 @@ QWidget* Antlr3_BaseTreeDelegate::createEditorTab4(QWidget* the_parent,
                                                    const QModelIndex& index) const
 {
     switch (index.column()) {
-        case 1:
+        case AuxUserTab::VARIABLE:
             return variableEditor(index, QT_MARVANE_ANY, "");
-        case 2:
+        case AuxUserTab::ALTERNATE_NAME:
             return get_line_editor(the_parent, ValidatorPatterns[Event_Name_VF], 32,
                                    "Invalid Variable Name", index);
         default:
@@ -410,9 +412,9 @@ QWidget* Antlr3_BaseTreeDelegate::createEditorTab4(QWidget* the_parent,
 
 void Antlr3_BaseTreeDelegate::setEditorDataTab4(QWidget* editor, const QModelIndex& index) const
 {
-    if (index.column() == 1)
+    if (index.column() == AuxUserTab::VARIABLE)
         setEditorDataTab4Col1(editor, index);
-    else if (index.column() == 2)
+    else if (index.column() == AuxUserTab::ALTERNATE_NAME)
         setEditorDataTab4Col2(editor, index);
 }
 
@@ -432,7 +434,7 @@ void Antlr3_BaseTreeDelegate::setModelDataTab4(QWidget* editor, QAbstractItemMod
 {
     const auto* const dialog = qobject_cast<VariableSelectionDialog*>(editor);
     const auto* const lineEdit = qobject_cast<QLineEdit*>(editor);
-    if (index.column() == 1 && dialog != nullptr) {
+    if (index.column() == AuxUserTab::VARIABLE && dialog != nullptr) {
         if (!dialog->optionalText().isEmpty()) {
             store(model, index, dialog->optionalText());
             return;
@@ -440,8 +442,8 @@ void Antlr3_BaseTreeDelegate::setModelDataTab4(QWidget* editor, QAbstractItemMod
         const QString value = joinFromDialog(*dialog);
         if (!value.isEmpty())
             store(model, index, value);
-        storeAlternateName(model, index.siblingAtColumn(2), value);
-    } else if (index.column() == 2 && lineEdit != nullptr) {
+        storeAlternateName(model, index.siblingAtColumn(AuxUserTab::ALTERNATE_NAME), value);
+    } else if (index.column() == AuxUserTab::ALTERNATE_NAME && lineEdit != nullptr) {
         clearMark(model, index);
         store(model, index, lineEdit->text());
     }
@@ -453,10 +455,11 @@ QWidget* Antlr3_BaseTreeDelegate::createEditorTab5(QWidget* the_parent,
                                                    const QStyleOptionViewItem& /*option*/,
                                                    const QModelIndex& index) const
 {
-    if (index.column() == 1 && isFreeText(editorTypeOf(index)))
+    if (index.column() == EcmListTab::INSTANCE && isFreeText(editorTypeOf(index)))
         return get_line_editor(the_parent, ValidatorPatterns[Comment_VF], 128, "Invalid Comment",
                                index);
-    if (index.column() == 2 && editorTypeOf(index.siblingAtColumn(1)) != COMMENT_LINE)
+    if (index.column() == EcmListTab::PATH &&
+        editorTypeOf(index.siblingAtColumn(EcmListTab::INSTANCE)) != COMMENT_LINE)
         return asamEditor(index);
     return nullptr;
 }
@@ -470,9 +473,9 @@ QWidget* Antlr3_BaseTreeDelegate::asamEditor(const QModelIndex& index) const
 
 void Antlr3_BaseTreeDelegate::setEditorDataTab5(QWidget* editor, const QModelIndex& index) const
 {
-    if (index.column() == 1)
+    if (index.column() == EcmListTab::INSTANCE)
         setEditorDataTab5Col1(editor, index);
-    else if (index.column() == 2)
+    else if (index.column() == EcmListTab::PATH)
         setEditorDataTab5Col2(editor, index);
 }
 
@@ -497,7 +500,7 @@ void Antlr3_BaseTreeDelegate::setEditorDataTab5Col2(QWidget* editor, const QMode
     if (sl.size() > 1)
         dialog->ecmComboBox()->setEditText(sl[1]);
     // The blank of a new row converts to 0.
-    dialog->extSpinBoxEdit()->setValue(textOf(index.siblingAtColumn(1)).toInt());
+    dialog->extSpinBoxEdit()->setValue(textOf(index.siblingAtColumn(EcmListTab::INSTANCE)).toInt());
 }
 
 void Antlr3_BaseTreeDelegate::setModelDataTab5(QWidget* editor, QAbstractItemModel* model,
@@ -505,7 +508,7 @@ void Antlr3_BaseTreeDelegate::setModelDataTab5(QWidget* editor, QAbstractItemMod
 {
     const auto* const dialog = qobject_cast<asamspecs_select*>(editor);
     const auto* const lineEdit = qobject_cast<QLineEdit*>(editor);
-    if (index.column() == 2 && dialog != nullptr) {
+    if (index.column() == EcmListTab::PATH && dialog != nullptr) {
         const QString value = (dialog->fileComboBox()->currentText() + QLatin1Char(':') +
                                dialog->ecmComboBox()->currentText())
                                   .trimmed();
@@ -514,10 +517,11 @@ void Antlr3_BaseTreeDelegate::setModelDataTab5(QWidget* editor, QAbstractItemMod
             return;
         const QString indValue = QString::number(dialog->extSpinBoxEdit()->value());
         store(model, index, value);
-        clearMark(model, index.siblingAtColumn(1));
-        store(model, index.siblingAtColumn(1), indValue);
-    } else if (index.column() == 1 && lineEdit != nullptr && isFreeText(editorTypeOf(index))) {
-        clearMark(model, index.siblingAtColumn(2));
+        clearMark(model, index.siblingAtColumn(EcmListTab::INSTANCE));
+        store(model, index.siblingAtColumn(EcmListTab::INSTANCE), indValue);
+    } else if (index.column() == EcmListTab::INSTANCE && lineEdit != nullptr &&
+               isFreeText(editorTypeOf(index))) {
+        clearMark(model, index.siblingAtColumn(EcmListTab::PATH));
         store(model, index, lineEdit->text().trimmed());
     }
 }

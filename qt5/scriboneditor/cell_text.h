@@ -1,12 +1,11 @@
 // Helpers with which the delegate reads and stores the text of cells.
 #pragma once
 
-#include <QByteArray>
 #include <QModelIndex>
 #include <QString>
 
-#include "editor_antlr3.h"
-#include "treeitem.h"
+#include "editor_types.h"
+#include "textjudge.h"
 #include "treemodel.h"
 
 inline QString textOf(const QModelIndex& index)
@@ -14,21 +13,9 @@ inline QString textOf(const QModelIndex& index)
     return index.data(Qt::EditRole).toString();
 }
 
-// The type of editor for a text. Stores the type of its first token in *tok_type unless that is
-// null.
-inline int editorTypeOf(const QString& text, int* tok_type = nullptr)
-{
-    const QByteArray bytes = text.toUtf8();
-    int token = 0;
-    const int type = appGrammerTypeToEditorType(bytes.constData(), bytes.size(), &token);
-    if (tok_type != nullptr)
-        *tok_type = token;
-    return type;
-}
-
 inline int editorTypeOf(const QModelIndex& index)
 {
-    return editorTypeOf(textOf(index));
+    return classify(textOf(index));
 }
 
 // Whether a row of this type has no keyword in column 0.

@@ -51,6 +51,45 @@ enum { DE_TAB1 = 0, DE_TAB2 = 1, DE_TAB3 = 2, DE_TAB4 = 3, DE_TAB5 = 4 };
 constexpr int TAB_COUNT = 5;
 constexpr int TAB_SLOTS = 6;
 
+// The columns of each tab.
+namespace KeywordsTab {
+enum Column { KEYWORD, VALUE, SECOND_VALUE, COLUMN_COUNT };
+}
+namespace ScanListTab {
+enum Column { KEYWORD, VARIABLE, MEMBER, CHANNEL, COLUMN_COUNT };
+}
+namespace MetaDataTab {
+enum Column { KEYWORD, PARAMETER, VARIABLE, COLUMN_COUNT };
+}
+namespace AuxUserTab {
+enum Column { KEYWORD, VARIABLE, ALTERNATE_NAME, COLUMN_COUNT };
+}
+namespace EcmListTab {
+enum Column { KEYWORD, INSTANCE, PATH, COLUMN_COUNT };
+}
+
+// The keyword's column of all tabs, and the first two columns of an entry of the list tabs. A
+// comment of a list is in the first.
+constexpr int KEYWORD_COLUMN = 0;
+constexpr int ENTRY_COLUMN = 1;
+constexpr int SECOND_ENTRY_COLUMN = 2;
+
+// The kinds of variables that can be offered.
+enum QT_MARVANE_FLAGS {
+    QT_MARVANE_LOGICAL = 1,
+    QT_MARVANE_STRING = 2,
+    QT_MARVANE_INTEGER = 4,
+    QT_MARVANE_REAL = 8,
+    QT_MARVANE_STAT = 16,
+    QT_MARVANE_EMIS = 32,
+    QT_MARVANE_COMP = 64,
+    QT_MARVANE_REAL_INTEGER = 128,
+    QT_MARVANE_PROP = 256,
+    QT_MARVANE_ARRAY = 512,
+    QT_MARVANE_ANY = 1023,
+    QT_MARVANE_IO_MEM = 1024  // physical channels, listed by number; only by itself
+};
+
 // A cell's error code, stored as an int in a QVariant.
 enum {
     DE_NOFIELD = -1,  // the column does not apply to this row

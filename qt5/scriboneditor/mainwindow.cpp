@@ -62,7 +62,7 @@ struct TabFacts {
     const char* errorLabel;
     int editTab;
     const char* section;  // keyword of the list, without its "@"; null on the Keywords tab
-    int insertEndColumn;
+    int insertEndColumn;  // last column that the undo commands of a row set
     int removeEndColumn;
 };
 
@@ -71,23 +71,23 @@ const std::array<TabFacts, TAB_COUNT> TABS{{
     {QT_TRANSLATE_NOOP("MainWindow", "Keywords"), nullptr,
      QT_TRANSLATE_NOOP("MainWindow", "Select Keywords "),
      QT_TRANSLATE_NOOP("MainWindow", "Keyword Errors:"),
-     EDIT_TAB1, nullptr, 2, 2},
+     EDIT_TAB1, nullptr, KeywordsTab::SECOND_VALUE, KeywordsTab::SECOND_VALUE},
     {QT_TRANSLATE_NOOP("MainWindow", "Scan List"), QT_TRANSLATE_NOOP("MainWindow", "Scanlist"),
      QT_TRANSLATE_NOOP("MainWindow", "Add MarvaneVariables and Channel Keywords to Scanlist"),
      QT_TRANSLATE_NOOP("MainWindow", "Scan List Errors:"),
-     EDIT_TAB2, "SCAN_LIST", 3, 3},
+     EDIT_TAB2, "SCAN_LIST", ScanListTab::CHANNEL, ScanListTab::CHANNEL},
     {QT_TRANSLATE_NOOP("MainWindow", "Meta Data List"), QT_TRANSLATE_NOOP("MainWindow", "Meta_Data"),
      QT_TRANSLATE_NOOP("MainWindow", "Add PAM Keyword associated to Marvane Variable"),
      QT_TRANSLATE_NOOP("MainWindow", "Meta Data List Errors:"),
-     EDIT_TAB3, "META_DATA", 2, 3},
+     EDIT_TAB3, "META_DATA", MetaDataTab::VARIABLE, MetaDataTab::COLUMN_COUNT},
     {QT_TRANSLATE_NOOP("MainWindow", "Scan List Aux User"), QT_TRANSLATE_NOOP("MainWindow", "Scan List Aux User"),
      QT_TRANSLATE_NOOP("MainWindow", "Add Auxilary Scan List Parameters"),
      QT_TRANSLATE_NOOP("MainWindow", "Scan List Aux User Errors:"),
-     EDIT_TAB4, "SCAN_LIST_AUX_USER", 2, 2},
+     EDIT_TAB4, "SCAN_LIST_AUX_USER", AuxUserTab::ALTERNATE_NAME, AuxUserTab::ALTERNATE_NAME},
     {QT_TRANSLATE_NOOP("MainWindow", "ECM List"), QT_TRANSLATE_NOOP("MainWindow", "ECM List"),
      QT_TRANSLATE_NOOP("MainWindow", "Select Lists of Marvane Vaiables from ASAM Spec files"),
      QT_TRANSLATE_NOOP("MainWindow", "ECM List Errors:"),
-     EDIT_TAB5, "ECM_LIST", 2, 2},
+     EDIT_TAB5, "ECM_LIST", EcmListTab::PATH, EcmListTab::PATH},
 }};
 // clang-format on
 
@@ -437,7 +437,7 @@ void MainWindow::guardModel(const TreeModel& model)
 }
 
 // On a list tab, row 0 holds the section's keyword and column 0 is not used: both are hidden. On
-// the Keywords tab column 3 is hidden.
+// the Keywords tab, a column that does not exist is.
 void MainWindow::arrangeView(int tab)
 {
     QTreeView* const tree = view[static_cast<size_t>(tab)];
@@ -445,7 +445,7 @@ void MainWindow::arrangeView(int tab)
     const bool list = factsOf(tab).section != nullptr;
     if (list)
         tree->setRowHidden(0, QModelIndex(), true);
-    tree->setColumnHidden(list ? 0 : 3, true);
+    tree->setColumnHidden(list ? KEYWORD_COLUMN : int(KeywordsTab::COLUMN_COUNT), true);
     fitColumns(tab);
     connect(tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &MainWindow::updateActions);

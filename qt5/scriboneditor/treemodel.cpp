@@ -7,7 +7,9 @@
 #include "treeitem.h"
 
 // clang-format off
-const std::array<int, TAB_COUNT> NumberOfColumns{3, 4, 3, 3, 3};
+const std::array<int, TAB_COUNT> NumberOfColumns{
+    KeywordsTab::COLUMN_COUNT, ScanListTab::COLUMN_COUNT, MetaDataTab::COLUMN_COUNT,
+    AuxUserTab::COLUMN_COUNT, EcmListTab::COLUMN_COUNT};
 
 const std::array<const char*, HEADER_COUNT> TableHeaders{
     QT_TRANSLATE_NOOP("MainWindow", "Keyword                                    "),
@@ -46,18 +48,6 @@ QStringList headersOf(int tab)
 }
 
 namespace {
-
-// Compiled once for all models: compiling the patterns takes longer than loading a small file.
-const std::array<QRegExp, VALIDATOR_COUNT>& compiledPatterns()
-{
-    static const auto patterns = [] {
-        std::array<QRegExp, VALIDATOR_COUNT> compiled;
-        for (size_t i = 0; i < compiled.size(); ++i)
-            compiled[i].setPattern(QString::fromLatin1(ValidatorPatterns[i]));
-        return compiled;
-    }();
-    return patterns;
-}
 
 QString nameOfTab(int tab)
 {

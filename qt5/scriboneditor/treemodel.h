@@ -14,7 +14,6 @@
 
 #include "editor_antlr3.h"
 #include "specencoding.h"
-#include "textjudge.h"
 #include "validatorformat.h"
 
 class TreeItem;
@@ -134,7 +133,14 @@ private:
 
     bool startPass();
     bool startListPass(int keywordEditor);
-    void endPass(int errors, bool changedCodes);
+
+    // Validates the rows from `first` on.
+    template <typename JudgeRow>
+    void validateRows(int first, JudgeRow judgeRow);
+
+    // Validates a list, in which row 0 holds the keyword of the section.
+    template <typename JudgeEntry>
+    void validateList(int keywordEditor, JudgeEntry judgeEntry);
     void validate_tab1();
     void validate_tab2();
     void validate_tab3();
@@ -152,6 +158,5 @@ private:
     std::array<std::unique_ptr<QRegExp>, VALIDATOR_COUNT> regExpVF;
     mutable QIcon arrowIcon;  // loaded at its first use
     FormatValidators de_validator;
-    TextJudge judge{de_validator};
     int errorCount = 0;
 };

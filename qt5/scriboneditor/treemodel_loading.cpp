@@ -135,19 +135,19 @@ void StatementRows::addListItem(int editor, const QString& text)
     m_position = complete ? 0 : (m_position + 1) % slotCount;
 }
 
-// The column of an item by its kind and position; -1 if it is not stored. A comment goes to column
-// 1 at any position and replaces what is there.
+// The column of an item by its kind and position; -1 if it is not stored. A comment goes to the
+// first column of the entry at any position and replaces what is there.
 int StatementRows::listColumn(int editor) const
 {
     const bool plain = editor == TEXT_BLOCK || editor == FILLER_DATA;
     if (editor == COMMENT_LINE)
-        return 1;
+        return ENTRY_COLUMN;
     if (plain && m_position == 1)
-        return m_scanList && editor == TEXT_BLOCK ? 3 : 2;
+        return m_scanList && editor == TEXT_BLOCK ? int(ScanListTab::CHANNEL) : SECOND_ENTRY_COLUMN;
     if (plain)
-        return m_position + 1;
+        return ENTRY_COLUMN + m_position;
     const bool member = editor == LOG_DIG_DESCRIPTION || editor == STAT_MEM_EDITOR;
-    return member && m_position == 1 ? 2 : -1;
+    return member && m_position == 1 ? SECOND_ENTRY_COLUMN : -1;
 }
 
 void StatementRows::appendRow()

@@ -6,8 +6,10 @@
 
 #include "editor_access.h"
 #include "keyword_words.h"
+#include "textjudge.h"
 #include "treeitem.h"
 #include "treemodel.h"
+#include "value_kinds.h"
 
 namespace {
 
@@ -39,28 +41,28 @@ constexpr std::array<CellTip, 18> CELL_TIPS{{
      "\nInvalid chars in variable name>>", ""},
     {STRING_VAR_EDITOR, ANY_COLUMN, "Select a string variable",
      "\nInvalid chars in variable name>>", ""},
-    {INTEGER_TIME_INT_EDITOR, 1, "Enter a time interval with units\n Example: 10[msec]",
+    {INTEGER_TIME_INT_EDITOR, KeywordsTab::VALUE, "Enter a time interval with units\n Example: 10[msec]",
      "\nInvalid chars in variable name >>", ""},
-    {INTEGER_TIME_INT_EDITOR, 2, "Enter a event name",
+    {INTEGER_TIME_INT_EDITOR, KeywordsTab::SECOND_VALUE, "Enter a event name",
      "\nInvalid chars in event name>>", ""},
 
-    {EDIT_TAB2, 1, "Click to select a Marvane Variable",
+    {EDIT_TAB2, ScanListTab::VARIABLE, "Click to select a Marvane Variable",
      "\nInvalid chars in variable name>>", ""},
-    {EDIT_TAB2, 2, "Click to select a statistical member",
+    {EDIT_TAB2, ScanListTab::MEMBER, "Click to select a statistical member",
      "\nInvalid statistical member>>", ""},
-    {EDIT_TAB2, 3, "Click to select a Channel Keyword",
+    {EDIT_TAB2, ScanListTab::CHANNEL, "Click to select a Channel Keyword",
      "\n Invalid chars in keyword>>", " Duplicate Channel >>"},
-    {EDIT_TAB3, 1, "Click to select a PAM keyword",
+    {EDIT_TAB3, MetaDataTab::PARAMETER, "Click to select a PAM keyword",
      "\n Invalid chars in PAM keyword>>", " Duplicate keyword found!  >>"},
-    {EDIT_TAB3, 2, "Click to select a Marvane variable",
+    {EDIT_TAB3, MetaDataTab::VARIABLE, "Click to select a Marvane variable",
      "\nInvalid chars in variable name>>", ""},
-    {EDIT_TAB4, 1, "Click to select a Marvane variable",
+    {EDIT_TAB4, AuxUserTab::VARIABLE, "Click to select a Marvane variable",
      "\nInvalid chars in variable name >>", ""},
-    {EDIT_TAB4, 2, "Click to enter or modify a alternate name",
+    {EDIT_TAB4, AuxUserTab::ALTERNATE_NAME, "Click to enter or modify a alternate name",
      "\nInvalid chars in variable name>>", " Duplicate alternate name>>"},
-    {EDIT_TAB5, 1, "Click to enter ECM instance",
+    {EDIT_TAB5, EcmListTab::INSTANCE, "Click to enter ECM instance",
      "\nInvalid chars in ECM instance >>", "\nDuplicate ECM instance >>"},
-    {EDIT_TAB5, 2, "Click to Select ASAM3_specs path",
+    {EDIT_TAB5, EcmListTab::PATH, "Click to Select ASAM3_specs path",
      "\nInvalid chars in path>>", "\nDuplicate path >>"},
 }};
 // clang-format on
@@ -79,13 +81,6 @@ const CellTip& cellTip(int kind, int column)
 QString textAt(const QModelIndex& index, int column)
 {
     return index.siblingAtColumn(column).data(Qt::DisplayRole).toString();
-}
-
-// Whether the value of a keyword of this editor type is chosen from a list or in a dialog.
-bool opensChooser(int keywordKind)
-{
-    return keywordKind == LOGICAL_VAR_EDITOR || keywordKind == STRING_VAR_EDITOR ||
-           keywordKind == YESNO_EDITOR || keywordKind == DIR_PATH_EDITOR;
 }
 
 }  // namespace
@@ -109,9 +104,10 @@ bool TreeModel::hasArrow(const QModelIndex& index) const
 bool TreeModel::keywordHasArrow(const QModelIndex& index) const
 {
     const int column = index.column();
-    const int keywordKind = judge.editorType(textAt(index, 0));
+    const int keywordKind = classify(textAt(index, KeywordsTab::KEYWORD));
     return keywordKind != COMMENT_LINE && errorCode(index).toInt() == DE_NOERROR &&
-           (column == 0 || (column == 1 && opensChooser(keywordKind)));
+           (column == KeywordsTab::KEYWORD ||
+            (column == KeywordsTab::VALUE && valueKind(keywordKind).hasArrow));
 }
 
 // On the Scan List the error code of the variable decides for all cells of the row.
@@ -119,18 +115,19 @@ bool TreeModel::entryHasArrow(const QModelIndex& index, int tab) const
 {
     const int column = index.column();
     const bool scanList = tab == EDIT_TAB2;
-    const QModelIndex judged = scanList ? index.siblingAtColumn(1) : index;
+    const QModelIndex judged = scanList ? index.siblingAtColumn(ScanListTab::VARIABLE) : index;
     if (!index.data(Qt::DisplayRole).isValid() || errorCode(judged).toInt() != DE_NOERROR ||
-        judge.editorType(textAt(index, 1)) == COMMENT_LINE)
+        classify(textAt(index, ENTRY_COLUMN)) == COMMENT_LINE)
         return false;
     if (tab == EDIT_TAB5)
-        return column == 2;
-    const int ownKind = judge.editorType(textAt(index, column));
+        return column == EcmListTab::PATH;
+    const int ownKind = classify(textAt(index, column));
     if (ownKind == COMMENT_LINE)
         return false;
     if (scanList)
-        return column == 1 || column == 3 || (column == 2 && ownKind == STAT_MEM_EDITOR);
-    return column == 1 || (column == 2 && tab == EDIT_TAB3);
+        return column == ScanListTab::VARIABLE || column == ScanListTab::CHANNEL ||
+               (column == ScanListTab::MEMBER && ownKind == STAT_MEM_EDITOR);
+    return column == ENTRY_COLUMN || (column == MetaDataTab::VARIABLE && tab == EDIT_TAB3);
 }
 
 // Return the text: it sets HasDecoration, which reserves space for the delegate's error icon.
@@ -149,7 +146,7 @@ QVariant TreeModel::decoration(const QModelIndex& index) const
 // Help on the keyword, and what is wrong with it.
 QVariant TreeModel::keywordToolTip(const QModelIndex& index) const
 {
-    const QString text = textAt(index, 0);
+    const QString text = textAt(index, KEYWORD_COLUMN);
     const QString key = text.startsWith(QLatin1Char('@')) ? keywordWord(text).trimmed() : text;
     QString help = editorAccess().keywordHelp(key);
     const int code = errorCode(index).toInt();
@@ -166,10 +163,10 @@ QVariant TreeModel::toolTip(const QModelIndex& index) const
     if (tab == 0)
         return {};
     const int column = index.column();
-    if (column == 0 && index.data(Qt::DisplayRole).canConvert<QString>())
+    if (column == KEYWORD_COLUMN && index.data(Qt::DisplayRole).canConvert<QString>())
         return keywordToolTip(index);
-    const int kind = tab == EDIT_TAB1 ? judge.editorType(textAt(index, 0)) : tab;
-    const CellTip& row = column == 0 ? NO_TIP : cellTip(kind, column);
+    const int kind = tab == EDIT_TAB1 ? classify(textAt(index, KEYWORD_COLUMN)) : tab;
+    const CellTip& row = column == KEYWORD_COLUMN ? NO_TIP : cellTip(kind, column);
     QString tip = QString::fromLatin1(row.tip);
     const int code = errorCode(index).toInt();
     if (code == DE_SYNTAX_ERR)

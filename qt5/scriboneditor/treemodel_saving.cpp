@@ -88,7 +88,7 @@ void RowWriter::writeValue(const QString& text, int column)
         *m_out << '\n';
         m_fieldCount = 0;
     }
-    if (column > 1)
+    if (column > ENTRY_COLUMN)
         *m_out << "\t\t";
     *m_out << text;
     ++m_fieldCount;

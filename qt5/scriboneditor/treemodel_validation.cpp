@@ -2,17 +2,20 @@
 // cells keep theirs.
 
 #include <QSet>
+#include <array>
 
 #include "keyword_words.h"
+#include "textjudge.h"
 #include "treeitem.h"
 #include "treemodel.h"
+#include "value_kinds.h"
 
 namespace {
 
 // The row that is being validated, and the results of the pass so far.
 class RowJudgement {
 public:
-    explicit RowJudgement(const TextJudge& judge) : m_judge(judge) {}
+    explicit RowJudgement(const FormatValidators& validators) : m_validators(validators) {}
 
     int errors() const { return m_errors; }
     bool changedCodes() const { return m_changedCodes; }
@@ -22,7 +25,6 @@ public:
     void endRow() { m_row->clrDirty(); }
 
     QString text(int column) const { return m_row->data(column).toString(); }
-    int kindOf(const QString& text) const { return m_judge.editorType(text); }
 
     // Whether the cell passes the test. For a row whose texts have not changed, the error code of
     // the last pass gives the answer.
@@ -33,11 +35,11 @@ public:
     }
     bool matches(int column, VaidatorFormat format, const QString& text) const
     {
-        return passes(column, [&] { return m_judge.accepts(format, text); });
+        return passes(column, [&] { return accepts(format, text); });
     }
     bool accepts(VaidatorFormat format, const QString& text) const
     {
-        return m_judge.accepts(format, text);
+        return textJudge().accepts(format, text, m_validators);
     }
 
     void clean(int column) { setCode(column, DE_NOERROR); }
@@ -46,15 +48,18 @@ public:
     void duplicate(int column) { count(column, DE_DUPLICATE_ERR); }
     void faultOrClean(int column, bool good) { good ? clean(column) : fault(column); }
 
-    // For a valid cell whose text must be unique in the tab: only the first one is without error.
-    void unique(int column, const QString& text, QSet<QString>* seen)
+    // For a cell whose text must be unique in the tab, if it is good and the row is an entry: only
+    // the first one is without error.
+    void unique(int column, bool good, bool entry, const QString& text, QSet<QString>* seen)
     {
-        if (seen->contains(text)) {
+        if (!good || !entry) {
+            faultOrClean(column, good);
+        } else if (seen->contains(text)) {
             duplicate(column);
-            return;
+        } else {
+            seen->insert(text);
+            clean(column);
         }
-        seen->insert(text);
-        clean(column);
     }
 
 private:
@@ -75,7 +80,7 @@ private:
         ++m_errors;
     }
 
-    const TextJudge& m_judge;
+    const FormatValidators& m_validators;
     TreeItem* m_row = nullptr;
     int m_errors = 0;
     bool m_changedCodes = false;
@@ -85,37 +90,10 @@ private:
 
 bool isGoodValue(const RowJudgement& row, int kind, const QString& value)
 {
-    switch (kind) {
-        case EVENT_EDITOR:
-            return row.accepts(Event_Name_VF, value);
-        case YESNO_EDITOR:
-            return row.accepts(Yesno_VF, value);
-        case FLOAT_UNIT_EDITOR:
-        case INTEGER_TIME_INT_EDITOR:
-            return row.accepts(Interval_VF, value);
-        case INTEGER_EDITOR:
-            return row.accepts(Integer_VF, value);
-        case COMMENT_LINE:
-            return row.accepts(Comment_VF, value);
-        case NOEDITOR:
-            return true;
-        case LOGICAL_VAR_EDITOR:
-        case STRING_VAR_EDITOR:
-        case SCAN_LIST_EDITOR:
-            return row.accepts(VarName_VF, value);
-        case DESCRIPTION_EDITOR:
-            return row.accepts(Descript_VF, value);
-        case REGNAME_EDITOR:
-            return row.accepts(RegName_VF, value);
-        case SCAN_INTERVAL_EDITOR:
-            return row.accepts(VarName_VF, value) || row.accepts(Interval_VF, value);
-        case DIR_PATH_EDITOR:
-            return row.accepts(VarName_VF, value) || row.accepts(FilePath_VF, value);
-        case SCRIBON_EDITOR:
-            return row.accepts(Scribonid_VF, value);
-        default:
-            return row.accepts(Default_VF, value);
-    }
+    const ValueKind& facts = valueKind(kind);
+    const auto matches = [&](VaidatorFormat format) { return row.accepts(format, value); };
+    return facts.value.format == NO_FORMAT || matches(facts.value.format) ||
+           (facts.choice.hasOptionalLine() && matches(facts.choice.optionalFormat));
 }
 
 // Each word of the list may occur once: it is removed from the list when it is found. Existing
@@ -123,18 +101,18 @@ bool isGoodValue(const RowJudgement& row, int kind, const QString& value)
 void judgeKeyword(RowJudgement* row, const QString& keyword, QSet<QString>* words)
 {
     if (!keyword.startsWith(QLatin1Char('@')))
-        row->fault(0);
+        row->fault(KeywordsTab::KEYWORD);
     else if (words->remove(keywordWord(keyword)))
-        row->clean(0);
+        row->clean(KeywordsTab::KEYWORD);
     else
-        row->duplicate(0);
+        row->duplicate(KeywordsTab::KEYWORD);
 }
 
 // Existing behaviour, kept for compatibility: a keyword whose value is wrong keeps its old error
 // code and stays in the list.
 void judgeStatement(RowJudgement* row, int kind, const QString& keyword, QSet<QString>* words)
 {
-    const int valueColumn = kind == COMMENT_LINE ? 0 : 1;
+    const int valueColumn = kind == COMMENT_LINE ? KeywordsTab::KEYWORD : KeywordsTab::VALUE;
     const QString value = row->text(valueColumn);
     if (!row->passes(valueColumn, [&] { return isGoodValue(*row, kind, value); })) {
         row->fault(valueColumn);
@@ -147,19 +125,21 @@ void judgeStatement(RowJudgement* row, int kind, const QString& keyword, QSet<QS
 
 void judgeSecondValue(RowJudgement* row, int kind)
 {
-    const QString value = row->text(2);
-    if (kind == INTEGER_TIME_INT_EDITOR && value != FILLER_TEXT)
-        row->faultOrClean(2, row->matches(2, Event_Name_VF, value));
+    constexpr int COLUMN = KeywordsTab::SECOND_VALUE;
+    const SecondValue& second = valueKind(kind).second;
+    const QString value = row->text(COLUMN);
+    if (second.use == SecondValueUse::Checked && value != FILLER_TEXT)
+        row->faultOrClean(COLUMN, row->matches(COLUMN, second.line.format, value));
     else
-        row->noField(2);
+        row->noField(COLUMN);
 }
 
 void judgeKeywordRow(RowJudgement* row, QSet<QString>* words)
 {
-    const QString keyword = row->text(0);
+    const QString keyword = row->text(KeywordsTab::KEYWORD);
     if (keyword.isEmpty())
         return;
-    const int kind = row->kindOf(keyword);
+    const int kind = classify(keyword);
     judgeStatement(row, kind, keyword, words);
     judgeSecondValue(row, kind);
 }
@@ -172,37 +152,51 @@ bool isListRow(int kind)
     return kind == TEXT_BLOCK || kind == COMMENT_LINE;
 }
 
+// The texts of the columns whose texts must be unique, as far as the pass has come.
+struct SeenTexts {
+    explicit SeenTexts(int rows) { names.reserve(rows); }
+
+    QSet<QString> names;  // channels, parameters, alternate names, instances
+    QSet<QString> paths;
+};
+
 void judgeChannel(RowJudgement* row, QSet<QString>* channels)
 {
-    const QString channel = row->text(3).trimmed();
-    const int kind = row->kindOf(channel);
+    constexpr int COLUMN = ScanListTab::CHANNEL;
+    const QString channel = row->text(COLUMN).trimmed();
+    const int kind = classify(channel);
     if (!isListRow(kind))
         return;
-    const auto format = kind == TEXT_BLOCK ? ChannelName_VF : Comment_VF;
-    const bool good =
-        row->passes(3, [&] { return row->accepts(format, channel) && channel != FILLER_TEXT; });
-    if (good && kind == TEXT_BLOCK)
-        row->unique(3, channel, channels);
-    else
-        row->faultOrClean(3, good);
+    const bool entry = kind == TEXT_BLOCK;
+    const bool good = row->passes(COLUMN, [&] {
+        return row->accepts(entry ? ChannelName_VF : Comment_VF, channel) && channel != FILLER_TEXT;
+    });
+    row->unique(COLUMN, good, entry, channel, channels);
 }
 
-void judgeScanListRow(RowJudgement* row, QSet<QString>* channels)
+void judgeVariable(RowJudgement* row, int column, VaidatorFormat format, const QString& variable)
 {
-    const QString variable = row->text(1);
-    const int kind = row->kindOf(variable);
+    row->faultOrClean(column, row->passes(column, [&] {
+        return row->accepts(format, variable) && variable != FILLER_TEXT;
+    }));
+}
+
+void judgeScanListRow(RowJudgement* row, SeenTexts* seen)
+{
+    const QString variable = row->text(ScanListTab::VARIABLE);
+    const int kind = classify(variable);
     if (variable.isEmpty() || !isListRow(kind))
         return;
     if (kind == COMMENT_LINE) {
-        row->faultOrClean(1, row->matches(1, Comment_VF, variable));
+        row->faultOrClean(ScanListTab::VARIABLE,
+                          row->matches(ScanListTab::VARIABLE, Comment_VF, variable));
         return;
     }
-    row->faultOrClean(1, row->passes(1, [&] {
-        return row->accepts(VarName_VF, variable) && variable != FILLER_TEXT;
-    }));
-    const QString member = row->text(2).trimmed();
-    row->faultOrClean(2, member.isEmpty() || row->matches(2, StatMem_VF, member));
-    judgeChannel(row, channels);
+    judgeVariable(row, ScanListTab::VARIABLE, VarName_VF, variable);
+    const QString member = row->text(ScanListTab::MEMBER).trimmed();
+    row->faultOrClean(ScanListTab::MEMBER,
+                      member.isEmpty() || row->matches(ScanListTab::MEMBER, StatMem_VF, member));
+    judgeChannel(row, &seen->names);
 }
 
 bool isMetaDataValue(const RowJudgement& row, const QString& value)
@@ -212,114 +206,71 @@ bool isMetaDataValue(const RowJudgement& row, const QString& value)
 }
 
 // The second value is validated on comment rows too; their filler is a valid variable name.
-void judgeMetaDataRow(RowJudgement* row, QSet<QString>* keywords)
+void judgeMetaDataRow(RowJudgement* row, SeenTexts* seen)
 {
-    const QString keyword = row->text(1);
-    const int kind = row->kindOf(keyword);
+    const QString keyword = row->text(MetaDataTab::PARAMETER);
+    const int kind = classify(keyword);
     if (keyword.isEmpty() || !isListRow(kind))
         return;
     const bool entry = kind == TEXT_BLOCK;
-    const bool good = row->matches(1, entry ? ParameterName_VF : Comment_VF, keyword);
-    if (good && entry)
-        row->unique(1, keyword, keywords);
-    else
-        row->faultOrClean(1, good);
-    const QString value = row->text(2);
-    row->faultOrClean(2, row->passes(2, [&] { return isMetaDataValue(*row, value); }));
+    const auto format = entry ? ParameterName_VF : Comment_VF;
+    row->unique(MetaDataTab::PARAMETER, row->matches(MetaDataTab::PARAMETER, format, keyword),
+                entry, keyword, &seen->names);
+    const QString value = row->text(MetaDataTab::VARIABLE);
+    row->faultOrClean(MetaDataTab::VARIABLE, row->passes(MetaDataTab::VARIABLE, [&] {
+        return isMetaDataValue(*row, value);
+    }));
 }
 
-void judgeAuxUserRow(RowJudgement* row, QSet<QString>* names)
+void judgeAuxUserRow(RowJudgement* row, SeenTexts* seen)
 {
-    const QString variable = row->text(1);
-    const int kind = row->kindOf(variable);
+    const QString variable = row->text(AuxUserTab::VARIABLE);
+    const int kind = classify(variable);
     if (variable.isEmpty() || !isListRow(kind))
         return;
     const bool entry = kind == TEXT_BLOCK;
-    row->faultOrClean(1, row->passes(1, [&] {
-        return row->accepts(entry ? VarName_VF : Comment_VF, variable) && variable != FILLER_TEXT;
-    }));
-    const QString name = row->text(2);
-    const bool good = row->passes(
-        2, [&] { return row->accepts(VarName_VF, name) && !(entry && name == FILLER_TEXT); });
-    if (good && entry)
-        row->unique(2, name, names);
-    else
-        row->faultOrClean(2, good);
+    judgeVariable(row, AuxUserTab::VARIABLE, entry ? VarName_VF : Comment_VF, variable);
+    const QString name = row->text(AuxUserTab::ALTERNATE_NAME);
+    const bool good = row->passes(AuxUserTab::ALTERNATE_NAME, [&] {
+        return row->accepts(VarName_VF, name) && !(entry && name == FILLER_TEXT);
+    });
+    row->unique(AuxUserTab::ALTERNATE_NAME, good, entry, name, &seen->names);
 }
 
 // A path on a comment row is never marked as a duplicate, but makes later ones duplicates.
 void judgeEcmPath(RowJudgement* row, bool entry, QSet<QString>* paths)
 {
-    const QString path = row->text(2);
+    const QString path = row->text(EcmListTab::PATH);
     if (!entry && path == FILLER_TEXT)
         return;
-    const bool good = row->matches(2, ECMFilepath_VF, path);
-    if (good && entry)
-        row->unique(2, path, paths);
-    else
-        row->faultOrClean(2, good);
+    const bool good = row->matches(EcmListTab::PATH, ECMFilepath_VF, path);
+    row->unique(EcmListTab::PATH, good, entry, path, paths);
     if (good)
         paths->insert(path);
 }
 
-void judgeEcmRow(RowJudgement* row, QSet<QString>* instances, QSet<QString>* paths)
+void judgeEcmRow(RowJudgement* row, SeenTexts* seen)
 {
-    const QString instance = row->text(1);
-    const int kind = row->kindOf(instance);
+    const QString instance = row->text(EcmListTab::INSTANCE);
+    const int kind = classify(instance);
     if (!isListRow(kind))
         return;
     const bool entry = kind == TEXT_BLOCK;
-    const bool good = row->matches(1, entry ? Integer_VF : Comment_VF, instance);
-    if (good && entry)
-        row->unique(1, instance, instances);
-    else
-        row->faultOrClean(1, good);
-    judgeEcmPath(row, entry, paths);
-}
-
-// Validates the root's rows from `first` on.
-template <typename JudgeRow>
-RowJudgement judgeRows(TreeItem* root, const TextJudge& judge, int first, JudgeRow judgeRow)
-{
-    RowJudgement judgement(judge);
-    for (int i = first; i < root->childCount(); ++i) {
-        judgement.startRow(root->child(i));
-        judgeRow(&judgement);
-        judgement.endRow();
-    }
-    return judgement;
-}
-
-QSet<QString> emptySet(const TreeItem& root)
-{
-    QSet<QString> set;
-    set.reserve(root.childCount());
-    return set;
+    const auto format = entry ? Integer_VF : Comment_VF;
+    row->unique(EcmListTab::INSTANCE, row->matches(EcmListTab::INSTANCE, format, instance), entry,
+                instance, &seen->names);
+    judgeEcmPath(row, entry, &seen->paths);
 }
 
 }  // namespace
 
 void TreeModel::validate_model()
 {
-    switch (tabIndexNumber) {
-        case EDIT_TAB1:
-            validate_tab1();
-            break;
-        case EDIT_TAB2:
-            validate_tab2();
-            break;
-        case EDIT_TAB3:
-            validate_tab3();
-            break;
-        case EDIT_TAB4:
-            validate_tab4();
-            break;
-        case EDIT_TAB5:
-            validate_tab5();
-            break;
-        default:
-            break;
-    }
+    static constexpr std::array<void (TreeModel::*)(), TAB_COUNT> PASSES{
+        &TreeModel::validate_tab1, &TreeModel::validate_tab2, &TreeModel::validate_tab3,
+        &TreeModel::validate_tab4, &TreeModel::validate_tab5};
+    if (tabIndexNumber >= EDIT_TAB1 && tabIndexNumber <= EDIT_TAB5)
+        (this->*PASSES[tabIndexNumber - EDIT_TAB1])();
 }
 
 // Skips a pass if no row or code has changed since the last one: the timer requests one twice a
@@ -340,15 +291,31 @@ bool TreeModel::startListPass(int keywordEditor)
 {
     if (!startPass() || rootItem->childCount() == 0)
         return false;
-    const QString keyword = rootItem->child(0)->data(0).toString();
-    return !keyword.isEmpty() && judge.editorType(keyword) == keywordEditor;
+    const QString keyword = rootItem->child(0)->data(KEYWORD_COLUMN).toString();
+    return !keyword.isEmpty() && classify(keyword) == keywordEditor;
 }
 
-void TreeModel::endPass(const int errors, const bool changedCodes)
+template <typename JudgeRow>
+void TreeModel::validateRows(int first, JudgeRow judgeRow)
 {
-    errorCount = errors;
-    if (changedCodes)
+    RowJudgement judgement(de_validator);
+    for (int i = first; i < rootItem->childCount(); ++i) {
+        judgement.startRow(rootItem->child(i));
+        judgeRow(&judgement);
+        judgement.endRow();
+    }
+    errorCount = judgement.errors();
+    if (judgement.changedCodes())
         Q_EMIT codesChanged();
+}
+
+template <typename JudgeEntry>
+void TreeModel::validateList(int keywordEditor, JudgeEntry judgeEntry)
+{
+    if (!startListPass(keywordEditor))
+        return;
+    SeenTexts seen(rootItem->childCount());
+    validateRows(1, [&](RowJudgement* row) { judgeEntry(row, &seen); });
 }
 
 void TreeModel::validate_tab1()
@@ -357,51 +324,25 @@ void TreeModel::validate_tab1()
         return;
     const QStringList offered = wordList();
     QSet<QString> words(offered.begin(), offered.end());
-    const auto pass = judgeRows(rootItem.get(), judge, 0,
-                                [&words](RowJudgement* row) { judgeKeywordRow(row, &words); });
-    endPass(pass.errors(), pass.changedCodes());
+    validateRows(0, [&words](RowJudgement* row) { judgeKeywordRow(row, &words); });
 }
 
 void TreeModel::validate_tab2()
 {
-    if (!startListPass(SCAN_LIST_EDITOR))
-        return;
-    QSet<QString> channels = emptySet(*rootItem);
-    const auto pass = judgeRows(rootItem.get(), judge, 1, [&channels](RowJudgement* row) {
-        judgeScanListRow(row, &channels);
-    });
-    endPass(pass.errors(), pass.changedCodes());
+    validateList(SCAN_LIST_EDITOR, judgeScanListRow);
 }
 
 void TreeModel::validate_tab3()
 {
-    if (!startListPass(SCAN_LIST_EDITOR))
-        return;
-    QSet<QString> keywords = emptySet(*rootItem);
-    const auto pass = judgeRows(rootItem.get(), judge, 1, [&keywords](RowJudgement* row) {
-        judgeMetaDataRow(row, &keywords);
-    });
-    endPass(pass.errors(), pass.changedCodes());
+    validateList(SCAN_LIST_EDITOR, judgeMetaDataRow);
 }
 
 void TreeModel::validate_tab4()
 {
-    if (!startListPass(SCAN_LIST_EDITOR))
-        return;
-    QSet<QString> names = emptySet(*rootItem);
-    const auto pass = judgeRows(rootItem.get(), judge, 1,
-                                [&names](RowJudgement* row) { judgeAuxUserRow(row, &names); });
-    endPass(pass.errors(), pass.changedCodes());
+    validateList(SCAN_LIST_EDITOR, judgeAuxUserRow);
 }
 
 void TreeModel::validate_tab5()
 {
-    if (!startListPass(ECM_LIST_EDITOR))
-        return;
-    QSet<QString> instances = emptySet(*rootItem);
-    QSet<QString> paths = emptySet(*rootItem);
-    const auto pass = judgeRows(rootItem.get(), judge, 1, [&instances, &paths](RowJudgement* row) {
-        judgeEcmRow(row, &instances, &paths);
-    });
-    endPass(pass.errors(), pass.changedCodes());
+    validateList(ECM_LIST_EDITOR, judgeEcmRow);
 }

@@ -9,22 +9,9 @@
 #include <QStringList>
 #include <memory>
 
+#include "editor_types.h"
 #include "memory_areas.h"
 
-enum QT_MARVANE_FLAGS {
-    QT_MARVANE_LOGICAL = 1,
-    QT_MARVANE_STRING = 2,
-    QT_MARVANE_INTEGER = 4,
-    QT_MARVANE_REAL = 8,
-    QT_MARVANE_STAT = 16,
-    QT_MARVANE_EMIS = 32,
-    QT_MARVANE_COMP = 64,
-    QT_MARVANE_REAL_INTEGER = 128,
-    QT_MARVANE_PROP = 256,
-    QT_MARVANE_ARRAY = 512,
-    QT_MARVANE_ANY = 1023,
-    QT_MARVANE_IO_MEM = 1024  // physical channels, listed by number; only by itself
-};
 Q_DECLARE_FLAGS(QT_MARVANE_VAR_TYPE, QT_MARVANE_FLAGS)
 Q_DECLARE_OPERATORS_FOR_FLAGS(QT_MARVANE_VAR_TYPE)
 

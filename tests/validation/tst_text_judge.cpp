@@ -61,7 +61,7 @@ bool patternAccepts(const FormatValidators& validators, int format, QString text
 
 int lexedType(const QString& text)
 {
-    const QByteArray bytes = text.toLocal8Bit();
+    const QByteArray bytes = text.toUtf8();
     int tokenType = 0;
     return appGrammerTypeToEditorType(bytes.constData(), bytes.size(), &tokenType);
 }
@@ -83,15 +83,16 @@ private:
     void compare(const QString& text);
 
     FormatValidators m_validators = makeValidators();
-    TextJudge m_judge{m_validators};
+    TextJudge m_judge;
 };
 
 void TestTextJudge::compare(const QString& text)
 {
-    QVERIFY2(m_judge.editorType(text) == lexedType(text), qPrintable(text));
+    QVERIFY2(m_judge.classify(text) == lexedType(text), qPrintable(text));
     for (int format = 0; format < VALIDATOR_COUNT; ++format) {
         const bool expected = patternAccepts(m_validators, format, text);
-        const bool actual = m_judge.accepts(static_cast<VaidatorFormat>(format), text);
+        const bool actual =
+            m_judge.accepts(static_cast<VaidatorFormat>(format), text, m_validators);
         QVERIFY2(actual == expected,
                  qPrintable(QStringLiteral("format %1: %2").arg(format).arg(text)));
     }
@@ -169,7 +170,7 @@ void TestTextJudge::answersTheSameAgain()
     constexpr int MORE_THAN_ARE_KEPT = 5000;
     for (int pass = 0; pass < 2; ++pass) {
         for (int i = 0; i < MORE_THAN_ARE_KEPT; ++i)
-            QVERIFY(m_judge.accepts(Interval_VF, QStringLiteral("%1[sec]").arg(i)));
+            QVERIFY(m_judge.accepts(Interval_VF, QStringLiteral("%1[sec]").arg(i), m_validators));
     }
 }
 
@@ -177,10 +178,10 @@ void TestTextJudge::answersTheSameAgain()
 void TestTextJudge::answersAHugeWordAtOnce()
 {
     const QString word(1 << 20, QLatin1Char('w'));
-    QVERIFY(m_judge.accepts(VarName_VF, word));
-    QVERIFY(!m_judge.accepts(Event_Name_VF, word));
-    QVERIFY(m_judge.accepts(ChannelName_VF, word));
-    QCOMPARE(m_judge.editorType(word), int(TEXT_BLOCK));
+    QVERIFY(m_judge.accepts(VarName_VF, word, m_validators));
+    QVERIFY(!m_judge.accepts(Event_Name_VF, word, m_validators));
+    QVERIFY(m_judge.accepts(ChannelName_VF, word, m_validators));
+    QCOMPARE(m_judge.classify(word), int(TEXT_BLOCK));
 }
 
 QTEST_GUILESS_MAIN(TestTextJudge)
