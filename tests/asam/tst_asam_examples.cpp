@@ -124,6 +124,7 @@ void tst_AsamExamples::listsThatSpecFilesNameAreOffered()
     QCOMPARE(offered, count);
 }
 
-QTEST_GUILESS_MAIN(tst_AsamExamples)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_AsamExamples)
 
 #include "tst_asam_examples.moc"

@@ -721,6 +721,7 @@ void tst_AsamspecsSelect::showsBelowItsPlaceInTheWindow()
     QCOMPARE(mapped.size(), 1);
 }
 
-QTEST_MAIN(tst_AsamspecsSelect)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_AsamspecsSelect)
 
 #include "tst_asamspecs_select.moc"

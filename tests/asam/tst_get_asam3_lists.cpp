@@ -391,6 +391,7 @@ void tst_GetAsam3Lists::leavesNoFileOpen()
     QCOMPARE(openDescriptors(), before);
 }
 
-QTEST_GUILESS_MAIN(tst_GetAsam3Lists)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_GetAsam3Lists)
 
 #include "tst_get_asam3_lists.moc"

@@ -143,5 +143,6 @@ void tst_CellGrowth::editsLeaveNothing()
     QVERIFY2(more <= PASSING, qPrintable(QStringLiteral("%1 more").arg(more)));
 }
 
-QTEST_MAIN(tst_CellGrowth)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_CellGrowth)
 #include "tst_cell_growth.moc"

@@ -542,5 +542,6 @@ void tst_CellWalk::walk()
     QCOMPARE(saved(), fileAfter);
 }
 
-QTEST_MAIN(tst_CellWalk)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_CellWalk)
 #include "tst_cell_walk.moc"

@@ -33,5 +33,6 @@ void tst_NoKeywordArea::editorOpensWithoutItems()
     QCOMPARE(view->model()->index(1, 3).data(Qt::EditRole).toString(), QStringLiteral("by_hand"));
 }
 
-QTEST_MAIN(tst_NoKeywordArea)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_NoKeywordArea)
 #include "tst_no_keyword_area.moc"

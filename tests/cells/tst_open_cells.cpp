@@ -117,5 +117,6 @@ void tst_OpenCells::documentGoesUnderADialog()
     QVERIFY(dialog == nullptr);
 }
 
-QTEST_MAIN(tst_OpenCells)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_OpenCells)
 #include "tst_open_cells.moc"

@@ -934,5 +934,6 @@ void TestVariableDialog::withoutAParent()
     QCOMPARE(variables().currentText(), QStringLiteral("oil_temp"));
 }
 
-QTEST_MAIN(TestVariableDialog)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestVariableDialog)
 #include "tst_variable_dialog.moc"

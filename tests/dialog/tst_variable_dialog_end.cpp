@@ -267,5 +267,6 @@ void TestVariableDialogEnd::anotherFilterWithoutAPlatformEndsTheProcess()
              QByteArray("\n Marvane must be running to use this command\n"));
 }
 
-QTEST_MAIN(TestVariableDialogEnd)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestVariableDialogEnd)
 #include "tst_variable_dialog_end.moc"

@@ -240,5 +240,6 @@ void TestVariableDialogLine::longTextIsJudgedAtOnce()
     QCOMPARE(code(), QVariant(int{DE_SYNTAX_ERR}));
 }
 
-QTEST_MAIN(TestVariableDialogLine)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestVariableDialogLine)
 #include "tst_variable_dialog_line.moc"

@@ -175,5 +175,6 @@ void TestCellDialogs::undoOnTheTabWhereADialogEndedFindsItsRowAgain()
     QCOMPARE(scanList(), variables);
 }
 
-QTEST_MAIN(TestCellDialogs)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestCellDialogs)
 #include "tst_cell_dialogs.moc"

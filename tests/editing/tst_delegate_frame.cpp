@@ -918,5 +918,6 @@ void TestDelegateFrame::filterSparesTheDialogs()
     }
 }
 
-QTEST_MAIN(TestDelegateFrame)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestDelegateFrame)
 #include "tst_delegate_frame.moc"

@@ -776,5 +776,6 @@ void TestKeywordEditors::secondValueOfATextOpens()
     QCOMPARE(second.data().toString(), text("other"));
 }
 
-QTEST_MAIN(TestKeywordEditors)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestKeywordEditors)
 #include "tst_keyword_editors.moc"

@@ -83,5 +83,6 @@ void TestLineMessages::lineHasItsMessage()
     QTEST(line->property("errortip").toString(), "message");
 }
 
-QTEST_MAIN(TestLineMessages)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestLineMessages)
 #include "tst_line_messages.moc"

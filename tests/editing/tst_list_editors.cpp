@@ -1126,5 +1126,6 @@ void TestListEditors::cancelledEcmListStoresNothing()
     QCOMPARE(stack()->count(), 0);
 }
 
-QTEST_MAIN(TestListEditors)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestListEditors)
 #include "tst_list_editors.moc"

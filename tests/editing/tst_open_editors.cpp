@@ -406,5 +406,6 @@ void TestOpenEditors::withNothingLoadedNothingHappens()
     QVERIFY(m_dialogs->boxes.isEmpty());
 }
 
-QTEST_MAIN(TestOpenEditors)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestOpenEditors)
 #include "tst_open_editors.moc"

@@ -222,5 +222,6 @@ void TestPastedLineBreaks::textOfTheCellStays()
     QCOMPARE(index.data().toString(), text("c\nd"));
 }
 
-QTEST_MAIN(TestPastedLineBreaks)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestPastedLineBreaks)
 #include "tst_pasted_line_breaks.moc"

@@ -82,6 +82,7 @@ void tst_Closing::afterCancelTheWorkGoesOn()
     QVERIFY(user.waitForEnd());
 }
 
-QTEST_GUILESS_MAIN(tst_Closing)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_Closing)
 
 #include "tst_closing.moc"

@@ -413,6 +413,7 @@ void tst_EveryEditor::everyKeywordIsOfferedOnce()
         [&] { return user.table(0).rowOf(QStringLiteral("@CLEAR_STATISTICS_EVENT"), 0) != -1; }));
 }
 
-QTEST_GUILESS_MAIN(tst_EveryEditor)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_EveryEditor)
 
 #include "tst_every_editor.moc"

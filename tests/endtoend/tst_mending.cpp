@@ -226,6 +226,7 @@ void tst_Mending::marksLeadToAGoodFile()
     QCOMPARE(linesOf(readFile(FILE_NAME)), linesOf(file));
 }
 
-QTEST_GUILESS_MAIN(tst_Mending)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_Mending)
 
 #include "tst_mending.moc"

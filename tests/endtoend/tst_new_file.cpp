@@ -122,6 +122,7 @@ void tst_NewFile::placeholdersBecomeAFile()
     QVERIFY(m_user->waitForEnd());
 }
 
-QTEST_GUILESS_MAIN(tst_NewFile)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_NewFile)
 
 #include "tst_new_file.moc"

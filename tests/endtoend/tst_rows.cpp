@@ -281,6 +281,7 @@ void tst_Rows::undoIsOfTheTabThatIsSeen()
     QVERIFY(hasRows(0, keywords));
 }
 
-QTEST_GUILESS_MAIN(tst_Rows)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_Rows)
 
 #include "tst_rows.moc"

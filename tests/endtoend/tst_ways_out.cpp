@@ -246,6 +246,7 @@ void tst_WaysOut::textIsKept()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_WaysOut)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_WaysOut)
 
 #include "tst_ways_out.moc"

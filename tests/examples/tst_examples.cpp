@@ -441,5 +441,6 @@ void TestExamples::brokenIsMendedByItsMarks()
     QCOMPARE(again.saved(), saved);
 }
 
-QTEST_MAIN(TestExamples)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestExamples)
 #include "tst_examples.moc"

@@ -330,5 +330,6 @@ void TestSpecGenerator::programTellsOfAFullDisk()
     QVERIFY(result.errors.startsWith("generate_spec: "));
 }
 
-QTEST_MAIN(TestSpecGenerator)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestSpecGenerator)
 #include "tst_spec_generator.moc"

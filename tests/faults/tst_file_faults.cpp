@@ -472,5 +472,6 @@ void tst_FileFaults::diskOfAFixedSize()
     QVERIFY(fill(QStringLiteral("/specs/beside"), 50000));
 }
 
-QTEST_GUILESS_MAIN(tst_FileFaults)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_FileFaults)
 #include "tst_file_faults.moc"

@@ -226,5 +226,6 @@ void tst_KilledEditor::killedInTheMiddleOfACopy()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_KilledEditor)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_KilledEditor)
 #include "tst_killed_editor.moc"

@@ -241,5 +241,6 @@ void tst_HelpCollection::everyStatisticalMemberIsTold()
     }
 }
 
-QTEST_MAIN(tst_HelpCollection)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_HelpCollection)
 #include "tst_help_collection.moc"

@@ -461,5 +461,6 @@ void tst_HelpEditors::literalsAreJudgedAsTheHelpSays()
     QCOMPARE(value.data(Qt::UserRole).toInt(), int(DE_SYNTAX_ERR));
 }
 
-QTEST_MAIN(tst_HelpEditors)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_HelpEditors)
 #include "tst_help_editors.moc"

@@ -245,5 +245,6 @@ void tst_HelpLosses::marksAreAsTheHelpSays()
     QCOMPARE(codeOf(3), int{DE_NOERROR});
 }
 
-QTEST_MAIN(tst_HelpLosses)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_HelpLosses)
 #include "tst_help_losses.moc"

@@ -149,5 +149,6 @@ void tst_HelpViewer::askedAgainTheSameViewerComesBackToTheFirstPage()
     QCOMPARE(m_display.windows().filter(VIEWER), QStringList{VIEWER});
 }
 
-QTEST_GUILESS_MAIN(tst_HelpViewer)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_HelpViewer)
 #include "tst_help_viewer.moc"

@@ -391,5 +391,6 @@ private:
     std::unique_ptr<DeskProcess> desk_;
 };
 
-QTEST_GUILESS_MAIN(TestHostDistrust)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, TestHostDistrust)
 #include "tst_host_distrust.moc"

@@ -340,5 +340,6 @@ private:
     DeskProcess desk_;
 };
 
-QTEST_GUILESS_MAIN(TestHostFunctions)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, TestHostFunctions)
 #include "tst_host_functions.moc"

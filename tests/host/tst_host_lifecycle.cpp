@@ -228,5 +228,6 @@ private:
     std::unique_ptr<DeskProcess> desk_;
 };
 
-QTEST_GUILESS_MAIN(TestHostLifecycle)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, TestHostLifecycle)
 #include "tst_host_lifecycle.moc"

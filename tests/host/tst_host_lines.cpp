@@ -178,5 +178,6 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(TestHostLines)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, TestHostLines)
 #include "tst_host_lines.moc"

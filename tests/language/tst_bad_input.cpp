@@ -350,5 +350,6 @@ void tst_BadInput::repeatedLoadsDoNotGrowMemory()
              qPrintable(QStringLiteral("%1 bytes more").arg(after - before)));
 }
 
-QTEST_APPLESS_MAIN(tst_BadInput)
+#include "area_test.h"
+AREA_TEST(QTEST_APPLESS_MAIN, tst_BadInput)
 #include "tst_bad_input.moc"

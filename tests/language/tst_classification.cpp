@@ -336,5 +336,6 @@ void tst_Classification::rangeOfTypes()
     QCOMPARE(appGrammerMaxType(), 86);
 }
 
-QTEST_APPLESS_MAIN(tst_Classification)
+#include "area_test.h"
+AREA_TEST(QTEST_APPLESS_MAIN, tst_Classification)
 #include "tst_classification.moc"

@@ -178,5 +178,6 @@ void tst_FileReading::bytesLiveAsLongAsTheTree()
     QVERIFY(parsedBytes().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(tst_FileReading)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_FileReading)
 #include "tst_file_reading.moc"

@@ -79,5 +79,6 @@ void tst_LargeInput::behindASpec()
     QVERIFY(textLength(node) >= static_cast<size_t>(SIZE));
 }
 
-QTEST_APPLESS_MAIN(tst_LargeInput)
+#include "area_test.h"
+AREA_TEST(QTEST_APPLESS_MAIN, tst_LargeInput)
 #include "tst_large_input.moc"

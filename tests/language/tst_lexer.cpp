@@ -544,5 +544,6 @@ void tst_Lexer::saysNothing()
     QCOMPARE(outputOf(stdout, lexBadText), QByteArray());
 }
 
-QTEST_APPLESS_MAIN(tst_Lexer)
+#include "area_test.h"
+AREA_TEST(QTEST_APPLESS_MAIN, tst_Lexer)
 #include "tst_lexer.moc"

@@ -67,5 +67,6 @@ void tst_Lists::metaDataListIsNoted()
     QCOMPARE(metaDataList, 1);
 }
 
-QTEST_APPLESS_MAIN(tst_Lists)
+#include "area_test.h"
+AREA_TEST(QTEST_APPLESS_MAIN, tst_Lists)
 #include "tst_lists.moc"

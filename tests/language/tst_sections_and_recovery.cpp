@@ -181,5 +181,6 @@ void tst_SectionsAndRecovery::badFileIsLoadedInSilence()
         QCOMPARE(outputOf(stream, [&text] { loadText(text); }), QByteArray());
 }
 
-QTEST_APPLESS_MAIN(tst_SectionsAndRecovery)
+#include "area_test.h"
+AREA_TEST(QTEST_APPLESS_MAIN, tst_SectionsAndRecovery)
 #include "tst_sections_and_recovery.moc"

@@ -129,5 +129,6 @@ void tst_Statements::metaHeaderFilenameReadsTheMaskOfTheFileBefore()
     QVERIFY(!loadedTree().contains(QStringLiteral("TEXT_BLK(my_header)")));
 }
 
-QTEST_APPLESS_MAIN(tst_Statements)
+#include "area_test.h"
+AREA_TEST(QTEST_APPLESS_MAIN, tst_Statements)
 #include "tst_statements.moc"

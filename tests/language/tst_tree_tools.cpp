@@ -500,5 +500,6 @@ void tst_TreeTools::silentFunctions()
     QCOMPARE(loadedTree(), tree);
 }
 
-QTEST_APPLESS_MAIN(tst_TreeTools)
+#include "area_test.h"
+AREA_TEST(QTEST_APPLESS_MAIN, tst_TreeTools)
 #include "tst_tree_tools.moc"

@@ -101,5 +101,6 @@ void TestBaseTreeEditor::mouseMovesDoNothing()
     QCOMPARE(spy.size(), 0);
 }
 
-QTEST_MAIN(TestBaseTreeEditor)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestBaseTreeEditor)
 #include "tst_basetreeeditor.moc"

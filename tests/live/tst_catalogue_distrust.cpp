@@ -279,5 +279,6 @@ void TestCatalogueDistrust::looksAtOnePageOfAnArrayNotInUse()
     QVERIFY2(read <= COUNT * pageSize, qPrintable(QString::number(read)));
 }
 
-QTEST_GUILESS_MAIN(TestCatalogueDistrust)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, TestCatalogueDistrust)
 #include "tst_catalogue_distrust.moc"

@@ -75,5 +75,6 @@ void TestTypingInWindow::marksTheCellAtOnce()
     QCOMPARE(pictureOf(cell), good);
 }
 
-QTEST_MAIN(TestTypingInWindow)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestTypingInWindow)
 #include "tst_typing_in_window.moc"

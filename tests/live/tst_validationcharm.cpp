@@ -513,5 +513,6 @@ void TestValidationCharm::withoutASender()
     QCOMPARE(code(), QVariant(0));
 }
 
-QTEST_MAIN(TestValidationCharm)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestValidationCharm)
 #include "tst_validationcharm.moc"

@@ -625,5 +625,6 @@ void TestVariableCatalogue::olderCatalogueLivesOnWhileItIsShown()
     QCOMPARE(*shown, variablesByGroup(QStringLiteral("S")));
 }
 
-QTEST_GUILESS_MAIN(TestVariableCatalogue)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, TestVariableCatalogue)
 #include "tst_variable_catalogue.moc"

@@ -720,5 +720,6 @@ void tst_EditorUndoCommand::historiesOfTwoTabs()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_EditorUndoCommand)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_EditorUndoCommand)
 #include "tst_editorundocommand.moc"

@@ -378,5 +378,6 @@ void tst_RowLoading::manyRowsStayInOrder()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_RowLoading)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_RowLoading)
 #include "tst_row_loading.moc"

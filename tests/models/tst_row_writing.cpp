@@ -346,5 +346,6 @@ void tst_RowWriting::manyRows()
     QVERIFY(dumpOf(model.get()) == text);
 }
 
-QTEST_GUILESS_MAIN(tst_RowWriting)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_RowWriting)
 #include "tst_row_writing.moc"

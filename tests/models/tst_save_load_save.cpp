@@ -345,5 +345,6 @@ void tst_SaveLoadSave::zeroByteInAMisplacedTextLosesNothing()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_SaveLoadSave)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_SaveLoadSave)
 #include "tst_save_load_save.moc"

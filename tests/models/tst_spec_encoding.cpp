@@ -178,5 +178,6 @@ void tst_SpecEncoding::textBeyondLatin1IsWrittenInTheLocalEncoding()
     QCOMPARE(dumpOf(model.get()), "@SCRIBON\n" + EURO.toUtf8() + "\n#" + UMLAUTS_IN_UTF8 + "\n");
 }
 
-QTEST_GUILESS_MAIN(tst_SpecEncoding)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_SpecEncoding)
 #include "tst_spec_encoding.moc"

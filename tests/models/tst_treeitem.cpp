@@ -422,5 +422,6 @@ void tst_TreeItem::undoableStoreNeedsAnActiveStack()
     QCOMPARE(item->data(1).toString(), QStringLiteral("v"));
 }
 
-QTEST_GUILESS_MAIN(tst_TreeItem)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_TreeItem)
 #include "tst_treeitem.moc"

@@ -681,5 +681,6 @@ void tst_TreeModel::changeFlags()
     QVERIFY(!model->isModified());
 }
 
-QTEST_GUILESS_MAIN(tst_TreeModel)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_TreeModel)
 #include "tst_treemodel.moc"

@@ -199,5 +199,6 @@ void tst_ValidatorFormats::emptyTextIsNeverAccepted()
         QVERIFY2(!accepts(judgement.format, QString()), ValidatorPatterns[judgement.format]);
 }
 
-QTEST_GUILESS_MAIN(tst_ValidatorFormats)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_ValidatorFormats)
 #include "tst_validator_formats.moc"

@@ -399,5 +399,6 @@ void TestCellLooks::knowsNoCodeBeforeTheFirstPass()
     QCOMPARE(cell(1, 1, 1, Qt::UserRole), QVariant(int(DE_NOERROR)));
 }
 
-QTEST_MAIN(TestCellLooks)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestCellLooks)
 #include "tst_cell_looks.moc"

@@ -163,5 +163,6 @@ void TestErrorCounts::judgesTheTabInFrontWhileItHasErrors()
     QCOMPARE(metaData->errorCode(metaData->index(1, 1)), QVariant(int(DE_SYNTAX_ERR)));
 }
 
-QTEST_MAIN(TestErrorCounts)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, TestErrorCounts)
 #include "tst_error_counts.moc"

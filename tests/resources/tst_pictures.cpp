@@ -272,5 +272,6 @@ void tst_Pictures::installsTheIconsAlone()
              namesOf(BESIDE_PROGRAM, stage.path() + INSTALLED_DIR + QLatin1Char('/')));
 }
 
-QTEST_MAIN(tst_Pictures)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_Pictures)
 #include "tst_pictures.moc"

@@ -248,5 +248,6 @@ void tst_Resources::sampleTextIsASpecFile()
     QVERIFY2(!tree.contains(QStringLiteral("ERROR")), qPrintable(tree));
 }
 
-QTEST_MAIN(tst_Resources)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_Resources)
 #include "tst_resources.moc"

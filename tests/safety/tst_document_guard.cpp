@@ -496,5 +496,6 @@ void tst_DocumentGuard::openedCopyStaysWhenItIsSavedInPlace()
     QVERIFY(notice().contains(COPY));
 }
 
-QTEST_MAIN(tst_DocumentGuard)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_DocumentGuard)
 #include "tst_document_guard.moc"

@@ -371,5 +371,6 @@ void tst_RecoveryCopy::onlyAbandonedCopiesAreRemoved()
     QCOMPARE(namesIn(FOLDER), QStringList{QStringLiteral("1")});
 }
 
-QTEST_GUILESS_MAIN(tst_RecoveryCopy)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_RecoveryCopy)
 #include "tst_recovery_copy.moc"

@@ -130,5 +130,6 @@ void tst_StatusNotices::longNoticeIsWrapped()
     m_notices.reset();
 }
 
-QTEST_MAIN(tst_StatusNotices)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_StatusNotices)
 #include "tst_status_notices.moc"

@@ -157,5 +157,6 @@ void tst_WatchedFile::stoppedSaysNothing()
     QCOMPARE(spy.count(), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_WatchedFile)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_WatchedFile)
 #include "tst_watched_file.moc"

@@ -201,5 +201,6 @@ void tst_About::eachWindowHasItsOwnViewer()
     QTRY_COMPARE(HelpViewer::processes().size(), 2);
 }
 
-QTEST_MAIN(tst_About)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_About)
 #include "tst_about.moc"

@@ -267,5 +267,6 @@ void tst_Assistant::endOfTheAssistantAfterTheViewer()
     QCOMPARE(HelpViewer::processes().size(), 1);
 }
 
-QTEST_MAIN(tst_Assistant)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_Assistant)
 #include "tst_assistant.moc"

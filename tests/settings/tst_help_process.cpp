@@ -144,5 +144,6 @@ void tst_HelpProcess::aboutTellsThePlatformsVersion()
     QCOMPARE(m_editor->endedHow(), QProcess::NormalExit);
 }
 
-QTEST_GUILESS_MAIN(tst_HelpProcess)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_HelpProcess)
 #include "tst_help_process.moc"

@@ -643,5 +643,6 @@ void tst_Preferences::dialogsStayWithTheWindow()
     QCOMPARE(m_window->findChildren<Preferences*>().size(), 2);
 }
 
-QTEST_MAIN(tst_Preferences)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_Preferences)
 #include "tst_preferences.moc"

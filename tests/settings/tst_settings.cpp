@@ -580,5 +580,6 @@ void tst_Settings::unwritable()
     QCOMPARE(readFile(file), before);
 }
 
-QTEST_MAIN(tst_Settings)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_Settings)
 #include "tst_settings.moc"

@@ -163,5 +163,6 @@ void tst_SettingsProcess::pipeIsNotWritten()
     QCOMPARE(settings(), before);
 }
 
-QTEST_GUILESS_MAIN(tst_SettingsProcess)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_SettingsProcess)
 #include "tst_settings_process.moc"

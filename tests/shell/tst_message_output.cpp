@@ -122,5 +122,6 @@ void tst_MessageOutput::logMacrosEndThere()
     QVERIFY(output.atEnd());
 }
 
-QTEST_APPLESS_MAIN(tst_MessageOutput)
+#include "area_test.h"
+AREA_TEST(QTEST_APPLESS_MAIN, tst_MessageOutput)
 #include "tst_message_output.moc"

@@ -318,5 +318,6 @@ void tst_Startup::platformThatWasKilledIsGone()
     QCOMPARE(m_editor->titles(), QStringList(NO_PLATFORM_TITLE));
 }
 
-QTEST_GUILESS_MAIN(tst_Startup)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, tst_Startup)
 #include "tst_startup.moc"

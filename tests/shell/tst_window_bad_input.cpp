@@ -201,5 +201,6 @@ void tst_WindowBadInput::namesThatAreNoNames()
     QCOMPARE(titleOf(*m_window), GOOD);
 }
 
-QTEST_MAIN(tst_WindowBadInput)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_WindowBadInput)
 #include "tst_window_bad_input.moc"

@@ -309,5 +309,6 @@ void tst_WindowDialogs::actionsAreConnected()
     QCOMPARE(m_dialogs->fileDialogs.first().title, title);
 }
 
-QTEST_MAIN(tst_WindowDialogs)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_WindowDialogs)
 #include "tst_window_dialogs.moc"

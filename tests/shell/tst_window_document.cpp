@@ -631,5 +631,6 @@ void tst_WindowDocument::windowGivesAccessWhileItLives()
     QVERIFY(access->dialogParent() == nullptr);
 }
 
-QTEST_MAIN(tst_WindowDocument)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_WindowDocument)
 #include "tst_window_document.moc"

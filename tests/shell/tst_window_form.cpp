@@ -369,5 +369,6 @@ void tst_WindowForm::slotsInOrder()
     }
 }
 
-QTEST_MAIN(tst_WindowForm)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_WindowForm)
 #include "tst_window_form.moc"

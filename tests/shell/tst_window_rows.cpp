@@ -470,5 +470,6 @@ void tst_WindowRows::closeActionCloses()
     QVERIFY(!m_window->isVisible());
 }
 
-QTEST_MAIN(tst_WindowRows)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_WindowRows)
 #include "tst_window_rows.moc"

@@ -420,5 +420,6 @@ void tst_WindowSaving::closeFreesTheParser()
     QVERIFY(getTree() == nullptr);
 }
 
-QTEST_MAIN(tst_WindowSaving)
+#include "area_test.h"
+AREA_TEST(QTEST_MAIN, tst_WindowSaving)
 #include "tst_window_saving.moc"

@@ -461,5 +461,6 @@ void TestTabValidation::judgesAsAFreshModelWould()
     }
 }
 
-QTEST_GUILESS_MAIN(TestTabValidation)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, TestTabValidation)
 #include "tst_tab_validation.moc"

@@ -184,5 +184,6 @@ void TestTextJudge::answersAHugeWordAtOnce()
     QCOMPARE(m_judge.classify(word), int(TEXT_BLOCK));
 }
 
-QTEST_GUILESS_MAIN(TestTextJudge)
+#include "area_test.h"
+AREA_TEST(QTEST_GUILESS_MAIN, TestTextJudge)
 #include "tst_text_judge.moc"
