@@ -5,11 +5,14 @@
 #include <memory>
 
 #include "editor_antlr3.h"
+#include "golden_keywords.h"
 #include "loaded_text.h"
 #include "tree_nodes.h"
 #include "tree_printer.h"
 
 namespace {
+
+constexpr int UNKNOWN_KEYWORD = 29;
 
 struct TypeRow {
     int type;
@@ -17,59 +20,25 @@ struct TypeRow {
 };
 
 // clang-format off
-// All types whose editor is not TEXT_BLOCK.
-constexpr std::array<TypeRow, 50> EDITORS{{
+// All types that are neither keywords nor have TEXT_BLOCK as their editor.
+constexpr std::array<TypeRow, 12> OTHER_EDITORS{{
     {6, COMMENT_LINE},
     {13, EDIT_TAB1}, {14, EDIT_TAB2}, {15, EDIT_TAB3}, {16, EDIT_TAB4}, {17, EDIT_TAB5},
-    {18, EOL_FLAG}, {22, FILLER_DATA},
-    {27, EVENT_EDITOR}, {32, EVENT_EDITOR}, {40, EVENT_EDITOR}, {41, EVENT_EDITOR},
-    {53, EVENT_EDITOR}, {55, EVENT_EDITOR}, {61, EVENT_EDITOR}, {62, EVENT_EDITOR},
-    {63, EVENT_EDITOR},
-    {28, NOEDITOR}, {35, NOEDITOR},
-    {29, DESCRIPTION_EDITOR}, {30, DESCRIPTION_EDITOR}, {38, DESCRIPTION_EDITOR},
-    {31, SCRIBON_EDITOR}, {33, ECM_LIST_EDITOR},
-    {34, LOGICAL_VAR_EDITOR}, {43, LOGICAL_VAR_EDITOR},
-    {36, FLOAT_UNIT_EDITOR},
-    {37, INTEGER_EDITOR}, {46, INTEGER_EDITOR}, {47, INTEGER_EDITOR},
-    {39, YESNO_EDITOR}, {44, YESNO_EDITOR}, {45, YESNO_EDITOR}, {60, YESNO_EDITOR},
-    {42, STRING_VAR_EDITOR}, {50, STRING_VAR_EDITOR}, {52, STRING_VAR_EDITOR},
-    {64, STRING_VAR_EDITOR}, {65, STRING_VAR_EDITOR},
-    {48, SCAN_LIST_EDITOR}, {58, SCAN_LIST_EDITOR}, {59, SCAN_LIST_EDITOR},
-    {49, DIR_PATH_EDITOR}, {51, DIR_PATH_EDITOR},
-    {54, REGNAME_EDITOR}, {56, INTEGER_TIME_INT_EDITOR}, {57, SCAN_INTERVAL_EDITOR},
+    {18, EOL_FLAG}, {22, FILLER_DATA}, {UNKNOWN_KEYWORD, DESCRIPTION_EDITOR},
     {66, LOG_DIG_DESCRIPTION}, {67, LOG_DIG_DESCRIPTION},
     {78, STAT_MEM_EDITOR},
-}};
-
-struct KeywordRow {
-    const char* spelling;
-    int type;
-    bool required;
-};
-
-constexpr std::array<KeywordRow, 39> KEYWORDS{{
-    {"@FIFO_POST_TRIGGER_SCANS", 37, false}, {"@MAX_SCANS", 46, false},
-    {"@MAX_STATISTICAL_SCANS", 47, false}, {"@FIFO_POST_TRIGGER_INTERVAL", 36, false},
-    {"@RUNNING_AVERAGE", 56, false}, {"@SCAN_INTERVAL", 57, true}, {"@SCRIBON", 31, true},
-    {"@TEST_ID", 64, true}, {"@TEST_TYPE", 65, true}, {"@MODE", 50, true}, {"@GROUP", 42, true},
-    {"@PROGRAM", 52, true}, {"@REG_NAME", 54, false}, {"@FORCE_DIRECT_FILE_WRITE", 39, false},
-    {"@FIFO_LOG_BUFFER", 35, false}, {"@LOG_DIGITAL_DESCRIPTION", 44, false},
-    {"@LOG_STATISTICS", 45, false}, {"@ENABLE", 34, false}, {"@LOGGING_ACTIVE_LABEL", 43, false},
-    {"@DESCRIPTION", 30, true}, {"@SCAN_LIST", 58, true}, {"@OUTPUT_PATH", 51, false},
-    {"@META_HEADER_FILENAME", 49, false}, {"@CLEAR_STATISTICS_EVENT", 27, false},
-    {"@READ_SPEC_FILE_EVENT", 53, false}, {"@START_EVENT", 61, false}, {"@SYNC_EVENT", 63, false},
-    {"@STOP_EVENT", 62, false}, {"@DONE_EVENT", 32, false}, {"@FTP_EVENT", 40, false},
-    {"@RELEASE_EVENT", 55, false}, {"@GET_NEW_SCAN_INTERVAL", 41, false}, {"@META_DATA", 48, false},
-    {"@ECM_LIST", 33, false}, {"@SCAN_LIST_AUX_USER", 59, false}, {"@OMBRA_STEADY_STATE", 28, false},
-    {"@SEND_ON_PATH_CHANGE", 60, false}, {"@FILENAME", 38, false}, {"@FOO", 29, false},
 }};
 // clang-format on
 
 int editorOf(int type)
 {
-    for (const TypeRow& row : EDITORS) {
+    for (const TypeRow& row : OTHER_EDITORS) {
         if (row.type == type)
             return row.editor;
+    }
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS) {
+        if (keyword.token == type)
+            return keyword.editor;
     }
     return TEXT_BLOCK;
 }
@@ -155,7 +124,7 @@ void tst_Classification::doesNotTouchTheLoadedTree()
 {
     QCOMPARE(loadText("@SCRIBON s\n@SCAN_LIST\na .AV b # c\n"), 0);
     const QString tree = loadedTree();
-    for (const KeywordRow& keyword : KEYWORDS)
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS)
         classify(keyword.spelling);
     QCOMPARE(loadedTree(), tree);
     QCOMPARE(loadText("@SCRIBON s\n@SCAN_LIST\na .AV b # c\n"), 0);
@@ -166,10 +135,10 @@ void tst_Classification::nodes_data()
 {
     QTest::addColumn<int>("type");
     QTest::addColumn<int>("editor");
-    for (int type = 0; type <= 86; ++type)
+    for (int type = 0; type <= highestType(); ++type)
         QTest::newRow(typeName(type).c_str()) << type << editorOf(type);
     QTest::newRow("the end of input") << -1 << int(TEXT_BLOCK);
-    QTest::newRow("a type beyond the highest") << 87 << int(TEXT_BLOCK);
+    QTest::newRow("a type beyond the highest") << highestType() + 1 << int(TEXT_BLOCK);
 }
 
 void tst_Classification::nodes()
@@ -190,9 +159,10 @@ void tst_Classification::keywords_data()
     QTest::addColumn<QByteArray>("spelling");
     QTest::addColumn<int>("type");
     QTest::addColumn<bool>("required");
-    for (const KeywordRow& keyword : KEYWORDS)
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS)
         QTest::newRow(keyword.spelling)
-            << QByteArray(keyword.spelling) << keyword.type << keyword.required;
+            << QByteArray(keyword.spelling) << keyword.token << keyword.is(MUST_STAY);
+    QTest::newRow("an unknown keyword") << QByteArray("@FOO") << UNKNOWN_KEYWORD << false;
 }
 
 void tst_Classification::keywords()
@@ -333,7 +303,7 @@ void tst_Classification::nullIsNotRequired()
 void tst_Classification::rangeOfTypes()
 {
     QCOMPARE(appGrammerMinType(), 29);
-    QCOMPARE(appGrammerMaxType(), 86);
+    QCOMPARE(appGrammerMaxType(), highestType());
 }
 
 #include "area_test.h"

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "captured_output.h"
+#include "golden_keywords.h"
 #include "lexed_tokens.h"
 #include "scribonspecs_tokens.h"
 #include "stat_members.h"
@@ -17,47 +18,20 @@ struct NamedType {
 };
 
 // clang-format off
-constexpr std::array<NamedType, 87> ALL_TYPES{{
+// All types but those of the keywords, which are in GOLDEN_KEYWORDS.
+constexpr std::array<NamedType, 49> OTHER_TYPES{{
     {"<invalid>", 0}, {"<EOR>", 1}, {"<DOWN>", 2}, {"<UP>", 3}, {"APOST", 4}, {"CHARS", 5},
-    {"COMMENT", 6}, {"COMMENT_DECL", 7}, {"OMBRA_SS_DECL", 8}, {"DESCRIP", 9},
-    {"DESCRIP_DECL", 10}, {"DIGITS", 11}, {"ECM_LIST_DECL", 12}, {"EDITOR_TAB1", 13},
-    {"EDITOR_TAB2", 14}, {"EDITOR_TAB3", 15}, {"EDITOR_TAB4", 16}, {"EDITOR_TAB5", 17},
-    {"EOL", 18}, {"EOL_CR", 19}, {"EVENT_DECL", 20}, {"EXPONENT", 21}, {"FILLER_TXT", 22},
-    {"FLOAT", 23}, {"HEADER_ROW", 24}, {"INT", 25}, {"INTERVAL_DECL", 26},
-    {"KYWD_CLR_STAT_EVT", 27}, {"KYWD_OMBRA_STEADY_STATE", 28}, {"KYWD_DEFAULT", 29},
-    {"KYWD_DESCRIPTION", 30}, {"KYWD_SCRIBON", 31}, {"KYWD_DONE_EVT", 32}, {"KYWD_ECM_LIST", 33},
-    {"KYWD_ENABLE", 34}, {"KYWD_FIFO_LOG_BUF", 35}, {"KYWD_FIFO_PTRG_INTV", 36},
-    {"KYWD_FIFO_PTRG_SCANS", 37}, {"KYWD_FILENAME", 38}, {"KYWD_FOR_DFILE_WRITE", 39},
-    {"KYWD_FTP_EVT", 40}, {"KYWD_GET_NSCAN_INTV", 41}, {"KYWD_GROUP", 42},
-    {"KYWD_LOG_ACT_LABEL", 43}, {"KYWD_LOG_DIG_DESC", 44}, {"KYWD_LOG_STATS", 45},
-    {"KYWD_MAX_SCANS", 46}, {"KYWD_MAX_STAT_SCANS", 47}, {"KYWD_META_DATA", 48},
-    {"KYWD_META_HDR_FILENAME", 49}, {"KYWD_MODE", 50}, {"KYWD_OUTPUT_PATH", 51},
-    {"KYWD_PROGRAM", 52}, {"KYWD_READ_SFILE_EVT", 53}, {"KYWD_REG_NAME", 54},
-    {"KYWD_RELEASE_EVT", 55}, {"KYWD_RUNNING_AVE", 56}, {"KYWD_SCAN_INTV", 57},
-    {"KYWD_SCAN_LIST", 58}, {"KYWD_SCAN_LIST_AUX_USER", 59}, {"KYWD_SEND_ON_PATH_CHANGE", 60},
-    {"KYWD_START_EVT", 61}, {"KYWD_STOP_EVT", 62}, {"KYWD_SYNC_EVT", 63}, {"KYWD_TEST_ID", 64},
-    {"KYWD_TEST_TYPE", 65}, {"LABEL_DECL", 66}, {"LOG_DIGITAL_DESC", 67},
-    {"META_DATA_LIST_DECL", 68}, {"META_FILENAME_DECL", 69}, {"OUTPUT_PATH_DECL", 70},
-    {"QUOTE", 71}, {"RA_DECL", 72}, {"RESPNS", 73}, {"SCANS_DECL", 74},
+    {"COMMENT", 6}, {"COMMENT_DECL", 7}, {"OMBRA_SS_DECL", 8}, {"DESCRIP", 9}, {"DESCRIP_DECL", 10},
+    {"DIGITS", 11}, {"ECM_LIST_DECL", 12}, {"EDITOR_TAB1", 13}, {"EDITOR_TAB2", 14},
+    {"EDITOR_TAB3", 15}, {"EDITOR_TAB4", 16}, {"EDITOR_TAB5", 17}, {"EOL", 18}, {"EOL_CR", 19},
+    {"EVENT_DECL", 20}, {"EXPONENT", 21}, {"FILLER_TXT", 22}, {"FLOAT", 23}, {"HEADER_ROW", 24},
+    {"INT", 25}, {"INTERVAL_DECL", 26}, {"KYWD_DEFAULT", 29}, {"LABEL_DECL", 66},
+    {"LOG_DIGITAL_DESC", 67}, {"META_DATA_LIST_DECL", 68}, {"META_FILENAME_DECL", 69},
+    {"OUTPUT_PATH_DECL", 70}, {"QUOTE", 71}, {"RA_DECL", 72}, {"RESPNS", 73}, {"SCANS_DECL", 74},
     {"SCAN_LIST_ARGS_DECL", 75}, {"SCAN_LIST_AUX_USER_DECL", 76}, {"SCAN_LIST_DECL", 77},
     {"STAT_MEM", 78}, {"STRING_DECL", 79}, {"TEXT_BLK", 80}, {"TIME_INTERVAL", 81},
     {"UNKNOWN_DECL", 82}, {"UNKNOWN_TXT_DECL", 83}, {"VERR_NODE", 84}, {"WS", 85},
     {"YESNO_DECL", 86},
-}};
-
-constexpr std::array<NamedType, 38> KEYWORDS{{
-    {"@FIFO_POST_TRIGGER_SCANS", 37}, {"@MAX_SCANS", 46}, {"@MAX_STATISTICAL_SCANS", 47},
-    {"@FIFO_POST_TRIGGER_INTERVAL", 36}, {"@RUNNING_AVERAGE", 56}, {"@SCAN_INTERVAL", 57},
-    {"@SCRIBON", 31}, {"@TEST_ID", 64}, {"@TEST_TYPE", 65}, {"@MODE", 50}, {"@GROUP", 42},
-    {"@PROGRAM", 52}, {"@REG_NAME", 54}, {"@FORCE_DIRECT_FILE_WRITE", 39},
-    {"@FIFO_LOG_BUFFER", 35}, {"@LOG_DIGITAL_DESCRIPTION", 44}, {"@LOG_STATISTICS", 45},
-    {"@ENABLE", 34}, {"@LOGGING_ACTIVE_LABEL", 43}, {"@DESCRIPTION", 30}, {"@SCAN_LIST", 58},
-    {"@OUTPUT_PATH", 51}, {"@META_HEADER_FILENAME", 49}, {"@CLEAR_STATISTICS_EVENT", 27},
-    {"@READ_SPEC_FILE_EVENT", 53}, {"@START_EVENT", 61}, {"@SYNC_EVENT", 63}, {"@STOP_EVENT", 62},
-    {"@DONE_EVENT", 32}, {"@FTP_EVENT", 40}, {"@RELEASE_EVENT", 55},
-    {"@GET_NEW_SCAN_INTERVAL", 41}, {"@META_DATA", 48}, {"@ECM_LIST", 33},
-    {"@SCAN_LIST_AUX_USER", 59}, {"@OMBRA_STEADY_STATE", 28}, {"@SEND_ON_PATH_CHANGE", 60},
-    {"@FILENAME", 38},
 }};
 
 constexpr std::array<const char*, 33> STATISTICAL_MEMBERS{{
@@ -180,29 +154,34 @@ void tst_Lexer::everyTypeHasItsNumberAndName_data()
 {
     QTest::addColumn<int>("type");
     QTest::addColumn<QString>("name");
-    for (const NamedType& row : ALL_TYPES)
+    for (const NamedType& row : OTHER_TYPES)
         QTest::newRow(row.name) << row.type << QString::fromLatin1(row.name);
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS)
+        QTest::newRow(keyword.tokenName) << keyword.token << QString::fromLatin1(keyword.tokenName);
 }
 
 void tst_Lexer::everyTypeHasItsNumberAndName()
 {
     QFETCH(int, type);
     QFETCH(QString, name);
+    QVERIFY(type < TOKEN_TYPE_COUNT);
     QCOMPARE(QString::fromStdString(typeName(type)), name);
 }
 
 void tst_Lexer::theNameTableEndsWithTheHighestType()
 {
     QCOMPARE(static_cast<int>(TOKEN_YESNO_DECL), 86);
-    QCOMPARE(static_cast<int>(TOKEN_TYPE_COUNT), 87);
+    QCOMPARE(static_cast<size_t>(TOKEN_TYPE_COUNT),
+             OTHER_TYPES.size() + std::size(GOLDEN_KEYWORDS));
+    QCOMPARE(TOKEN_TYPE_COUNT - 1, highestType());
 }
 
 void tst_Lexer::keywords_data()
 {
     QTest::addColumn<QByteArray>("spelling");
     QTest::addColumn<int>("type");
-    for (const NamedType& keyword : KEYWORDS)
-        QTest::newRow(keyword.name) << QByteArray(keyword.name) << keyword.type;
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS)
+        QTest::newRow(keyword.spelling) << QByteArray(keyword.spelling) << keyword.token;
 }
 
 void tst_Lexer::keywords()
@@ -219,9 +198,9 @@ void tst_Lexer::keywordIsAWholeWord_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QByteArray>("expected");
-    for (const NamedType& keyword : KEYWORDS) {
-        const QByteArray spelling(keyword.name);
-        const QByteArray name = QByteArray::fromStdString(typeName(keyword.type));
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS) {
+        const QByteArray spelling(keyword.spelling);
+        const QByteArray name(keyword.tokenName);
         const auto unknown = [](const QByteArray& text) { return "KYWD_DEFAULT(" + text + ")"; };
         const QByteArray longer = spelling + "X";
         const QByteArray numbered = spelling + "2";

@@ -1,11 +1,50 @@
 // The statements of the Keywords tab, by kind, and the state of the parse.
 
 #include <QTest>
+#include <algorithm>
 
 #include "editor_antlr3.h"
+#include "golden_keywords.h"
 #include "loaded_text.h"
 #include "samples.h"
 #include "scribonspecs_state.h"
+
+namespace {
+
+// A statement of each rule, without its keyword, and its tree.
+struct StatementTree {
+    Statement rule;
+    const char* value;
+    const char* tree;  // %1 is the keyword's token
+};
+
+// clang-format off
+constexpr StatementTree STATEMENT_TREES[] = {
+    {Statement::String, " my_text", "STRING_DECL [ EDITOR_TAB1, %1 [ TEXT_BLK(my_text) [ FILLER_TXT ] ], FILLER_TXT ]"},
+    {Statement::Scans, " 100", "SCANS_DECL [ EDITOR_TAB1, %1 [ DIGITS(100) ], FILLER_TXT ]"},
+    {Statement::Label, " my_var", "LABEL_DECL [ EDITOR_TAB1, %1, TEXT_BLK(my_var), FILLER_TXT ]"},
+    {Statement::YesNo, " no", "YESNO_DECL [ EDITOR_TAB1, %1 [ RESPNS(no) ], FILLER_TXT ]"},
+    {Statement::Event, " my_event", "EVENT_DECL [ EDITOR_TAB1, %1, TEXT_BLK(my_event), FILLER_TXT ]"},
+    {Statement::Interval, " 2.5[min]", "INTERVAL_DECL [ EDITOR_TAB1, %1, TIME_INTERVAL(2.5[min]), FILLER_TXT ]"},
+    {Statement::Description, " \"some text\"", "DESCRIP_DECL [ EDITOR_TAB1, %1, DESCRIP(\"some text\"), FILLER_TXT ]"},
+    {Statement::OutputPath, " /tmp/x", "OUTPUT_PATH_DECL [ EDITOR_TAB1, %1, TEXT_BLK(/tmp/x), FILLER_TXT ]"},
+    {Statement::MetaHeaderFilename, " my_header", "META_FILENAME_DECL [ EDITOR_TAB1, %1, TEXT_BLK(my_header) ]"},
+    {Statement::RunningAverage, " 30[sec] my_event", "RA_DECL [ EDITOR_TAB1, %1 [ TIME_INTERVAL(30[sec]) [ TEXT_BLK(my_event) ] ] ]"},
+    {Statement::OmbraSteadyState, "", "OMBRA_SS_DECL [ EDITOR_TAB1, %1, FILLER_TXT, FILLER_TXT ]"},
+    {Statement::ScanList, "", "SCAN_LIST_DECL [ EDITOR_TAB2, %1 [ EOL(\\n), FILLER_TXT, FILLER_TXT, FILLER_TXT ] ]"},
+    {Statement::MetaData, "", "META_DATA_LIST_DECL [ EDITOR_TAB3, %1 [ EOL(\\n), FILLER_TXT, FILLER_TXT ] ]"},
+    {Statement::AuxUser, "", "SCAN_LIST_AUX_USER_DECL [ EDITOR_TAB4, %1 [ EOL(\\n), FILLER_TXT, FILLER_TXT ] ]"},
+    {Statement::EcmList, "", "ECM_LIST_DECL [ EDITOR_TAB5, %1 [ EOL(\\n), FILLER_TXT, FILLER_TXT ] ]"},
+};
+// clang-format on
+
+const StatementTree& treeOf(Statement rule)
+{
+    return *std::find_if(std::begin(STATEMENT_TREES), std::end(STATEMENT_TREES),
+                         [rule](const StatementTree& row) { return row.rule == rule; });
+}
+
+}  // namespace
 
 class tst_Statements : public QObject {
     Q_OBJECT
@@ -44,10 +83,34 @@ private Q_SLOTS:
     void unknown_data() { addSampleRows(QStringLiteral("statements_unknown.txt")); }
     void unknown() { checkSampleRow(); }
 
+    void everyKeyword_data();
+    void everyKeyword();
     void stateAfterAStatement_data();
     void stateAfterAStatement();
     void metaHeaderFilenameReadsTheMaskOfTheFileBefore();
 };
+
+void tst_Statements::everyKeyword_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("tree");
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS) {
+        const StatementTree& statement = treeOf(keyword.statement);
+        const QString token = QStringLiteral("%1(%2)").arg(QLatin1String(keyword.tokenName),
+                                                           QLatin1String(keyword.spelling));
+        QTest::newRow(keyword.spelling) << QByteArray(keyword.spelling) + statement.value + "\n"
+                                        << QString::fromLatin1(statement.tree).arg(token);
+    }
+}
+
+void tst_Statements::everyKeyword()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, tree);
+    resetParseState();
+    loadText(text);
+    QCOMPARE(loadedTree().section(QLatin1Char('\n'), 0, 0), tree);
+}
 
 void tst_Statements::stateAfterAStatement_data()
 {
