@@ -6,6 +6,7 @@
 
 #include "editing_test.h"
 #include "editor_types.h"
+#include "golden_keywords.h"
 
 namespace {
 
@@ -95,6 +96,34 @@ Opens kindOf(const QWidget* editor)
     return qobject_cast<const asamspecs_select*>(editor) != nullptr ? ECM : NOTHING;
 }
 
+// The kind of editor for a value.
+Opens editorKind(int editor)
+{
+    switch (editor) {
+        case NOEDITOR:
+            return NOTHING;
+        case INTEGER_EDITOR:
+            return NUMBER;
+        case YESNO_EDITOR:
+            return YES_OR_NO;
+        case LOGICAL_VAR_EDITOR:
+        case STRING_VAR_EDITOR:
+            return VARIABLE;
+        case DIR_PATH_EDITOR:
+        case SCAN_INTERVAL_EDITOR:
+            return VARIABLE_OR_OPTION;
+        default:
+            return LINE;
+    }
+}
+
+// Those of addSpecialKeywordRows(), and those of the lists.
+bool hasRowsOfItsOwn(const GoldenKeyword& keyword)
+{
+    return keyword.isSection() || keyword.statement == Statement::RunningAverage ||
+           keyword.statement == Statement::MetaHeaderFilename || keyword.editor == SCRIBON_EDITOR;
+}
+
 // The non-empty fields of a dialog, separated by blanks.
 QString fieldsOf(QStringList fields)
 {
@@ -155,8 +184,8 @@ private Q_SLOTS:
 
 private:
     static void addKeywordRows();
-    static void addKeyword(const QByteArray& keyword, const QByteArray& value, Opens opens,
-                           const char* typed);
+    static void addKeyword(const GoldenKeyword& keyword);
+    static CellKind valueCell(const GoldenKeyword& keyword);
     static void addSpecialKeywordRows();
     static void addRowsWithoutKeyword();
     static void addScanListRows();
@@ -189,72 +218,39 @@ void tst_CellWalk::walk_data()
 
 void tst_CellWalk::addKeywordRows()
 {
-    struct Kind {
-        const char* keyword;
-        const char* value;
-        Opens opens;
-        const char* typed;
-    };
-    const QVector<Kind> kinds{
-        {"CLEAR_STATISTICS_EVENT", "event_1", LINE, "event_2"},
-        {"DESCRIPTION", "'text'", LINE, "'other text'"},
-        {"DONE_EVENT", "event_1", LINE, "event_2"},
-        {"ENABLE", "dyno_enabled", VARIABLE, "other_logical"},
-        {"FIFO_LOG_BUFFER", "", NOTHING, ""},
-        {"FIFO_POST_TRIGGER_INTERVAL", "10[sec]", LINE, "20[min]"},
-        {"FIFO_POST_TRIGGER_SCANS", "10", NUMBER, "77"},
-        {"FILENAME", "'name'", LINE, "'other'"},
-        {"FORCE_DIRECT_FILE_WRITE", "yes", YES_OR_NO, "no"},
-        {"FTP_EVENT", "event_1", LINE, "event_2"},
-        {"GET_NEW_SCAN_INTERVAL", "event_1", LINE, "event_2"},
-        {"GROUP", "test_group", VARIABLE, "cell_name"},
-        {"LOG_DIGITAL_DESCRIPTION", "no", YES_OR_NO, "yes"},
-        {"LOG_STATISTICS", "yes", YES_OR_NO, "no"},
-        {"LOGGING_ACTIVE_LABEL", "dyno_enabled", VARIABLE, "other_logical"},
-        {"MAX_SCANS", "10", NUMBER, "1000000"},
-        {"MAX_STATISTICAL_SCANS", "10", NUMBER, "0"},
-        {"MODE", "test_mode_name", VARIABLE, "cell_name"},
-        {"OUTPUT_PATH", "/data/one", VARIABLE_OR_OPTION, "/data/two"},
-        {"OMBRA_STEADY_STATE", "", NOTHING, ""},
-        {"PROGRAM", "test_program", VARIABLE, "cell_name"},
-        {"READ_SPEC_FILE_EVENT", "event_1", LINE, "event_2"},
-        {"REG_NAME", "reg_one", LINE, "reg_two"},
-        {"RELEASE_EVENT", "event_1", LINE, "event_2"},
-        {"SCAN_INTERVAL", "100[msec]", VARIABLE_OR_OPTION, "200[msec]"},
-        {"SEND_ON_PATH_CHANGE", "yes", YES_OR_NO, "no"},
-        {"START_EVENT", "event_1", LINE, "event_2"},
-        {"STOP_EVENT", "event_1", LINE, "event_2"},
-        {"SYNC_EVENT", "event_1", LINE, "event_2"},
-        {"TEST_ID", "test_id", VARIABLE, "cell_name"},
-        {"TEST_TYPE", "test_type", VARIABLE, "cell_name"},
-    };
-    for (const Kind& kind : kinds)
-        addKeyword(kind.keyword, kind.value, kind.opens, kind.typed);
-}
-
-void tst_CellWalk::addKeyword(const QByteArray& keyword, const QByteArray& value, Opens opens,
-                              const char* typed)
-{
-    const QByteArray valueLine = value.isEmpty() ? value : "\n" + value;
-    const QByteArray statement = "@" + keyword + valueLine;
-    CellKind valueCell{"the value of " + keyword, 1};
-    if (opens != NOTHING)
-        valueCell = {
-            valueCell.name, 1, opens, value, typed, {{1, typed}}, 1, "@" + keyword + "\n" + typed};
-    addCells({keywordFile(statement), DE_TAB1, 1, statement},
-             {{"the keyword " + keyword,
-               0,
-               KEYWORDS,
-               keyword.toLower(),
-               "Nonsense",
-               {{0, "@NONSENSE"}},
-               1,
-               "@NONSENSE" + valueLine},
-              valueCell,
-              {"no second value of " + keyword, 2}});
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS) {
+        if (!hasRowsOfItsOwn(keyword))
+            addKeyword(keyword);
+    }
 }
 
 // clang-format off
+
+void tst_CellWalk::addKeyword(const GoldenKeyword& keyword)
+{
+    const QByteArray spelling = keyword.spelling;
+    const QByteArray name = spelling.mid(1);
+    const QByteArray value = keyword.values.saved;
+    const QByteArray valueLine = value.isEmpty() ? value : "\n" + value;
+    addCells({keywordFile(spelling + valueLine), DE_TAB1, 1, spelling + valueLine}, {
+        {"the keyword " + name, 0, KEYWORDS, name.toLower(), "Nonsense", {{0, "@NONSENSE"}}, 1, "@NONSENSE" + valueLine},
+        valueCell(keyword),
+        {"no second value of " + name, 2},
+    });
+}
+
+CellKind tst_CellWalk::valueCell(const GoldenKeyword& keyword)
+{
+    const QByteArray spelling = keyword.spelling;
+    const QByteArray title = "the value of " + spelling.mid(1);
+    const QByteArray value = keyword.values.saved;
+    const char* const typed = keyword.values.typed;
+    const Opens opens = editorKind(keyword.editor);
+    if (opens == NOTHING)
+        return {title, 1};
+    const QByteArray shown = opens == YES_OR_NO ? value.toLower() : value;
+    return {title, 1, opens, shown, typed, {{1, typed}}, 1, spelling + "\n" + typed};
+}
 
 // Keywords whose rows differ from the others.
 void tst_CellWalk::addSpecialKeywordRows()

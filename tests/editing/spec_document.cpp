@@ -1,42 +1,37 @@
 #include "spec_document.h"
 
+#include "golden_keywords.h"
+
+namespace {
+
+QByteArray statement(const GoldenKeyword& keyword)
+{
+    const QByteArray value = keyword.values.saved;
+    return QByteArray("\n") + keyword.spelling + "\n" + (value.isEmpty() ? value : value + "\n");
+}
+
+bool isFirst(const GoldenKeyword& keyword)
+{
+    return keyword.editor == SCRIBON_EDITOR;
+}
+
+// A file begins with the statement of @SCRIBON.
+QByteArray statements()
+{
+    QByteArray first;
+    QByteArray others;
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS) {
+        if (isStatement(keyword))
+            (isFirst(keyword) ? first : others) += statement(keyword);
+    }
+    return first + others;
+}
+
+}  // namespace
+
 QByteArray fullSpec()
 {
-    return "# Everything that can be edited\n"
-           "\n@SCRIBON\nfull_log\n"
-           "\n@DESCRIPTION\n'Everything'\n"
-           "\n@REG_NAME\nscribon_4\n"
-           "\n@GROUP\ntest_group\n"
-           "\n@MODE\ntest_mode_name\n"
-           "\n@PROGRAM\ntest_program\n"
-           "\n@TEST_ID\ntest_id\n"
-           "\n@TEST_TYPE\ntest_type\n"
-           "\n@SCAN_INTERVAL\n10[msec]\n"
-           "\n@GET_NEW_SCAN_INTERVAL\nnew_interval\n"
-           "\n@MAX_SCANS\n72000\n"
-           "\n@RUNNING_AVERAGE\n30[sec]\t\tsnapshot\n"
-           "\n@ENABLE\ntake_data\n"
-           "\n@LOGGING_ACTIVE_LABEL\npoint_taken\n"
-           "\n@START_EVENT\nstart_log\n"
-           "\n@STOP_EVENT\nstop_log\n"
-           "\n@SYNC_EVENT\nsync_log\n"
-           "\n@RELEASE_EVENT\nrelease_log\n"
-           "\n@READ_SPEC_FILE_EVENT\nread_spec\n"
-           "\n@DONE_EVENT\ndone_log\n"
-           "\n@LOG_STATISTICS\nyes\n"
-           "\n@MAX_STATISTICAL_SCANS\n600\n"
-           "\n@CLEAR_STATISTICS_EVENT\nclear_stats\n"
-           "\n@OMBRA_STEADY_STATE\n"
-           "\n@FIFO_LOG_BUFFER\n"
-           "\n@FIFO_POST_TRIGGER_INTERVAL\n2.5[min]\n"
-           "\n@FIFO_POST_TRIGGER_SCANS\n300\n"
-           "\n@OUTPUT_PATH\n/data/cell_4\n"
-           "\n@FILENAME\n\"output_file\"\n"
-           "\n@META_HEADER_FILENAME\n/data/header.txt\n"
-           "\n@LOG_DIGITAL_DESCRIPTION\nno\n"
-           "\n@FORCE_DIRECT_FILE_WRITE\nno\n"
-           "\n@SEND_ON_PATH_CHANGE\nYES\n"
-           "\n@FTP_EVENT\nftp_log\n"
+    return "# Everything that can be edited\n" + statements() +
            "\n@SCAN_LIST\n"
            "# Speed and torque\n"
            "eng_speed\t\tN_ENG\n"

@@ -7,7 +7,7 @@
 
 #include "editing_test.h"
 #include "editor_types.h"
-#include "keyword_choices.h"
+#include "golden_keywords.h"
 
 namespace {
 
@@ -17,6 +17,31 @@ const auto FIRST_CHOICE = QStringLiteral("clear_statistics_event");
 QString firstGroup(const QWidget* dialog)
 {
     return partOf<QComboBox>(dialog, "groupComboBox")->itemText(0);
+}
+
+QStringList offeredWords()
+{
+    QStringList words;
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS) {
+        if (isOffered(keyword))
+            words.append(text(keyword.spelling).mid(1).toLower());
+    }
+    return words;
+}
+
+// The tool tips of the items if all keywords are offered. Tool tips are looked up by the position
+// in the program's table, so there are none from the first keyword on that is not offered.
+QStringList toolTipsOfAllChoices()
+{
+    QStringList tips;
+    bool moved = false;
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS) {
+        if (!isOffered(keyword))
+            moved = true;
+        else
+            tips.append(moved ? QString() : text(keyword.choiceHelp()));
+    }
+    return tips;
 }
 
 // Rows with the keywords of lists, which can also be on this tab, with a variable as value.
@@ -101,12 +126,10 @@ void TestKeywordEditors::onlyRowMayHaveAnyKeyword()
     show(ONE_KEYWORD);
     const auto* const comboBox = openAs<QComboBox>(valueOf("@SCRIBON", 0));
     QVERIFY(comboBox != nullptr);
-    QCOMPARE(comboBox->count(), int(KEYWORD_CHOICES.size()));
-    for (int i = 0; i < comboBox->count(); ++i) {
-        const KeywordChoice& choice = KEYWORD_CHOICES[static_cast<size_t>(i)];
-        QCOMPARE(comboBox->itemText(i), text(choice.name));
-        QCOMPARE(comboBox->itemData(i, Qt::ToolTipRole).toString(), text(choice.toolTip));
-    }
+    QCOMPARE(itemsOf(comboBox), offeredWords());
+    const QStringList tips = toolTipsOfAllChoices();
+    for (int i = 0; i < comboBox->count(); ++i)
+        QCOMPARE(comboBox->itemData(i, Qt::ToolTipRole).toString(), tips.at(i));
 }
 
 void TestKeywordEditors::listOfKeywordsLooks()
@@ -143,9 +166,7 @@ void TestKeywordEditors::usedKeywordIsNotOffered()
     edit(DE_TAB1, 1, 0, otherRow);
     const auto* const comboBox = openAs<QComboBox>(cell(DE_TAB1, 0, 0));
     QVERIFY(comboBox != nullptr);
-    QStringList expected;
-    for (const KeywordChoice& choice : KEYWORD_CHOICES)
-        expected.append(text(choice.name));
+    QStringList expected = offeredWords();
     expected.removeOne(missing);
     QCOMPARE(itemsOf(comboBox), expected);
     QCOMPARE(comboBox->currentText(), text("scribon"));
@@ -157,11 +178,10 @@ void TestKeywordEditors::toolTipsGoByPosition()
     const auto* const comboBox = openAs<QComboBox>(cell(DE_TAB1, 0, 0));
     QVERIFY(comboBox != nullptr);
     const int missing = 4;
-    for (int i = 0; i < comboBox->count(); ++i) {
-        const char* const tip = KEYWORD_CHOICES[static_cast<size_t>(i)].toolTip;
+    const QStringList tips = toolTipsOfAllChoices();
+    for (int i = 0; i < comboBox->count(); ++i)
         QCOMPARE(comboBox->itemData(i, Qt::ToolTipRole).toString(),
-                 i < missing ? text(tip) : QString());
-    }
+                 i < missing ? tips.at(i) : QString());
 }
 
 void TestKeywordEditors::fontOfTheEditorIsTheUsers()

@@ -8,15 +8,12 @@
 #include <algorithm>
 
 #include "documents.h"
+#include "golden_keywords.h"
 #include "spec_generator.h"
 
 Q_DECLARE_METATYPE(SpecShape)
 
 namespace {
-
-constexpr int KEYWORDS_REQUIRED = 8;  // without @SCAN_LIST, which has a tab of its own
-constexpr int KEYWORDS_OFFERED = 33;
-constexpr int KEYWORDS_ALL = 34;
 
 QByteArray generated(const SpecShape& shape)
 {
@@ -36,8 +33,8 @@ SpecShape distinctShape(int scanRows, int metaRows)
 int keywordCount(KeywordSet set)
 {
     if (set == KeywordSet::Required)
-        return KEYWORDS_REQUIRED;
-    return set == KeywordSet::Offered ? KEYWORDS_OFFERED : KEYWORDS_ALL;
+        return countKeywords(isRequiredStatement);
+    return countKeywords(set == KeywordSet::Offered ? isOffered : isStatement);
 }
 
 // All names in the lists that are made up by the generator.

@@ -1,5 +1,5 @@
 // The help collection: its links and contents are valid, and the pages of the keywords agree with
-// SCRIBON_KEYWORDS.
+// the golden table.
 
 #include <QFile>
 #include <QHelpContentWidget>
@@ -7,11 +7,11 @@
 #include <QHelpLink>
 #include <QTest>
 
+#include "golden_keywords.h"
 #include "help_collection.h"
-#include "scribon_keywords.h"
 #include "stat_members.h"
 
-Q_DECLARE_METATYPE(const ScribonKeyword*)
+Q_DECLARE_METATYPE(const GoldenKeyword*)
 
 namespace {
 
@@ -32,22 +32,20 @@ void collectEntries(QHelpContentModel* model, const QModelIndex& parent, QVector
     }
 }
 
-QString spellingOf(const ScribonKeyword* keyword)
+QString spellingOf(const GoldenKeyword* keyword)
 {
     return QString::fromLatin1(keyword->spelling);
 }
 
-QString nameOf(const ScribonKeyword* keyword)
+QString nameOf(const GoldenKeyword* keyword)
 {
     return keyword->displayName == nullptr ? spellingOf(keyword)
                                            : QString::fromLatin1(keyword->displayName);
 }
 
-QString helpOf(const ScribonKeyword* keyword)
+QString helpOf(const GoldenKeyword* keyword)
 {
-    const char* const help =
-        keyword->choiceHelp == SAME_AS_HELP ? keyword->help : keyword->choiceHelp;
-    return QString::fromLatin1(help).simplified();
+    return QString::fromLatin1(keyword->choiceHelp()).simplified();
 }
 
 }  // namespace
@@ -69,8 +67,8 @@ private Q_SLOTS:
     void contentsNameEveryPageOnce();
     void indexLeadsSomewhere();
 
-    void everyKeywordIsToldAsTheProgramHasIt_data() { addKeywords(); }
-    void everyKeywordIsToldAsTheProgramHasIt();
+    void everyKeywordIsDescribed_data() { addKeywords(); }
+    void everyKeywordIsDescribed();
     void everyKeywordHasAnExampleOfAGoodFile_data() { addKeywords(); }
     void everyKeywordHasAnExampleOfAGoodFile();
     void everyKeywordIsFoundInTheIndex_data() { addKeywords(); }
@@ -98,8 +96,8 @@ void tst_HelpCollection::addPages()
 
 void tst_HelpCollection::addKeywords()
 {
-    QTest::addColumn<const ScribonKeyword*>("keyword");
-    for (const ScribonKeyword& keyword : SCRIBON_KEYWORDS)
+    QTest::addColumn<const GoldenKeyword*>("keyword");
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS)
         QTest::newRow(keyword.spelling) << &keyword;
 }
 
@@ -186,9 +184,9 @@ void tst_HelpCollection::indexLeadsSomewhere()
     }
 }
 
-void tst_HelpCollection::everyKeywordIsToldAsTheProgramHasIt()
+void tst_HelpCollection::everyKeywordIsDescribed()
 {
-    QFETCH(const ScribonKeyword*, keyword);
+    QFETCH(const GoldenKeyword*, keyword);
     const HelpPage page = m_help.page(pageOf(spellingOf(keyword)));
     const auto says = [&page](const QString& text) {
         return page.text.contains(text) ? QString() : page.text;
@@ -199,10 +197,10 @@ void tst_HelpCollection::everyKeywordIsToldAsTheProgramHasIt()
         says(QStringLiteral("In the table ") +
              (keyword->displayName == nullptr ? QStringLiteral("an empty cell") : nameOf(keyword))),
         QString());
-    QCOMPARE(says(keyword->is(REQUIRED) ? QStringLiteral("Required yes")
-                                        : QStringLiteral("Required no")),
+    QCOMPARE(says(keyword->is(MUST_STAY) ? QStringLiteral("Required yes")
+                                         : QStringLiteral("Required no")),
              QString());
-    QCOMPARE(says(keyword->is(IN_WORD_LIST)
+    QCOMPARE(says(keyword->is(ON_OFFER)
                       ? QStringLiteral("Offered as %1 in").arg(wordOf(spellingOf(keyword)))
                       : QStringLiteral("Offered no")),
              QString());
@@ -211,7 +209,7 @@ void tst_HelpCollection::everyKeywordIsToldAsTheProgramHasIt()
 
 void tst_HelpCollection::everyKeywordHasAnExampleOfAGoodFile()
 {
-    QFETCH(const ScribonKeyword*, keyword);
+    QFETCH(const GoldenKeyword*, keyword);
     QFile file(qEnvironmentVariable("SCRIBON_EXAMPLES") + QStringLiteral("/scrib_full"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QString example = m_help.page(pageOf(spellingOf(keyword))).examples + QLatin1Char('\n');
@@ -222,7 +220,7 @@ void tst_HelpCollection::everyKeywordHasAnExampleOfAGoodFile()
 
 void tst_HelpCollection::everyKeywordIsFoundInTheIndex()
 {
-    QFETCH(const ScribonKeyword*, keyword);
+    QFETCH(const GoldenKeyword*, keyword);
     for (const QString& entry : {spellingOf(keyword), nameOf(keyword)}) {
         bool found = false;
         for (const QHelpLink& link : m_help.engine().documentsForKeyword(entry))

@@ -8,8 +8,8 @@
 #include <QUndoStack>
 #include <QtTest>
 
+#include "golden_keywords.h"
 #include "help_collection.h"
-#include "scribon_keywords.h"
 #include "variableselectiondialog.h"
 #include "window_test.h"
 
@@ -92,8 +92,8 @@ QModelIndex tst_HelpEditors::valueOf(const QString& keyword)
 void tst_HelpEditors::eachKeywordsEditorIsTheOneThatItsPageNames_data()
 {
     QTest::addColumn<QString>("keyword");
-    for (const ScribonKeyword& keyword : SCRIBON_KEYWORDS) {
-        if (keyword.editor != SCAN_LIST_EDITOR && keyword.editor != ECM_LIST_EDITOR)
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS) {
+        if (isStatement(keyword))
             QTest::newRow(keyword.spelling) << QString::fromLatin1(keyword.spelling);
     }
 }

@@ -128,7 +128,7 @@ inline constexpr GoldenKeyword GOLDEN_KEYWORDS[] = {
      "Indicates that data should be written directly to the output file\n"
      "when high data rates are used.",
      SAME,
-     {"YES", "yEs", "no", "no"}},
+     {"YES", "yEs", "no", "yes"}},
     {"@FTP_EVENT", "KYWD_FTP_EVT", 40, Statement::Event, EVENT_EDITOR,
      ON_OFFER, "FTP Event",
      "Event that triggers the output file to be finalized,\n"
@@ -336,6 +336,11 @@ constexpr bool isRequiredStatement(const GoldenKeyword& keyword)
 constexpr bool isDisplayed(const GoldenKeyword& keyword)
 {
     return keyword.displayName != nullptr;
+}
+
+constexpr bool hasHelp(const GoldenKeyword& keyword)
+{
+    return keyword.help != nullptr;
 }
 
 constexpr int highestType()

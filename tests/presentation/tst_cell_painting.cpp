@@ -6,9 +6,11 @@
 #include <QPainter>
 #include <QProxyStyle>
 #include <QtTest>
+#include <algorithm>
 #include <array>
 
 #include "antlr3_basetreedelegate.h"
+#include "golden_keywords.h"
 #include "window_test.h"
 
 namespace {
@@ -22,47 +24,13 @@ struct KeywordName {
     const char* shown;
 };
 
-// In the order in which a text is looked up, which decides the name of the beginning of a keyword.
-constexpr std::array<KeywordName, 37> KEYWORD_NAMES{{
-    {"@SCRIBON", "Scribon"},
-    {"@TEST_ID", "Test Id"},
-    {"@TEST_TYPE", "Test Type"},
-    {"@MODE", "Mode"},
-    {"@GROUP", "Group"},
-    {"@PROGRAM", "Program"},
-    {"@DESCRIPTION", "Description"},
-    {"@SCAN_INTERVAL", "Scan Interval"},
-    {"@SYNC_EVENT", "Sync Event"},
-    {"@START_EVENT", "Start Event"},
-    {"@STOP_EVENT", "Stop Event"},
-    {"@CLEAR_STATISTICS_EVENT", "Clear Statistics Event"},
-    {"@ENABLE", "Enable"},
-    {"@LOGGING_ACTIVE_LABEL", "Logging Active Label"},
-    {"@RELEASE_EVENT", "Release Event"},
-    {"@FTP_EVENT", "FTP Event"},
-    {"@LOG_DIGITAL_DESCRIPTION", "Log Digital Description"},
-    {"@LOG_STATISTICS", "Log Statistics"},
-    {"@DONE_EVENT", "Done Event"},
-    {"@FIFO_LOG_BUFFER", "FIFO Log Buffer"},
-    {"@FIFO_POST_TRIGGER_INTERVAL", "FIFO Post Trigger Interval"},
-    {"@FIFO_POST_TRIGGER_SCANS", "FIFO Post Trigger Scans"},
-    {"@FILENAME", "Filename"},
-    {"@FORCE_DIRECT_FILE_WRITE", "Force Direct File Write"},
-    {"@GET_NEW_SCAN_INTERVAL", "Get New Scan Interval"},
-    {"@MAX_SCANS", "Max Scans"},
-    {"@MAX_STATISTICAL_SCANS", "Max Statistical Scans"},
-    {"@OUTPUT_PATH", "Output Path"},
-    {"@READ_SPEC_FILE_EVENT", "Read Spec File Event"},
-    {"@REG_NAME", "Registered Name"},
-    {"@RUNNING_AVERAGE", "Running Average"},
-    {"@SEND_ON_PATH_CHANGE", "Send On Path Change"},
-    {"@SCAN_LIST", "Scan List"},
-    {"@SCAN_LIST_AUX_USER", "Scan List Aux User"},
-    {"@ECM_LIST", "ECM List"},
-    {"@META_DATA", "Meta Data"},
-    {"@OMBRA_STEADY_STATE", "Ombra Steady State"},
-}};
-// clang-format on
+const GoldenKeyword& goldenKeyword(const char* spelling)
+{
+    return *std::find_if(std::begin(GOLDEN_KEYWORDS), std::end(GOLDEN_KEYWORDS),
+                         [spelling](const GoldenKeyword& keyword) {
+                             return qstrcmp(keyword.spelling, spelling) == 0;
+                         });
+}
 
 // A palette with a different colour for each group and role, none of which a cell is painted in.
 QPalette unchangedPalette()
@@ -78,9 +46,9 @@ QPalette unchangedPalette()
 
 QString firstNameFor(const QString& beginning)
 {
-    for (const KeywordName& name : KEYWORD_NAMES) {
-        if (QString::fromLatin1(name.keyword).startsWith(beginning))
-            return QString::fromLatin1(name.shown);
+    for (const char* const spelling : GOLDEN_DISPLAY_ORDER) {
+        if (QString::fromLatin1(spelling).startsWith(beginning))
+            return QString::fromLatin1(goldenKeyword(spelling).displayName);
     }
     return {};
 }
@@ -199,9 +167,9 @@ void TestCellPainting::showsEveryKeywordByItsName_data()
 {
     QTest::addColumn<QString>("keyword");
     QTest::addColumn<QString>("shown");
-    for (const KeywordName& name : KEYWORD_NAMES)
-        QTest::newRow(name.keyword)
-            << QString::fromLatin1(name.keyword) << QString::fromLatin1(name.shown);
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS)
+        QTest::newRow(keyword.spelling)
+            << QString::fromLatin1(keyword.spelling) << QString::fromLatin1(keyword.displayName);
 }
 
 void TestCellPainting::showsEveryKeywordByItsName()
@@ -254,8 +222,8 @@ void TestCellPainting::showsABeginningAsTheFirstKeyword()
 
 void TestCellPainting::showsEveryBeginningAsTheFirstKeyword()
 {
-    for (const KeywordName& name : KEYWORD_NAMES) {
-        const QString keyword = QString::fromLatin1(name.keyword);
+    for (const char* const spelling : GOLDEN_DISPLAY_ORDER) {
+        const QString keyword = QString::fromLatin1(spelling);
         for (int length = 1; length <= keyword.size(); ++length) {
             const QString beginning = keyword.left(length);
             const QString shown = m_delegate.displayText(beginning, QLocale::c());

@@ -2,6 +2,7 @@
 
 #include <QDir>
 
+#include "golden_keywords.h"
 #include "window_test.h"
 
 namespace {
@@ -44,6 +45,7 @@ class tst_WindowDialogs : public WindowTest {
 private Q_SLOTS:
     void newAsksForAName();
     void newWritesItsTextAndLoadsIt();
+    void newFileHasEveryRequiredKeyword();
     void newReplacesAFileThatItMayReplace();
     void newOnAFileThatCannotBeWrittenLoadsWhatIsThere();
     void newWhereNothingCanBeWrittenSaysSo_data();
@@ -86,13 +88,23 @@ void tst_WindowDialogs::newWritesItsTextAndLoadsIt()
     m_window->newFile();
     QCOMPARE(readFile(ENGINE), newFileText());
     QCOMPARE(titleOf(*m_window), ENGINE);
-    QCOMPARE(columnTexts(*modelOf(*m_window, 0), 0).size(), 8);
+    QCOMPARE(modelOf(*m_window, 0)->rowCount(), countKeywords(isRequiredStatement));
     QCOMPARE(rowTexts(*modelOf(*m_window, 0), 0).at(1), QStringLiteral("<new_scribon>"));
     QCOMPARE(rowTexts(*modelOf(*m_window, 2), 1).at(1), QStringLiteral("dummy_pam"));
     QCOMPARE(modelOf(*m_window, 1)->rowCount(), 2);
     QVERIFY(!modelOf(*m_window, 0)->isModified());
     QVERIFY(m_dialogs->boxes.isEmpty());
     QCOMPARE(newsOf(*m_window), QStringLiteral("File loaded"));
+}
+
+void tst_WindowDialogs::newFileHasEveryRequiredKeyword()
+{
+    m_dialogs->chooseFile(ENGINE);
+    m_window->newFile();
+    const QStringList lines = QString::fromLatin1(readFile(ENGINE)).split(QLatin1Char('\n'));
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS)
+        QVERIFY2(!keyword.is(MUST_STAY) || lines.count(QLatin1String(keyword.spelling)) == 1,
+                 keyword.spelling);
 }
 
 void tst_WindowDialogs::newReplacesAFileThatItMayReplace()

@@ -6,6 +6,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include "golden_keywords.h"
 #include "model_text.h"
 #include "treeitem.h"
 #include "treemodel.h"
@@ -69,54 +70,20 @@ void addValue(const char* keyword, const char* value, bool good)
         << int(EDIT_TAB1) << QStringList{row} << QStringList{codes} << (good ? 0 : 1);
 }
 
+// The row of META_HEADER_FILENAME counts as a duplicate, whatever its value is: see below.
 void addKeywordValues()
 {
-    struct Values {
-        const char* keyword;
-        const char* good;
-        const char* bad;
-    };
-    static constexpr Values VALUES[] = {
-        {"@CLEAR_STATISTICS_EVENT", "event_1", "no-event"},
-        {"@DONE_EVENT", "done", "a b"},
-        {"@FTP_EVENT", "0", "a.b"},
-        {"@GET_NEW_SCAN_INTERVAL", "e", "a%"},
-        {"@READ_SPEC_FILE_EVENT", "e", "(e)"},
-        {"@RELEASE_EVENT", "e", "'e'"},
-        {"@START_EVENT", "e", "e/"},
-        {"@STOP_EVENT", "e", "e:"},
-        {"@SYNC_EVENT", "e", "$e"},
-        {"@FORCE_DIRECT_FILE_WRITE", "YES", "yEs"},
-        {"@LOG_DIGITAL_DESCRIPTION", "no", "maybe"},
-        {"@LOG_STATISTICS", "Yes", "1"},
-        {"@SEND_ON_PATH_CHANGE", "No", "nO"},
-        {"@FIFO_POST_TRIGGER_INTERVAL", "1.5[min]", "5"},
-        {"@RUNNING_AVERAGE", "30[sec]", "30"},
-        {"@FIFO_POST_TRIGGER_SCANS", "12", "12a"},
-        {"@MAX_SCANS", "0", "many"},
-        {"@MAX_STATISTICAL_SCANS", "1000000", "-1"},
-        {"@ENABLE", "my_var", "7th"},
-        {"@LOGGING_ACTIVE_LABEL", "active", "_x"},
-        {"@GROUP", "name[3]", "'name'"},
-        {"@MODE", "m", "9"},
-        {"@PROGRAM", "p", "a b"},
-        {"@TEST_ID", "t", "/t"},
-        {"@TEST_TYPE", "t", "-t"},
-        {"@DESCRIPTION", "'a text'", "a text"},
-        {"@FILENAME", "\"x\" + 'y\"", "x"},
-        {"@REG_NAME", "_reg", "1reg"},
-        {"@SCAN_INTERVAL", "10[sec]", "10[day]"},
-        {"@SCAN_INTERVAL", "an_int_var", "10"},
-        {"@OUTPUT_PATH", "/data/log", "/data//log"},
-        {"@OUTPUT_PATH", "a_string_var", "1/data"},
-        {"@SCRIBON", "cell_7", "<new_scribon>"},
-    };
-    for (const Values& values : VALUES) {
-        addValue(values.keyword, values.good, true);
-        addValue(values.keyword, values.bad, false);
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS) {
+        if (!isOffered(keyword))
+            continue;
+        addValue(keyword.spelling, keyword.values.good, true);
+        if (keyword.values.bad != nullptr)
+            addValue(keyword.spelling, keyword.values.bad, false);
     }
-    addValue("@OMBRA_STEADY_STATE", "anything at all !", true);
-    addValue("@FIFO_LOG_BUFFER", "maybe", true);
+    addValue("@SCAN_INTERVAL", "an_int_var", true);
+    addValue("@SCAN_INTERVAL", "10", false);
+    addValue("@OUTPUT_PATH", "a_string_var", true);
+    addValue("@OUTPUT_PATH", "1/data", false);
 }
 
 // Makes a random change: sets a text or an error code, or inserts or removes a row.
