@@ -20,7 +20,7 @@ struct KeywordStatement {
 };
 
 // clang-format off
-constexpr std::array<KeywordStatement, 34> KEYWORD_STATEMENTS{{
+constexpr KeywordStatement KEYWORD_STATEMENTS[] = {
     {"@SCRIBON", "generated", KeywordSet::Required},
     {"@DESCRIPTION", "'A file of many rows'", KeywordSet::Required},
     {"@GROUP", "test_group", KeywordSet::Required},
@@ -55,7 +55,7 @@ constexpr std::array<KeywordStatement, 34> KEYWORD_STATEMENTS{{
     {"@STOP_EVENT", "stop_log", KeywordSet::Offered},
     {"@SYNC_EVENT", "sync_log", KeywordSet::Offered},
     {"@META_HEADER_FILENAME", "/data/generated/header", KeywordSet::All},
-}};
+};
 
 // ---- The demo cell ----------------------------------------------------------------------------
 

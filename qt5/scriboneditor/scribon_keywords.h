@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <iterator>
 
 #include "editor_types.h"
 #include "scribonspecs_tokens.h"
@@ -30,7 +31,7 @@ inline constexpr char SAME_AS_HELP[] = "";
 // In the order in which the Keywords tab offers them, then those that it does not offer. SCAN_LIST,
 // which it does not offer either, keeps its place, since tool tips are looked up by position.
 // clang-format off
-inline constexpr std::array<ScribonKeyword, 38> SCRIBON_KEYWORDS{{
+inline constexpr ScribonKeyword SCRIBON_KEYWORDS[] = {
     {"@CLEAR_STATISTICS_EVENT", TOKEN_KYWD_CLR_STAT_EVT, EVENT_EDITOR, IN_WORD_LIST, "Clear Statistics Event",
      "This event causes the statistical buffers within scribon to reset to 0.",
      "This event causes the statistical buffers within scribon to be reset to 0."},
@@ -179,11 +180,11 @@ inline constexpr std::array<ScribonKeyword, 38> SCRIBON_KEYWORDS{{
     {"@SCAN_LIST_AUX_USER", TOKEN_KYWD_SCAN_LIST_AUX_USER, SCAN_LIST_EDITOR, 0, "Scan List Aux User",
      nullptr,
      nullptr},
-}};
+};
 
 // The order in which Antlr3_BaseTreeDelegate::convertKeywordText() looks a text up: the beginning
 // of a keyword is shown as the first keyword here that begins with it.
-inline constexpr std::array<int, 37> DISPLAY_ORDER{{
+inline constexpr int DISPLAY_ORDER[] = {
     TOKEN_KYWD_SCRIBON, TOKEN_KYWD_TEST_ID, TOKEN_KYWD_TEST_TYPE, TOKEN_KYWD_MODE,
     TOKEN_KYWD_GROUP, TOKEN_KYWD_PROGRAM, TOKEN_KYWD_DESCRIPTION, TOKEN_KYWD_SCAN_INTV,
     TOKEN_KYWD_SYNC_EVT, TOKEN_KYWD_START_EVT, TOKEN_KYWD_STOP_EVT, TOKEN_KYWD_CLR_STAT_EVT,
@@ -195,7 +196,7 @@ inline constexpr std::array<int, 37> DISPLAY_ORDER{{
     TOKEN_KYWD_REG_NAME, TOKEN_KYWD_RUNNING_AVE, TOKEN_KYWD_SEND_ON_PATH_CHANGE,
     TOKEN_KYWD_SCAN_LIST, TOKEN_KYWD_SCAN_LIST_AUX_USER, TOKEN_KYWD_ECM_LIST,
     TOKEN_KYWD_META_DATA, TOKEN_KYWD_OMBRA_STEADY_STATE,
-}};
+};
 // clang-format on
 
 // Null for a token that is not a keyword of the table.
@@ -208,10 +209,10 @@ constexpr const ScribonKeyword* scribonKeyword(int token)
     return nullptr;
 }
 
-constexpr std::array<const ScribonKeyword*, DISPLAY_ORDER.size()> keywordsInDisplayOrder()
+constexpr std::array<const ScribonKeyword*, std::size(DISPLAY_ORDER)> keywordsInDisplayOrder()
 {
-    std::array<const ScribonKeyword*, DISPLAY_ORDER.size()> keywords{};
-    for (size_t i = 0; i < DISPLAY_ORDER.size(); ++i)
+    std::array<const ScribonKeyword*, std::size(DISPLAY_ORDER)> keywords{};
+    for (size_t i = 0; i < std::size(DISPLAY_ORDER); ++i)
         keywords[i] = scribonKeyword(DISPLAY_ORDER[i]);
     return keywords;
 }
