@@ -41,7 +41,7 @@ enum Option {
     ECM_ROWS,
     KEYWORDS,
     DISTINCT,
-    MAX_NAME,
+    MAX_NAME_LENGTH,
     WITH_UNITS,
     SEED,
     HELP,
@@ -55,7 +55,7 @@ constexpr std::array<option, OPTION_COUNT + 1> OPTIONS{{
     {"ecm-rows", required_argument, nullptr, ECM_ROWS},
     {"keywords", required_argument, nullptr, KEYWORDS},
     {"distinct", no_argument, nullptr, DISTINCT},
-    {"max-name", required_argument, nullptr, MAX_NAME},
+    {"max-name", required_argument, nullptr, MAX_NAME_LENGTH},
     {"with-units", no_argument, nullptr, WITH_UNITS},
     {"seed", required_argument, nullptr, SEED},
     {"help", no_argument, nullptr, HELP},
@@ -89,7 +89,7 @@ bool readNumber(std::string_view text, T lowest, T highest, T& number)
 
 bool readRows(const char* text, int& rows)
 {
-    return readNumber(text, 0, SpecShape::MOST_ROWS, rows);
+    return readNumber(text, 0, SpecShape::MAX_ROWS, rows);
 }
 
 bool readKeywords(std::string_view text, KeywordSet& keywords)
@@ -122,8 +122,8 @@ bool readOption(int option, const char* value, SpecShape& shape)
         case DISTINCT:
             shape.distinct = true;
             return true;
-        case MAX_NAME:
-            return readNumber(value, SpecShape::SHORTEST_NAME, SpecShape::LONGEST_NAME,
+        case MAX_NAME_LENGTH:
+            return readNumber(value, SpecShape::MIN_NAME_LENGTH, SpecShape::MAX_NAME_LENGTH,
                               shape.maxName);
         case WITH_UNITS:
             shape.withUnits = true;

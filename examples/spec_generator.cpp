@@ -294,7 +294,7 @@ private:
     std::string shapedName(const NameShape& shape)
     {
         const int room = m_longest - static_cast<int>(shape.before.size() + shape.after.size());
-        if (room < SpecShape::SHORTEST_NAME)
+        if (room < SpecShape::MIN_NAME_LENGTH)
             return plainName(m_longest);
         std::string name = plainName(room);
         if (shape.before == shape.after)
@@ -306,8 +306,8 @@ private:
     std::string plainName(int longest)
     {
         const std::string number = "_" + nextNumber();
-        const auto range = static_cast<std::size_t>(longest - SpecShape::SHORTEST_NAME) + 1;
-        const std::size_t length = SpecShape::SHORTEST_NAME + below(range);
+        const auto range = static_cast<std::size_t>(longest - SpecShape::MIN_NAME_LENGTH) + 1;
+        const std::size_t length = SpecShape::MIN_NAME_LENGTH + below(range);
         return words(length > number.size() ? length - number.size() : 1) + number;
     }
 

@@ -14,11 +14,11 @@ enum class KeywordSet {
 };
 
 struct SpecShape {
-    static constexpr int SHORTEST_NAME = 6;
-    static constexpr int LONGEST_NAME = 79;
-    static constexpr int MOST_ROWS = 250000;  // more would need longer names to tell them apart
+    static constexpr int MIN_NAME_LENGTH = 6;
+    static constexpr int MAX_NAME_LENGTH = 79;
+    static constexpr int MAX_ROWS = 250000;  // more would need longer names to tell them apart
 
-    // Rows of each list, its keyword not counted; at most MOST_ROWS. All four lists are written,
+    // Rows of each list, its keyword not counted; at most MAX_ROWS. All four lists are written,
     // also without rows.
     int scanRows = 100;
     int metaRows = 0;
@@ -35,9 +35,9 @@ struct SpecShape {
     // than a plain word: a quoted text, an index, a number behind an at sign.
     bool withUnits = false;
 
-    // Made-up names are SHORTEST_NAME to maxName characters long, evenly spread; at most
-    // LONGEST_NAME.
-    int maxName = LONGEST_NAME;
+    // Made-up names are MIN_NAME_LENGTH to maxName characters long, evenly distributed; at most
+    // MAX_NAME_LENGTH.
+    int maxName = MAX_NAME_LENGTH;
 
     // Another seed gives other names.
     std::uint32_t seed = 1;

@@ -28,7 +28,7 @@
 namespace {
 
 constexpr int SETTLING_MS = 300;
-constexpr int MOST_LOOKS = 40;
+constexpr int MAX_GRABS = 40;
 constexpr QSize WHOLE_WINDOW(900, 660);
 constexpr QSize SMALL_WINDOW(700, 600);
 constexpr int WIDEST_COLUMN = 260;
@@ -42,7 +42,7 @@ void letTimePass()
     loop.exec();
 }
 
-QImage look(const std::function<QRect()>& place)
+QImage grab(const std::function<QRect()>& place)
 {
     const QRect rect = place();
     return QGuiApplication::primaryScreen()
@@ -50,13 +50,13 @@ QImage look(const std::function<QRect()>& place)
         .toImage();
 }
 
-// Looks until two looks in a row see the same: everything has been painted then.
-QImage settledLook(const std::function<QRect()>& place)
+// Grabs the screen until two images in a row are equal: everything has been painted then.
+QImage settledGrab(const std::function<QRect()>& place)
 {
     QImage last;
-    for (int i = 0; i < MOST_LOOKS; ++i) {
+    for (int i = 0; i < MAX_GRABS; ++i) {
         letTimePass();
-        const QImage now = look(place);
+        const QImage now = grab(place);
         if (now == last)
             break;
         last = now;
@@ -183,7 +183,7 @@ void Photographer::edit(int tab, const QModelIndex& index)
 
 void Photographer::take(const QString& name, const std::function<QRect()>& place)
 {
-    const QImage picture = settledLook(place);
+    const QImage picture = settledGrab(place);
     if (picture.isNull() || !picture.save(m_output.filePath(name + QStringLiteral(".png"))))
         m_missing.append(name);
 }

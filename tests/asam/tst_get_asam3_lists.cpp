@@ -21,7 +21,7 @@ constexpr int READ = 0;
 constexpr int NO_FILE = -54;
 constexpr int WRONG_FORM = 76;
 
-constexpr int LONGEST_NAME = 253;  // an entry also has ":0" and a terminating zero
+constexpr int MAX_NAME_LENGTH = 253;  // an entry also has ":0" and a terminating zero
 
 AsamLists readText(const QByteArray& text)
 {
@@ -255,7 +255,7 @@ void tst_GetAsam3Lists::longNameIsCutToItsRow()
     QFETCH(int, length);
     const QByteArray name(length, 'n');
     const AsamLists lists = readText(asamFile((name + ' ' + name + " B " + name).constData()));
-    const QString shown(qMin(length, LONGEST_NAME), QLatin1Char('n'));
+    const QString shown(qMin(length, MAX_NAME_LENGTH), QLatin1Char('n'));
     const QStringList expected{shown + QStringLiteral(":0"), shown + QStringLiteral(":1"),
                                QStringLiteral("B:0"), shown + QStringLiteral(":2")};
     QCOMPARE(lists.entries, expected);
@@ -265,7 +265,7 @@ void tst_GetAsam3Lists::longNameIsCutToItsRow()
 
 void tst_GetAsam3Lists::namesThatAreCutAlikeAreCountedTogether()
 {
-    const QByteArray stem(LONGEST_NAME, 'n');
+    const QByteArray stem(MAX_NAME_LENGTH, 'n');
     const AsamLists lists = readText(asamFile((stem + "one " + stem + "two").constData()));
     const QString shown = QString::fromLatin1(stem);
     QCOMPARE(lists.entries,

@@ -6,7 +6,7 @@
 namespace {
 
 constexpr int PATIENCE_MS = 10000;
-constexpr int MOST_TURNS = 200;
+constexpr int MAX_TURNS = 200;
 constexpr int RIGHT_BUTTON = 3;
 constexpr int WHEEL_UP = 4;
 constexpr int WHEEL_DOWN = 5;
@@ -114,12 +114,12 @@ bool User::fillScreen()
 {
     constexpr int INTO_TITLE_BAR = 8;
     constexpr int MISSED_MS = 1500;
-    constexpr int MOST_TRIES = 5;
+    constexpr int MAX_TRIES = 5;
     const auto widget = QStringLiteral("MainWindow");
     if (!waitUntil([&] { return isReady(widget); }))
         return false;
     const int width = windowPlace(widget).width();
-    for (int i = 0; i < MOST_TRIES; ++i) {
+    for (int i = 0; i < MAX_TRIES; ++i) {
         const QRect place = windowPlace(widget);
         m_screen->click({place.center().x(), place.top() + INTO_TITLE_BAR}, 1, 2);
         if (QTest::qWaitFor([&] { return windowPlace(widget).width() > width; }, MISSED_MS))
@@ -267,7 +267,7 @@ bool User::scrollOnce(int tab, int row, int column, const QRect& viewport)
 
 bool User::scrollTo(int tab, int row, int column)
 {
-    for (int turn = 0; turn < MOST_TURNS; ++turn) {
+    for (int turn = 0; turn < MAX_TURNS; ++turn) {
         const SeenTable seen = table(tab);
         const QRect place = seen.rows.value(row).value(column).place;
         if (place.isEmpty())
@@ -369,9 +369,9 @@ bool User::clickButton(const QString& text)
 bool User::answerBox(const QString& button)
 {
     constexpr int MISSED_MS = 1500;
-    constexpr int MOST_TRIES = 5;
+    constexpr int MAX_TRIES = 5;
     const auto isGone = [this] { return !seesWindow(QStringLiteral("QMessageBox")); };
-    for (int i = 0; i < MOST_TRIES; ++i) {
+    for (int i = 0; i < MAX_TRIES; ++i) {
         if (!clickButton(button))
             return isGone();
         if (QTest::qWaitFor(isGone, MISSED_MS))
@@ -384,14 +384,14 @@ bool User::answerBox(const QString& button)
 bool User::answerFileDialog(const QString& path)
 {
     constexpr int SECOND_RETURN_MS = 1000;
-    constexpr int MOST_RETURNS = 3;
+    constexpr int MAX_RETURNS = 3;
     const auto dialog = QStringLiteral("QFileDialog");
     if (!waitUntil([&] { return textIn(focus(), "name") == QLatin1String("fileNameEdit"); }))
         return false;
     type(path);
     if (!waitUntil([&] { return editorText() == path; }))
         return false;
-    for (int i = 0; i < MOST_RETURNS; ++i) {
+    for (int i = 0; i < MAX_RETURNS; ++i) {
         press(QStringLiteral("Return"));
         if (QTest::qWaitFor([&] { return !seesWindow(dialog); }, SECOND_RETURN_MS))
             return true;
@@ -416,12 +416,12 @@ void User::redo(int times)
 void User::askToClose()
 {
     constexpr int MISSED_MS = 3000;
-    constexpr int MOST_TRIES = 3;
+    constexpr int MAX_TRIES = 3;
     const auto isAnswered = [this] {
         return !seesWindow(QStringLiteral("MainWindow")) ||
                seesWindow(QStringLiteral("QMessageBox"));
     };
-    for (int i = 0; i < MOST_TRIES; ++i) {
+    for (int i = 0; i < MAX_TRIES; ++i) {
         press(QStringLiteral("alt+F4"));
         if (QTest::qWaitFor(isAnswered, MISSED_MS))
             return;
@@ -471,10 +471,10 @@ bool User::isEditing(int tab, int row, int column)
 bool User::open(int tab, int row, int column)
 {
     constexpr int MISSED_MS = 3000;
-    constexpr int MOST_TRIES = 5;
+    constexpr int MAX_TRIES = 5;
     if (!goToTab(tab) || !scrollTo(tab, row, column))
         return false;
-    for (int i = 0; i < MOST_TRIES; ++i) {
+    for (int i = 0; i < MAX_TRIES; ++i) {
         m_screen->click(placeOf(tab, row, column), 1, 2);
         if (QTest::qWaitFor([=] { return isEditing(tab, row, column); }, MISSED_MS))
             return true;
@@ -506,7 +506,7 @@ QJsonObject User::item(const QString& text)
 // Turns the wheel over the popup list until the item is visible.
 bool User::scrollListTo(const QString& text)
 {
-    for (int turn = 0; turn < MOST_TURNS; ++turn) {
+    for (int turn = 0; turn < MAX_TURNS; ++turn) {
         const QJsonObject seen = look();
         const QJsonObject found = firstOf(seen[QLatin1String("items")], "text", text);
         if (found.isEmpty() || found[QLatin1String("shown")].toBool())
@@ -525,8 +525,8 @@ bool User::scrollListTo(const QString& text)
 bool User::clickItem(const QString& text)
 {
     constexpr int IGNORED_MS = 500;
-    constexpr int MOST_TRIES = 5;
-    for (int i = 0; i < MOST_TRIES && scrollListTo(text); ++i) {
+    constexpr int MAX_TRIES = 5;
+    for (int i = 0; i < MAX_TRIES && scrollListTo(text); ++i) {
         m_screen->click(rectOf(item(text)[QLatin1String("rect")]).center());
         if (QTest::qWaitFor([this] { return offered().isEmpty(); }, IGNORED_MS))
             return true;

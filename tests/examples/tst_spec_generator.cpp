@@ -121,7 +121,7 @@ void TestSpecGenerator::loadsWithExactCounts_data()
     QTest::newRow("10,000 rows of made-up names of many shapes") << shape;
     shape = distinctShape(500, 500);
     shape.auxRows = 500;
-    shape.maxName = SpecShape::SHORTEST_NAME;
+    shape.maxName = SpecShape::MIN_NAME_LENGTH;
     QTest::newRow("shortest names") << shape;
     shape.maxName = 12;
     QTest::newRow("names so short that some shapes do not fit") << shape;
@@ -187,13 +187,13 @@ void TestSpecGenerator::madeUpNamesAreEvenlyLong()
     QFETCH(int, longest);
     SpecShape shape = distinctShape(5000, 1000);
     shape.maxName = longest;
-    const int lengths = longest - SpecShape::SHORTEST_NAME + 1;
+    const int lengths = longest - SpecShape::MIN_NAME_LENGTH + 1;
     QVector<int> counts(lengths);
     const QStringList all = names(Document(generated(shape)));
     for (const QString& name : all) {
-        QVERIFY2(name.size() >= SpecShape::SHORTEST_NAME && name.size() <= longest,
+        QVERIFY2(name.size() >= SpecShape::MIN_NAME_LENGTH && name.size() <= longest,
                  qPrintable(name));
-        ++counts[name.size() - SpecShape::SHORTEST_NAME];
+        ++counts[name.size() - SpecShape::MIN_NAME_LENGTH];
     }
     const auto [rarest, commonest] = std::minmax_element(counts.cbegin(), counts.cend());
     QVERIFY(*rarest * 3 > all.size() / lengths);

@@ -41,7 +41,7 @@ FaultPlan* noPlan()
 FaultPlan* planOfDisk(std::string_view directory)
 {
     static FaultPlan plan{};
-    directory.copy(plan.prefix, LONGEST_PREFIX);
+    directory.copy(plan.prefix, MAX_PREFIX);
     const char* const size = std::getenv(DISK_SIZE_VARIABLE);
     plan.space = size == nullptr ? 0 : std::strtoll(size, nullptr, 10);
     return &plan;

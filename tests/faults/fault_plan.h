@@ -17,11 +17,11 @@ inline constexpr char DISK_SIZE_VARIABLE[] = "FAULTS_DISK_SIZE";
 enum class FileCall : uint32_t { Open, Read, Write, Close, Sync, Rename, Truncate };
 constexpr size_t FILE_CALL_COUNT = 7;
 
-constexpr size_t LONGEST_PREFIX = 255;
+constexpr size_t MAX_PREFIX = 255;
 
 struct FaultPlan {
     // Only calls on files whose absolute paths begin with this count and fail; none if it is empty.
-    char prefix[LONGEST_PREFIX + 1];
+    char prefix[MAX_PREFIX + 1];
     FileCall call;
     uint32_t nth;  // number of the call that fails, from 1; 0 for none
     // The errno of the failing call. If it is 0, a read or write transfers half of its bytes.

@@ -52,6 +52,6 @@ uint FileFaults::calls(FileCall call) const
 
 void FileFaults::setPrefix(const QString& prefix)
 {
-    const QByteArray bytes = QFile::encodeName(prefix).left(LONGEST_PREFIX);
+    const QByteArray bytes = QFile::encodeName(prefix).left(MAX_PREFIX);
     std::copy(bytes.begin(), bytes.end(), std::begin(m_plan->prefix));
 }

@@ -36,7 +36,7 @@ const QByteArray BEFORE("What the file held before.\n");
 constexpr int ENTRIES = 600;
 const QByteArray LAST_ENTRY("variable_599");
 // More calls than any single step of the program makes.
-constexpr uint MOST_CALLS = 100;
+constexpr uint MAX_CALLS = 100;
 constexpr int PAGE = 4096;
 
 void addFaults(std::initializer_list<std::pair<const char*, FileFault>> faults)
@@ -218,7 +218,7 @@ bool tst_FileFaults::isShown(const QString& file, const QJsonValue& expected)
 void tst_FileFaults::forEachCall(const FileFault& fault, const QString& prefix, const Deed& deed,
                                  const Deed& rule)
 {
-    for (uint nth = 1; nth < MOST_CALLS; ++nth) {
+    for (uint nth = 1; nth < MAX_CALLS; ++nth) {
         m_faults->failAt(nth, fault, prefix);
         deed();
         const bool hasFailed = m_faults->calls(fault.call) >= nth;
