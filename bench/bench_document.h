@@ -17,10 +17,10 @@ const std::string& specFileOfRows(int scanRows, int metaRows = 0);
 // The five models of the last read_file, in tab order.
 std::vector<std::unique_ptr<TreeModel>> makeModels();
 
-// Runs a program's benchmarks. The memory of one round is kept for the next: what the kernel takes
-// to hand out fresh pages says nothing about how our work grows with the document.
+// Runs a program's benchmarks. Freed memory is kept for the next round, so that the kernel's time
+// for new pages is not measured.
 int runBenchmarks(int argc, char** argv);
 
-// The sizes that everything is measured at, and the rows as the unit of what is done.
+// Measures at each document size; the number of rows is the unit.
 void atAllSizes(benchmark::internal::Benchmark* measured);
 void countRows(benchmark::State* state);

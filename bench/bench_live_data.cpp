@@ -1,5 +1,5 @@
-// The platform's variables: reading their catalogue, opening the dialog that offers them, typing
-// into it. The dialog is held against the toolkit's own combo box of the same names.
+// The platform's variables: reading their catalogue, opening the variable dialog, typing into it.
+// The dialog is compared with a plain QComboBox that has the same names.
 
 #include <QApplication>
 #include <QComboBox>
@@ -44,7 +44,7 @@ QStringList allNames(int variables)
     return names;
 }
 
-// What the dialog cannot do without: one combo box over a sorted proxy, in a window of its own.
+// The baseline for the dialog: one QComboBox over a QSortFilterProxyModel, in its own window.
 void plainComboBox(benchmark::State& state)
 {
     const QStringList names = allNames(variablesOf(state));
@@ -91,7 +91,7 @@ void press(QWidget* widget, int key, const QString& text)
     QApplication::processEvents();
 }
 
-// The key completes the beginning of every variable's name, and the next one takes it back.
+// The first key is a beginning of every variable's name; the next one deletes it.
 void typeAndEraseInDialog(benchmark::State& state)
 {
     allNames(variablesOf(state));
@@ -107,7 +107,7 @@ void typeAndEraseInDialog(benchmark::State& state)
 }
 BENCHMARK(typeAndEraseInDialog)->Apply(measure);
 
-// Return behind a name of the list. The combo box itself looks through all items for it.
+// Return after a name of the list. QComboBox itself searches all items for it.
 void endNameInDialog(benchmark::State& state)
 {
     allNames(variablesOf(state));

@@ -1,4 +1,4 @@
-// The document in the window: judging its cells, changing rows, painting a screen of it. Measured
+// The document in the window: validating cells, changing rows, painting the visible part. Measured
 // on 10,000 scan list rows, 2,000 meta data rows and all keywords, with names that are all distinct
 // and one in five of which is more than a plain word.
 
@@ -50,7 +50,7 @@ void judgeAll(const Models& models)
     }
 }
 
-// What the other figures are held against.
+// The baseline for the other figures.
 void readFile(benchmark::State& state)
 {
     for (auto _ : state) {
@@ -74,7 +74,7 @@ void judgeAfterLoad(benchmark::State& state)
 }
 BENCHMARK(judgeAfterLoad)->Apply(measure);
 
-// The timer asks twice a second while the tab has errors.
+// A timer calls this twice a second while the tab has errors.
 void judgeAgainWithErrors(benchmark::State& state)
 {
     const Models models = loadModels();
@@ -149,7 +149,7 @@ void tickOfCleanDocument(benchmark::State& state)
 }
 BENCHMARK(tickOfCleanDocument)->Apply(measure);
 
-// A screen in the middle of the list, whatever its length.
+// The visible rows in the middle of the list.
 void paintScreen(benchmark::State& state)
 {
     const auto window = shownWindow(specFileOfRows(static_cast<int>(state.range(0)), 0));
@@ -160,8 +160,7 @@ void paintScreen(benchmark::State& state)
 }
 BENCHMARK(paintScreen)->Arg(100)->Arg(SCAN_ROWS)->MinTime(SECONDS);
 
-// The whole of an insertion with its undo, as the user sees it: the view follows, the tab is
-// judged.
+// A row insertion and its undo as in the window: the view is updated and the tab is validated.
 void insertRowInWindow(benchmark::State& state)
 {
     const auto window = shownWindow(liveFile());
@@ -177,7 +176,7 @@ void insertRowInWindow(benchmark::State& state)
 }
 BENCHMARK(insertRowInWindow)->Apply(measure);
 
-// An edit of a cell in the window, which makes a copy of the document due.
+// An edit of a cell in the window, which schedules a recovery copy.
 void editInWindow(benchmark::State& state)
 {
     const auto window = shownWindow(liveFile());
@@ -190,7 +189,7 @@ void editInWindow(benchmark::State& state)
 }
 BENCHMARK(editInWindow)->Apply(measure);
 
-// The copy itself, written and flushed to the disk while the user does nothing.
+// Writing the recovery copy and flushing it to the disk.
 void copyOfUnsavedWork(benchmark::State& state)
 {
     const auto window = shownWindow(liveFile());

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int ALIAS_EVERY = 2;
 
-// A prime that no number of variables here is a multiple of: each number comes up once.
+// A prime that does not divide any number of variables here, so that each index occurs once.
 constexpr qint64 SHUFFLE = 7919;
 
 QByteArray record(int variables, int i)

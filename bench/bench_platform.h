@@ -1,10 +1,10 @@
 // A desk platform for the benchmarks.
 #pragma once
 
-// From now on, this process is a client of a platform that has this many real variables for general
-// use, in no order of their names, every second one with an alias. One of as many that runs already
-// is kept. Ends the process when it cannot be started.
+// Makes this process a client of a platform with this many real variables for general use, not
+// sorted by name, every second one with an alias. A running platform with as many variables is
+// reused. Ends the process if the platform cannot be started.
 void runPlatformOf(int variables);
 
-// Before the end of main: the toolkit is needed for it.
+// Must be called before the end of main, since it uses Qt.
 void stopPlatform();

@@ -1,4 +1,4 @@
-// Prints a spec file of the wanted size.
+// Prints a spec file of the given size.
 
 #include <getopt.h>
 
@@ -105,7 +105,7 @@ bool readKeywords(std::string_view text, KeywordSet& keywords)
     return true;
 }
 
-// False for a value that the option does not take.
+// Returns false if the value is not valid for the option.
 bool readOption(int option, const char* value, SpecShape& shape)
 {
     switch (option) {
@@ -135,7 +135,7 @@ bool readOption(int option, const char* value, SpecShape& shape)
     }
 }
 
-// Nothing to print when it answers a status to end with.
+// Returns an exit status if there is nothing to print.
 std::optional<int> readOptions(int argc, char** argv, SpecShape& shape)
 {
     int option = 0;

@@ -118,7 +118,7 @@ constexpr std::array<CellParameter, 20> CELL_PARAMETERS{{
 }};
 // clang-format on
 
-// The first stands for the value itself.
+// The first one: the value itself, without a statistical member.
 constexpr std::array<std::string_view, 34> STATISTICS{
     "",    ".AV", ".MN", ".MX", ".RN", ".SD", ".C0", ".IV", ".FV", ".DL", ".E0", ".CI",
     ".I0", ".I5", ".I9", ".ME", ".MD", ".RM", ".ST", ".EN", ".TN", ".TX", ".C1", ".IN",
@@ -137,7 +137,7 @@ struct NamePair {
     std::string second;
 };
 
-// Where the names come from. The rows of a list are asked for one by one, from row 0 on.
+// The source of the names. The rows of a list are requested in order, from row 0 on.
 class NameSource {
 public:
     NameSource() = default;
@@ -191,7 +191,7 @@ private:
         return {position % count, static_cast<int>(position / count)};
     }
 
-    // Nothing the first time round.
+    // Empty for the first round.
     static std::string suffix(const char* separator, int round)
     {
         return round == 0 ? std::string() : separator + std::to_string(round + 1);
@@ -222,7 +222,7 @@ private:
     bool m_withUnits;
 };
 
-// What stands around a name that is more than a plain word.
+// A prefix and a suffix of a name.
 struct NameShape {
     std::string_view before;
     std::string_view after;
@@ -274,7 +274,7 @@ public:
     }
 
 private:
-    // The library's distributions differ between implementations, the engine does not.
+    // std::uniform_int_distribution differs between standard libraries, std::mt19937 does not.
     std::size_t below(std::size_t limit) { return m_random() % limit; }
 
     template <typename T, std::size_t N>
@@ -290,7 +290,7 @@ private:
         return shaped ? shapedName(oneOf(shapes)) : plainName(m_longest);
     }
 
-    // A shape that leaves no room for a name is left out.
+    // A shape that leaves no room for the name is not used.
     std::string shapedName(const NameShape& shape)
     {
         const int room = m_longest - static_cast<int>(shape.before.size() + shape.after.size());
@@ -302,7 +302,7 @@ private:
         return std::string(shape.before).append(name).append(shape.after);
     }
 
-    // Words, and behind them the number of the name, by which it differs from all others.
+    // Words, then the number of the name, which makes it unique.
     std::string plainName(int longest)
     {
         const std::string number = "_" + nextNumber();
@@ -320,7 +320,7 @@ private:
         return text;
     }
 
-    // To the base of 36, so that it is short.
+    // In base 36, to be short.
     std::string nextNumber()
     {
         constexpr std::string_view DIGITS = "0123456789abcdefghijklmnopqrstuvwxyz";
@@ -389,7 +389,7 @@ void writeAuxUser(std::string& text, int rows, NameSource& names)
         writePair(text, names.auxEntry(row));
 }
 
-// Four modules a file, each with one list: as much as the editor finds in one.
+// Four modules in each file, each with one list: the editor reads four sections of a file.
 void writeEcmList(std::string& text, int rows)
 {
     constexpr int MODULES = 4;

@@ -1,25 +1,23 @@
-// Writes spec files of any size: for the benchmarks, for tests and as an example of a large file.
-// The text is the same for the same shape on every machine, it has no validation errors (but for
-// the one that KeywordSet::All tells of), and it is laid out as the editor saves it, so that
-// loading and saving gives it back byte by byte.
+// Generates spec files of any size, for benchmarks, tests and as an example of a large file. The
+// same shape gives the same text on every machine. The text has no validation errors (except for
+// one with KeywordSet::All), and loading and saving it gives the same bytes.
 #pragma once
 
 #include <cstdint>
 #include <string>
 
 enum class KeywordSet {
-    Required,  // those that every spec file must keep
-    Offered,   // those that the Keywords tab offers
-    All        // and @META_HEADER_FILENAME, which the Keywords tab always marks
+    Required,  // the required keywords
+    Offered,   // all that the Keywords tab offers
+    All        // also @META_HEADER_FILENAME, which always has a validation error
 };
 
 struct SpecShape {
     static constexpr int MIN_NAME_LENGTH = 6;
     static constexpr int MAX_NAME_LENGTH = 79;
-    static constexpr int MAX_ROWS = 250000;  // more would need longer names to tell them apart
+    static constexpr int MAX_ROWS = 250000;  // more would need longer names to be distinct
 
-    // Rows of each list, its keyword not counted; at most MAX_ROWS. All four lists are written,
-    // also without rows.
+    // Rows of each list without its keyword; at most MAX_ROWS. A list without rows is written too.
     int scanRows = 100;
     int metaRows = 0;
     int auxRows = 0;
@@ -27,15 +25,15 @@ struct SpecShape {
 
     KeywordSet keywords = KeywordSet::Required;
 
-    // Without it variables are those of the demo cell, each of them many times with all its
-    // statistics. With it all names are made up, and none comes twice in the whole file.
+    // If false, the variables are those of the demo cell, repeated with each statistical member. If
+    // true, all names are generated, and each occurs once in the file.
     bool distinct = false;
 
-    // One name in five has units in brackets or, with made-up names, another shape that is more
-    // than a plain word: a quoted text, an index, a number behind an at sign.
+    // Every fifth name has units in brackets or, if names are generated, another form: a quoted
+    // text, an index, or an at sign with a number.
     bool withUnits = false;
 
-    // Made-up names are MIN_NAME_LENGTH to maxName characters long, evenly distributed; at most
+    // Generated names are MIN_NAME_LENGTH to maxName characters long, evenly distributed; at most
     // MAX_NAME_LENGTH.
     int maxName = MAX_NAME_LENGTH;
 

@@ -1,4 +1,4 @@
-// Any bytes as an asam3_specs file. What is read of it has to keep to its rows.
+// Reads arbitrary bytes as an asam3_specs file, which must not write outside of the result's rows.
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -14,7 +14,7 @@
 
 namespace {
 
-// On the heap, where a byte behind the last row is not ours.
+// On the heap, so that AddressSanitizer finds writes behind the last row.
 struct Rows {
     char lists[MAX_ASAM3_LISTS][ASAM3_LIST_SIZE]{};
 };

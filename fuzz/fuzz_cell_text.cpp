@@ -1,4 +1,4 @@
-// Any text that a cell can hold, classified.
+// Classifies arbitrary cell texts.
 
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
-// Any bytes as a spec file: parsed, loaded into the five models, judged and written back, twice:
-// what has been saved is what users open next.
+// Arbitrary bytes as a spec file: parsed, loaded into the five models, validated and saved. The
+// saved file goes through the same again.
 
 #include <QCoreApplication>
 #include <QFile>
@@ -32,7 +32,7 @@ void write(const QByteArray& fileName, const char* bytes, qint64 size)
         file.write(bytes, size);
 }
 
-// Loads a file and writes its five tabs to another; false when it is no spec file.
+// Loads a file and saves its five tabs to another one; false if it is not a spec file.
 bool loadAndSave(const QByteArray& from, QByteArray to)
 {
     if (read_file(from.constData()) != 0)
