@@ -1,7 +1,7 @@
 // generate_help DOCS_DIR EXAMPLE OUTPUT_DIR
 //
-// Writes the pages of the help collection and its project file: those of the Markdown files, and
-// one for each keyword with a statement from the example.
+// Writes the project file and the pages of the help collection: one for each Markdown file, and one
+// for each keyword with a statement from the example.
 
 #include <QCoreApplication>
 #include <QDir>
@@ -74,7 +74,7 @@ bool Help::write() const
     return writeGuide() && writeKeywords() && writeProject();
 }
 
-// The tables of what the program knows stand where the Markdown has a comment in their place.
+// Replaces comments in the Markdown by tables that are made of the program's tables.
 QString Help::withTables(QString markdown) const
 {
     markdown.replace(QStringLiteral("<!-- every keyword -->"), keywordTable(m_keywords));
@@ -125,7 +125,7 @@ QString Help::contents() const
     return sections;
 }
 
-// A keyword is found by what the file and by what the table calls it.
+// The index has a keyword by its spelling and by its display name.
 QString Help::index() const
 {
     QString entries;

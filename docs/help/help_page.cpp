@@ -33,7 +33,7 @@ QString toHtml(const QString& markdown)
     if (md_html(text.constData(), static_cast<MD_SIZE>(text.size()), appendTo, &html,
                 MD_FLAG_TABLES | MD_FLAG_NOHTML, MD_HTML_FLAG_XHTML) != 0)
         return {};
-    // The last line break of a block of code shows as a line in viewers of the simpler kind.
+    // Some viewers show the last line break of a code block as an empty line.
     return QString::fromUtf8(html).replace(QStringLiteral("\n</code></pre>"),
                                            QStringLiteral("</code></pre>"));
 }
@@ -54,7 +54,7 @@ QString replaced(const QString& text, const QString& pattern,
     return result + text.midRef(end);
 }
 
-// The name that a heading has in links, as the places that show Markdown make it.
+// The anchor of a heading, in the form of the usual Markdown viewers.
 QString anchorOf(QString heading)
 {
     heading.remove(QRegularExpression(QStringLiteral("<[^>]*>|&[a-z]+;")));
@@ -70,7 +70,7 @@ QString withAnchors(const QString& html)
     });
 }
 
-// All pages lie in one directory, beside that of the pictures.
+// All pages are in one directory, next to that of the pictures.
 QString pageTarget(QString target)
 {
     target.remove(QRegularExpression(QStringLiteral("^(help/|\\.\\./)")));

@@ -1,7 +1,7 @@
 // help_pictures OUTPUT_DIR
 //
-// Takes the pictures of the documentation from the program's own window and dialogs, on the display
-// that it finds, beside a platform that runs. scripts/help-pictures makes all that.
+// Grabs the documentation's pictures of the window and the dialogs. It needs a display and a
+// running platform; scripts/help-pictures starts both.
 
 #include <QAction>
 #include <QApplication>
@@ -160,7 +160,7 @@ void Photographer::showTab(int tab, const QSize& size)
     }
 }
 
-// The cell of the column in the first row that has the text.
+// The cell in this column of the first row with the text.
 QModelIndex Photographer::cell(int tab, int column, const QString& text, int textColumn) const
 {
     const QAbstractItemModel& model = *view(tab)->model();
@@ -211,7 +211,7 @@ void Photographer::takeWrongCells()
     take(QStringLiteral("counters"), [this] { return placeOf(m_window.statusBar()); });
 }
 
-// The upper part of the table, where the row that is edited stands.
+// The upper part of the table, with the edited row.
 std::function<QRect()> Photographer::tablePlace(int tab, int height) const
 {
     return [tree = view(tab), height] {
@@ -267,7 +267,7 @@ void Photographer::takeEditors()
     takeList(DE_TAB1, statement("@DESCRIPTION", 0), QStringLiteral("editor_keyword"));
 }
 
-// With its frame, whose title tells which dialog it is.
+// Includes the frame, since its title names the dialog.
 void Photographer::takeDialog(int tab, const QModelIndex& index, const QString& name)
 {
     showTab(tab, SMALL_WINDOW);
@@ -282,7 +282,7 @@ void Photographer::takeDialog(int tab, const QModelIndex& index, const QString& 
     }
 }
 
-// Of a list's row whose first cell has another text than in the example.
+// Of a list row whose first cell differs from the example.
 void Photographer::takeChangedDialog(int tab, const QModelIndex& index, const QString& text,
                                      const QString& name)
 {
@@ -302,12 +302,12 @@ void Photographer::takeDialogs()
     takeChangedDialog(DE_TAB2, cell(DE_TAB2, 1, QStringLiteral("N_ENG_AVG"), 3),
                       QStringLiteral("eng_speed_stat.AV"),
                       QStringLiteral("editor_variable_member"));
-    // Two digits show how much room the number has.
+    // Two digits, to show the width of the field.
     takeChangedDialog(DE_TAB5, cell(DE_TAB5, 2, QStringLiteral("2"), 1), QStringLiteral("12"),
                       QStringLiteral("editor_ecm"));
 }
 
-// The dialog waits for its end while it is shown.
+// The dialog is modal: exec() returns when it is closed.
 void Photographer::takePreferences()
 {
     const auto name = QStringLiteral("preferences");

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int EXAMPLE_LINES = 8;
 
-// What a value of the kind is and how it is edited, as Markdown.
+// Markdown about a kind of value and its editor.
 struct ValueFacts {
     int editor;
     const char* value;
@@ -54,7 +54,7 @@ constexpr std::array<ValueFacts, 13> VALUE_FACTS{{
      "most"},
 }};
 
-// Where the entries of a list are edited.
+// The tab of a list.
 struct ListTab {
     int token;
     const char* page;
@@ -79,7 +79,7 @@ QString code(const QString& text)
     return QStringLiteral("`%1`").arg(text);
 }
 
-// A text of the program as it stands, without its line breaks.
+// A text of the program without its line breaks.
 QString prose(const char* text)
 {
     return QString::fromUtf8(text).simplified().replace(
@@ -157,7 +157,7 @@ QString factTable(const ScribonKeyword& keyword)
            row(QStringLiteral("Offered"), offer(keyword)) + valueRows(keyword);
 }
 
-// What its tool tip says where it is offered, which is told in full there.
+// The tool tip of its combo box item, which is the longer text.
 QString purpose(const ScribonKeyword& keyword)
 {
     const char* const help = keyword.choiceHelp == SAME_AS_HELP ? keyword.help : keyword.choiceHelp;

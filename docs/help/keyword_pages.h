@@ -1,5 +1,4 @@
-// A page for each keyword, written from the program's own table, so that the help says what the
-// program does.
+// A page for each keyword, generated from the program's table, so that help and program agree.
 #pragma once
 
 #include <QString>
