@@ -128,7 +128,7 @@ void tst_SettingsProcess::pipeIsNotRead_data()
     QTest::addColumn<QString>("path");
 
     QTest::newRow("for the settings") << settingsPath();
-    QTest::newRow("for those that the toolkit falls back to")
+    QTest::newRow("for Qt's fallback settings")
         << QStringLiteral("/specs/qt/ScribonUI.conf");
     QTest::newRow("for the lock") << settingsPath() + QStringLiteral(".lock");
 }

@@ -106,12 +106,10 @@ void tst_Startup::commandLine_data()
     QTest::newRow("two files: the second is ignored") << list({"/specs/one", "/specs/two"}) << ONE;
     QTest::newRow("two files, the second is not there")
         << list({"/specs/two", "/specs/none"}) << TWO;
-    QTest::newRow("an option of the toolkit is no file")
+    QTest::newRow("a Qt option is no file")
         << list({"-style", "fusion"}) << QStringLiteral("Empty File");
-    QTest::newRow("an option of the toolkit before the file")
-        << list({"-style", "fusion", "/specs/one"}) << ONE;
-    QTest::newRow("an option of the toolkit behind the file")
-        << list({"/specs/one", "-style", "fusion"}) << ONE;
+    QTest::newRow("a Qt option before the file") << list({"-style", "fusion", "/specs/one"}) << ONE;
+    QTest::newRow("a Qt option behind the file") << list({"/specs/one", "-style", "fusion"}) << ONE;
     QTest::newRow("a file that is no spec file")
         << list({"/specs/bad"}) << QStringLiteral("Invalid scribon_specs file: /specs/bad");
 }
