@@ -54,14 +54,14 @@ class tst_AsamExamples : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void offersWhatItsTableSays_data();
-    void offersWhatItsTableSays();
-    void everyFileIsToldOf();
-    void listsThatSpecFilesNameAreOffered_data();
-    void listsThatSpecFilesNameAreOffered();
+    void readsTheListsNamedInTheReadme_data();
+    void readsTheListsNamedInTheReadme();
+    void everyFileIsTested();
+    void listsOfTheExampleSpecFilesAreOffered_data();
+    void listsOfTheExampleSpecFilesAreOffered();
 };
 
-void tst_AsamExamples::offersWhatItsTableSays_data()
+void tst_AsamExamples::readsTheListsNamedInTheReadme_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("result");
@@ -71,7 +71,7 @@ void tst_AsamExamples::offersWhatItsTableSays_data()
                                     << QString::fromLatin1(example.offers);
 }
 
-void tst_AsamExamples::offersWhatItsTableSays()
+void tst_AsamExamples::readsTheListsNamedInTheReadme()
 {
     QFETCH(QString, name);
     const AsamLists lists = readLists(examples() + name);
@@ -84,7 +84,7 @@ void tst_AsamExamples::offersWhatItsTableSays()
     QVERIFY2(textOf(QStringLiteral("README.md")).contains(row + told), qPrintable(row + told));
 }
 
-void tst_AsamExamples::everyFileIsToldOf()
+void tst_AsamExamples::everyFileIsTested()
 {
     QSet<QString> told;
     for (const Example& example : EXAMPLES)
@@ -97,7 +97,7 @@ void tst_AsamExamples::everyFileIsToldOf()
     QCOMPARE(there, told);
 }
 
-void tst_AsamExamples::listsThatSpecFilesNameAreOffered_data()
+void tst_AsamExamples::listsOfTheExampleSpecFilesAreOffered_data()
 {
     QTest::addColumn<int>("count");
     QTest::newRow("scrib_ecm") << 11;
@@ -106,7 +106,7 @@ void tst_AsamExamples::listsThatSpecFilesNameAreOffered_data()
     QTest::newRow("scrib_crlf") << 1;
 }
 
-void tst_AsamExamples::listsThatSpecFilesNameAreOffered()
+void tst_AsamExamples::listsOfTheExampleSpecFilesAreOffered()
 {
     QFETCH(int, count);
     const auto roomForMore = QStringLiteral("BMS0:99");

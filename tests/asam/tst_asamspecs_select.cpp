@@ -42,51 +42,51 @@ private Q_SLOTS:
     void formOfTheBoxes();
     void formOfTheTexts_data();
     void formOfTheTexts();
-    void ordersOfTheMetaObject();
-    void remembersWhatTheCellHad();
-    void takesAnExtensionNumber();
+    void orderOfSignalsAndSlots();
+    void storesTheOriginalValues();
+    void rangeOfTheExtensionNumber();
     void twoDigitsFitInAnyFont_data();
     void twoDigitsFitInAnyFont();
-    void keyboardGoesToTheFiles();
+    void fileComboBoxHasTheFocus();
 
     void listsFilesBeforeThoseOfSubdirectories();
     void listsOnlyFilesWithTheName();
     void followsNoLinks();
     void findsAFileAmongAThousandDirectories();
     void findsAFileInADeepDirectory();
-    void searchesAgainWheneverItShows();
+    void searchesForFilesAtEachShow();
     void listsTheCellsFileOnce_data();
     void listsTheCellsFileOnce();
 
     void showsTheCellsInstance_data();
     void showsTheCellsInstance();
-    void cellsFileThatIsNotThereLeavesTheInstancesOfTheFirst();
-    void formsInstancesStayBesideNoFile();
+    void missingFileOfTheCellKeepsTheInstancesOfTheFirstFile();
+    void withoutFilesTheInstancesOfTheFormStay();
     void fileNameIsReadInLatin1();
     void instancesAreInTheLocalEncoding();
     void pickedFileOffersItsInstances();
     void pickedFileKeepsTheCellsInstance();
-    void fileThatIsNoneLeavesTheInstances_data();
-    void fileThatIsNoneLeavesTheInstances();
-    void pickedInstanceStays();
-    void filledBeforeItShows();
-    void broughtBackIntoSightItKeepsWhatWasPicked();
+    void invalidFileKeepsTheInstances_data();
+    void invalidFileKeepsTheInstances();
+    void selectedInstanceIsKept();
+    void valuesAreSetBeforeTheDialogIsShown();
+    void spontaneousShowKeepsTheSelection();
 
-    void otherAsksForAFile();
-    void otherFileIsAddedBehindOther();
-    void otherFileThatIsListedIsAddedAgain();
-    void cancelledOtherReturnsToTheCellsFile();
-    void cancelledOtherStaysWithoutACellsFile();
-    void otherAsOnlyItemAsksAtOnce();
-    void otherAsCellsFileComesToRest_data();
-    void otherAsCellsFileComesToRest();
+    void otherOpensTheFileDialog();
+    void fileChosenByOtherIsAppended();
+    void listedFileChosenByOtherIsAddedAgain();
+    void cancelledFileDialogReselectsTheCellsFile();
+    void cancelledFileDialogKeepsOtherIfTheCellHasNoFile();
+    void otherAsTheOnlyItemOpensTheFileDialog();
+    void otherAsTheCellsFileOpensNoEndlessDialogs_data();
+    void otherAsTheCellsFileOpensNoEndlessDialogs();
 
-    void okAccepts();
-    void cancelRejects();
-    void closingIsNoCancel_data();
-    void closingIsNoCancel();
-    void okAfterCancelIsNoCancel();
-    void showsBelowItsPlaceInTheWindow();
+    void okButtonAcceptsTheDialog();
+    void cancelButtonRejectsTheDialog();
+    void closingTheDialogDoesNotSetCanceled_data();
+    void closingTheDialogDoesNotSetCanceled();
+    void okResetsCanceled();
+    void isShownBelowItsPositionInTheWindow();
 
 private:
     asamspecs_select& dialog() { return *m_dialog; }
@@ -235,7 +235,7 @@ void tst_AsamspecsSelect::formOfTheTexts()
     QTEST(widget->toolTip(), "toolTip");
 }
 
-void tst_AsamspecsSelect::ordersOfTheMetaObject()
+void tst_AsamspecsSelect::orderOfSignalsAndSlots()
 {
     const QMetaObject& meta = asamspecs_select::staticMetaObject;
     QStringList methods;
@@ -247,7 +247,7 @@ void tst_AsamspecsSelect::ordersOfTheMetaObject()
                             "accept_asam()"));
 }
 
-void tst_AsamspecsSelect::remembersWhatTheCellHad()
+void tst_AsamspecsSelect::storesTheOriginalValues()
 {
     dialog().setOrigExtNumber(QStringLiteral("7"));
     dialog().setOrigFileName(ENGINE);
@@ -257,7 +257,7 @@ void tst_AsamspecsSelect::remembersWhatTheCellHad()
     QCOMPARE(dialog().OrigEcmInstance(), QStringLiteral("ECM0:1"));
 }
 
-void tst_AsamspecsSelect::takesAnExtensionNumber()
+void tst_AsamspecsSelect::rangeOfTheExtensionNumber()
 {
     dialog().extSpinBoxEdit()->setValue(100);
     QCOMPARE(dialog().extSpinBoxEdit()->value(), 99);
@@ -293,7 +293,7 @@ void tst_AsamspecsSelect::twoDigitsFitInAnyFont()
     QVERIFY2(text <= room, qPrintable(QStringLiteral("%1 > %2").arg(text).arg(room)));
 }
 
-void tst_AsamspecsSelect::keyboardGoesToTheFiles()
+void tst_AsamspecsSelect::fileComboBoxHasTheFocus()
 {
     QCOMPARE(dialog().focusProxy(), dialog().fileComboBox());
 }
@@ -359,7 +359,7 @@ void tst_AsamspecsSelect::findsAFileInADeepDirectory()
     QProcess::execute(QStringLiteral("rm"), {QStringLiteral("-rf"), QStringLiteral("/specs/d")});
 }
 
-void tst_AsamspecsSelect::searchesAgainWheneverItShows()
+void tst_AsamspecsSelect::searchesForFilesAtEachShow()
 {
     QVERIFY(writeFile(ENGINE, asamFile("ECM0")));
     showFor(ENGINE);
@@ -418,7 +418,7 @@ void tst_AsamspecsSelect::showsTheCellsInstance()
 }
 
 // The first file is current for a moment and sets its instances.
-void tst_AsamspecsSelect::cellsFileThatIsNotThereLeavesTheInstancesOfTheFirst()
+void tst_AsamspecsSelect::missingFileOfTheCellKeepsTheInstancesOfTheFirstFile()
 {
     QVERIFY(writeFile(ENGINE, asamFile("ECM0 ECM1")));
     showFor(QStringLiteral("/specs/nothing"), QStringLiteral("ECM1:0"));
@@ -427,7 +427,7 @@ void tst_AsamspecsSelect::cellsFileThatIsNotThereLeavesTheInstancesOfTheFirst()
     QCOMPARE(instance(), QStringLiteral("ECM1:0"));
 }
 
-void tst_AsamspecsSelect::formsInstancesStayBesideNoFile()
+void tst_AsamspecsSelect::withoutFilesTheInstancesOfTheFormStay()
 {
     showFor(QStringLiteral("/specs/nothing"), QStringLiteral("ECM1:0"));
     QCOMPARE(instances(), words("0 1 2"));
@@ -475,7 +475,7 @@ void tst_AsamspecsSelect::pickedFileKeepsTheCellsInstance()
     QCOMPARE(instance(), QStringLiteral("ECM1:0"));
 }
 
-void tst_AsamspecsSelect::fileThatIsNoneLeavesTheInstances_data()
+void tst_AsamspecsSelect::invalidFileKeepsTheInstances_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::newRow("no mark of a register") << asamFile("A").mid(1);
@@ -486,7 +486,7 @@ void tst_AsamspecsSelect::fileThatIsNoneLeavesTheInstances_data()
     QTest::newRow("nothing") << QByteArray();
 }
 
-void tst_AsamspecsSelect::fileThatIsNoneLeavesTheInstances()
+void tst_AsamspecsSelect::invalidFileKeepsTheInstances()
 {
     QFETCH(QByteArray, text);
     QVERIFY(writeFile(ENGINE, asamFile("ECM0 ECM1")));
@@ -499,7 +499,7 @@ void tst_AsamspecsSelect::fileThatIsNoneLeavesTheInstances()
     QCOMPARE(instance(), QStringLiteral("ECM1:0"));
 }
 
-void tst_AsamspecsSelect::pickedInstanceStays()
+void tst_AsamspecsSelect::selectedInstanceIsKept()
 {
     QVERIFY(writeFile(ENGINE, asamFile("ECM0 ECM1")));
     showFor(ENGINE, QStringLiteral("ECM0:0"));
@@ -509,7 +509,7 @@ void tst_AsamspecsSelect::pickedInstanceStays()
 
 // The delegate sets the combo boxes before the dialog is shown: then they have the items of the
 // form.
-void tst_AsamspecsSelect::filledBeforeItShows()
+void tst_AsamspecsSelect::valuesAreSetBeforeTheDialogIsShown()
 {
     QVERIFY(writeFile(ENGINE, asamFile("ECM0 ECM1")));
     dialog().fileComboBox()->setCurrentIndex(-1);
@@ -523,7 +523,7 @@ void tst_AsamspecsSelect::filledBeforeItShows()
 }
 
 // The window system hides and shows the dialog, which sends spontaneous events.
-void tst_AsamspecsSelect::broughtBackIntoSightItKeepsWhatWasPicked()
+void tst_AsamspecsSelect::spontaneousShowKeepsTheSelection()
 {
     QVERIFY(writeFile(ENGINE, asamFile("ECM0 ECM1")));
     showFor(ENGINE, QStringLiteral("ECM0:0"));
@@ -538,7 +538,7 @@ void tst_AsamspecsSelect::broughtBackIntoSightItKeepsWhatWasPicked()
 
 // ---- Another file ------------------------------------------------------------------------------
 
-void tst_AsamspecsSelect::otherAsksForAFile()
+void tst_AsamspecsSelect::otherOpensTheFileDialog()
 {
     QVERIFY(writeFile(ENGINE, asamFile("ECM0")));
     showFor(ENGINE);
@@ -552,7 +552,7 @@ void tst_AsamspecsSelect::otherAsksForAFile()
     QCOMPARE(question.parent, m_dialog.get());
 }
 
-void tst_AsamspecsSelect::otherFileIsAddedBehindOther()
+void tst_AsamspecsSelect::fileChosenByOtherIsAppended()
 {
     const auto elsewhere = QStringLiteral("/tmp/elsewhere");
     QVERIFY(writeFile(ENGINE, asamFile("ECM0")));
@@ -567,7 +567,7 @@ void tst_AsamspecsSelect::otherFileIsAddedBehindOther()
     QCOMPARE(m_fileDialogs->seen.size(), 1);
 }
 
-void tst_AsamspecsSelect::otherFileThatIsListedIsAddedAgain()
+void tst_AsamspecsSelect::listedFileChosenByOtherIsAddedAgain()
 {
     QVERIFY(writeFile(ENGINE, asamFile("ECM0")));
     QVERIFY(writeFile(DRIVE, asamFile("INV0")));
@@ -581,7 +581,7 @@ void tst_AsamspecsSelect::otherFileThatIsListedIsAddedAgain()
     QCOMPARE(dialog().fileComboBox()->currentIndex(), 1);
 }
 
-void tst_AsamspecsSelect::cancelledOtherReturnsToTheCellsFile()
+void tst_AsamspecsSelect::cancelledFileDialogReselectsTheCellsFile()
 {
     QVERIFY(writeFile(ENGINE, asamFile("ECM0 ECM1")));
     QVERIFY(writeFile(DRIVE, asamFile("INV0")));
@@ -596,7 +596,7 @@ void tst_AsamspecsSelect::cancelledOtherReturnsToTheCellsFile()
     QCOMPARE(m_fileDialogs->seen.size(), 1);
 }
 
-void tst_AsamspecsSelect::cancelledOtherStaysWithoutACellsFile()
+void tst_AsamspecsSelect::cancelledFileDialogKeepsOtherIfTheCellHasNoFile()
 {
     QVERIFY(writeFile(ENGINE, asamFile("ECM0 ECM1")));
     showFor(QString());
@@ -607,7 +607,7 @@ void tst_AsamspecsSelect::cancelledOtherStaysWithoutACellsFile()
     QCOMPARE(m_fileDialogs->seen.size(), 1);
 }
 
-void tst_AsamspecsSelect::otherAsOnlyItemAsksAtOnce()
+void tst_AsamspecsSelect::otherAsTheOnlyItemOpensTheFileDialog()
 {
     const auto elsewhere = QStringLiteral("/tmp/elsewhere");
     QVERIFY(writeFile(elsewhere, asamFile("A")));
@@ -619,7 +619,7 @@ void tst_AsamspecsSelect::otherAsOnlyItemAsksAtOnce()
     QCOMPARE(m_fileDialogs->seen.size(), 1);
 }
 
-void tst_AsamspecsSelect::otherAsCellsFileComesToRest_data()
+void tst_AsamspecsSelect::otherAsTheCellsFileOpensNoEndlessDialogs_data()
 {
     QTest::addColumn<bool>("filesThere");
     QTest::addColumn<bool>("chooses");
@@ -631,7 +631,7 @@ void tst_AsamspecsSelect::otherAsCellsFileComesToRest_data()
 
 // "Other" as the cell's own file equals the item, so the dialog asks twice while it is shown: when
 // the item becomes current, and for the cell.
-void tst_AsamspecsSelect::otherAsCellsFileComesToRest()
+void tst_AsamspecsSelect::otherAsTheCellsFileOpensNoEndlessDialogs()
 {
     QFETCH(bool, filesThere);
     QFETCH(bool, chooses);
@@ -650,7 +650,7 @@ void tst_AsamspecsSelect::otherAsCellsFileComesToRest()
 
 // ---- The end -----------------------------------------------------------------------------------
 
-void tst_AsamspecsSelect::okAccepts()
+void tst_AsamspecsSelect::okButtonAcceptsTheDialog()
 {
     showFor(ENGINE);
     const QSignalSpy finished(&dialog(), &QDialog::finished);
@@ -662,7 +662,7 @@ void tst_AsamspecsSelect::okAccepts()
 }
 
 // hideEvent() rejects again, so the signals are emitted twice.
-void tst_AsamspecsSelect::cancelRejects()
+void tst_AsamspecsSelect::cancelButtonRejectsTheDialog()
 {
     showFor(ENGINE);
     const QSignalSpy finished(&dialog(), &QDialog::finished);
@@ -677,14 +677,14 @@ void tst_AsamspecsSelect::cancelRejects()
     QVERIFY(!dialog().isVisible());
 }
 
-void tst_AsamspecsSelect::closingIsNoCancel_data()
+void tst_AsamspecsSelect::closingTheDialogDoesNotSetCanceled_data()
 {
     QTest::addColumn<bool>("byKey");
     QTest::newRow("the window's close button") << false;
     QTest::newRow("the Escape key") << true;
 }
 
-void tst_AsamspecsSelect::closingIsNoCancel()
+void tst_AsamspecsSelect::closingTheDialogDoesNotSetCanceled()
 {
     QFETCH(bool, byKey);
     showFor(ENGINE);
@@ -700,7 +700,7 @@ void tst_AsamspecsSelect::closingIsNoCancel()
     QCOMPARE(closed.size(), 0);
 }
 
-void tst_AsamspecsSelect::okAfterCancelIsNoCancel()
+void tst_AsamspecsSelect::okResetsCanceled()
 {
     showFor(ENGINE);
     press("cancel_button");
@@ -710,7 +710,7 @@ void tst_AsamspecsSelect::okAfterCancelIsNoCancel()
     QCOMPARE(dialog().result(), int(QDialog::Accepted));
 }
 
-void tst_AsamspecsSelect::showsBelowItsPlaceInTheWindow()
+void tst_AsamspecsSelect::isShownBelowItsPositionInTheWindow()
 {
     const QSignalSpy mapped(&dialog(), &asamspecs_select::mapParent);
     dialog().setGeometry(30, 40, 350, 200);

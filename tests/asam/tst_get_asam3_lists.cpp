@@ -61,23 +61,23 @@ private Q_SLOTS:
 
     void entriesOfSections_data();
     void entriesOfSections();
-    void forms_data();
-    void forms();
+    void validAndInvalidFiles_data();
+    void validAndInvalidFiles();
     void oddBytes_data();
     void oddBytes();
 
-    void longNameIsCutToItsRow_data();
-    void longNameIsCutToItsRow();
-    void namesThatAreCutAlikeAreCountedTogether();
+    void longNameIsTruncatedToTheRow_data();
+    void longNameIsTruncatedToTheRow();
+    void namesWithTheSameTruncatedTextAreNumberedTogether();
     void lineOfAMegabyte_data();
     void lineOfAMegabyte();
-    void cutAtEveryByte();
+    void fileTruncatedAtEveryByte();
 
-    void whatIsNoFile_data();
-    void whatIsNoFile();
+    void pathsThatAreNotRegularFiles_data();
+    void pathsThatAreNotRegularFiles();
     void unreadableFile();
     void linkToAFileIsFollowed();
-    void countStartsAtNoughtWhateverItWas();
+    void countIsResetToZero();
     void leavesNoFileOpen_data();
     void leavesNoFileOpen();
 };
@@ -194,7 +194,7 @@ void addSectionForms()
 
 }  // namespace
 
-void tst_GetAsam3Lists::forms_data()
+void tst_GetAsam3Lists::validAndInvalidFiles_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<int>("result");
@@ -207,7 +207,7 @@ void tst_GetAsam3Lists::forms_data()
     addForm("no line end at the end", asamFile("A B").chopped(1), READ, "A:0 B:0");
 }
 
-void tst_GetAsam3Lists::forms()
+void tst_GetAsam3Lists::validAndInvalidFiles()
 {
     QFETCH(QByteArray, text);
     const AsamLists lists = readText(text);
@@ -238,19 +238,19 @@ void tst_GetAsam3Lists::oddBytes_data()
 
 void tst_GetAsam3Lists::oddBytes()
 {
-    forms();
+    validAndInvalidFiles();
 }
 
 // ---- Sizes -------------------------------------------------------------------------------------
 
-void tst_GetAsam3Lists::longNameIsCutToItsRow_data()
+void tst_GetAsam3Lists::longNameIsTruncatedToTheRow_data()
 {
     QTest::addColumn<int>("length");
     for (const int length : {252, 253, 254, 255, 256, 1000, 1013})
         QTest::addRow("a name of %d characters", length) << length;
 }
 
-void tst_GetAsam3Lists::longNameIsCutToItsRow()
+void tst_GetAsam3Lists::longNameIsTruncatedToTheRow()
 {
     QFETCH(int, length);
     const QByteArray name(length, 'n');
@@ -263,7 +263,7 @@ void tst_GetAsam3Lists::longNameIsCutToItsRow()
     QVERIFY(lists.insideItsRows);
 }
 
-void tst_GetAsam3Lists::namesThatAreCutAlikeAreCountedTogether()
+void tst_GetAsam3Lists::namesWithTheSameTruncatedTextAreNumberedTogether()
 {
     const QByteArray stem(MAX_NAME_LENGTH, 'n');
     const AsamLists lists = readText(asamFile((stem + "one " + stem + "two").constData()));
@@ -293,11 +293,11 @@ void tst_GetAsam3Lists::lineOfAMegabyte_data()
 
 void tst_GetAsam3Lists::lineOfAMegabyte()
 {
-    forms();
+    validAndInvalidFiles();
 }
 
 // A file may be truncated anywhere.
-void tst_GetAsam3Lists::cutAtEveryByte()
+void tst_GetAsam3Lists::fileTruncatedAtEveryByte()
 {
     const QByteArray whole = asamFile("A B A A B");
     const QStringList all = readText(whole).entries;
@@ -310,7 +310,7 @@ void tst_GetAsam3Lists::cutAtEveryByte()
 
 // ---- Files -------------------------------------------------------------------------------------
 
-void tst_GetAsam3Lists::whatIsNoFile_data()
+void tst_GetAsam3Lists::pathsThatAreNotRegularFiles_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<int>("result");
@@ -331,7 +331,7 @@ void tst_GetAsam3Lists::whatIsNoFile_data()
     QTest::newRow("a path longer than any") << QString(1 << 16, QLatin1Char('/')) << NO_FILE;
 }
 
-void tst_GetAsam3Lists::whatIsNoFile()
+void tst_GetAsam3Lists::pathsThatAreNotRegularFiles()
 {
     QFETCH(QString, path);
     QFETCH(int, result);
@@ -362,7 +362,7 @@ void tst_GetAsam3Lists::linkToAFileIsFollowed()
     QCOMPARE(readLists(link).entries, QStringList(QStringLiteral("A:0")));
 }
 
-void tst_GetAsam3Lists::countStartsAtNoughtWhateverItWas()
+void tst_GetAsam3Lists::countIsResetToZero()
 {
     char rows[MAX_ASAM3_LISTS][ASAM3_LIST_SIZE]{};
     int count = 1000;

@@ -64,62 +64,62 @@ private Q_SLOTS:
     void rowOfButtons();
     void fieldsOfTheForm_data();
     void fieldsOfTheForm();
-    void greyGroupThatIsNoTextLine();
-    void proxyBehindTheVariables();
+    void groupComboBoxIsGreyAndReadOnly();
+    void variablesUseASortedProxyModel();
     void completesTheVariable_data();
     void completesTheVariable();
-    void completionKnowsTheCase();
+    void completionIsCaseSensitive();
     void lengthOfANameDoesNotWidenTheDialog();
     void listsShowWholeNames();
 
-    void groupsOnOffer_data();
-    void groupsOnOffer();
-    void variablesOnOffer();
-    void shownAnewItFillsItselfAnew();
+    void groupsInTheComboBox_data();
+    void groupsInTheComboBox();
+    void variablesInTheComboBox();
+    void showingAgainFillsTheListsAgain();
 
     void cellText_data();
     void cellText();
     void memberOfTheCell_data();
     void memberOfTheCell();
-    void slotsAreSilentWhileItFillsItself();
-    void keyboardGoesToTheVariable();
+    void slotsAreNotCalledWhileTheListsAreFilled();
+    void variableComboBoxHasTheFocus();
 
     void pickedGroup_data();
     void pickedGroup();
-    void firstGroupStandsForAll();
-    void entryThatIsNoGroupHasNoVariables_data();
-    void entryThatIsNoGroupHasNoVariables();
-    void groupIsNotTyped();
+    void firstGroupListsAllVariables();
+    void headingInTheGroupListHasNoVariables_data();
+    void headingInTheGroupListHasNoVariables();
+    void typingDoesNotChangeTheGroup();
 
     void variableFormat_data();
     void variableFormat();
-    void longTextIsJudgedAtOnce();
+    void longTextIsValidatedQuickly();
     void pickedVariable_data();
     void pickedVariable();
-    void nameEndedByReturnIsSortedIn_data();
-    void nameEndedByReturnIsSortedIn();
+    void returnInsertsTheNameInSortedOrder_data();
+    void returnInsertsTheNameInSortedOrder();
 
-    void membersOnOffer_data();
-    void membersOnOffer();
+    void membersInTheComboBox_data();
+    void membersInTheComboBox();
     void membersGoWithTheFilter_data();
     void membersGoWithTheFilter();
     void memberKeepsTheMembersOfItsVariable();
     void emptyTextLeavesMembersAndUnits();
 
-    void unitsOnOffer_data();
-    void unitsOnOffer();
+    void unitsInTheComboBox_data();
+    void unitsInTheComboBox();
     void unknownVariableKeepsTheUnitsOfTheLast();
-    void onlyAFilterOfAllKindsHasUnits_data();
-    void onlyAFilterOfAllKindsHasUnits();
+    void onlyTheFilterOfAllKindsShowsUnits_data();
+    void onlyTheFilterOfAllKindsShowsUnits();
     void unitsOfTheCell_data();
     void unitsOfTheCell();
     void unitsOfTheCellAreCutAtSixteenBytes();
 
-    void labelThatFillsItsField();
-    void unitsThatFillTheirField();
-    void ownUnitsThatFillTheirField();
+    void labelWithoutATerminatingZero();
+    void unitsWithoutATerminatingZero();
+    void ownUnitsWithoutATerminatingZero();
     void ownUnitsAreTheSameInAnyCase();
-    void namesOfTheListHaveNoData();
+    void indexOfSelectedVarNameUsesTheItemData();
 
     void besideItsCell();
     void withoutAParent();
@@ -194,7 +194,7 @@ void TestVariableDialog::fieldsOfTheForm()
     QCOMPARE(comboBox->insertPolicy(), insertPolicy);
 }
 
-void TestVariableDialog::greyGroupThatIsNoTextLine()
+void TestVariableDialog::groupComboBoxIsGreyAndReadOnly()
 {
     open(QT_MARVANE_ANY);
     QCOMPARE(groups().styleSheet(),
@@ -205,7 +205,7 @@ void TestVariableDialog::greyGroupThatIsNoTextLine()
     QVERIFY(!variables().lineEdit()->isReadOnly());
 }
 
-void TestVariableDialog::proxyBehindTheVariables()
+void TestVariableDialog::variablesUseASortedProxyModel()
 {
     make(QT_MARVANE_ANY);
     const auto* const proxy = qobject_cast<QSortFilterProxyModel*>(variables().model());
@@ -250,7 +250,7 @@ void TestVariableDialog::completesTheVariable()
     QCOMPARE(dialog().defaultUnits(), QStringLiteral("RPM"));
 }
 
-void TestVariableDialog::completionKnowsTheCase()
+void TestVariableDialog::completionIsCaseSensitive()
 {
     open(QT_MARVANE_ANY);
     type(QStringLiteral("t"));
@@ -286,7 +286,7 @@ void TestVariableDialog::listsShowWholeNames()
 
 // ---- What is on offer --------------------------------------------------------------------------
 
-void TestVariableDialog::groupsOnOffer_data()
+void TestVariableDialog::groupsInTheComboBox_data()
 {
     QTest::addColumn<int>("filter");
     QTest::addColumn<QStringList>("expected");
@@ -315,7 +315,7 @@ void TestVariableDialog::groupsOnOffer_data()
     QTest::newRow("a filter without a variable") << 256 << QStringList();
 }
 
-void TestVariableDialog::groupsOnOffer()
+void TestVariableDialog::groupsInTheComboBox()
 {
     QFETCH(int, filter);
     open(filter);
@@ -323,7 +323,7 @@ void TestVariableDialog::groupsOnOffer()
     QCOMPARE(groups().currentIndex(), groups().count() == 0 ? -1 : 0);
 }
 
-void TestVariableDialog::variablesOnOffer()
+void TestVariableDialog::variablesInTheComboBox()
 {
     open(QT_MARVANE_ANY);
     QCOMPARE(itemsOf(&variables()), ALL_NAMES);
@@ -331,7 +331,7 @@ void TestVariableDialog::variablesOnOffer()
     QVERIFY(variables().isEnabled());
 }
 
-void TestVariableDialog::shownAnewItFillsItselfAnew()
+void TestVariableDialog::showingAgainFillsTheListsAgain()
 {
     open(QT_MARVANE_ANY, QStringLiteral("oil_temp"));
     pickByKeyboard(&groups(), 1);
@@ -419,7 +419,7 @@ void TestVariableDialog::memberOfTheCell()
 }
 
 // The members and units of the cell's text are looked up when the delegate sets the edit text.
-void TestVariableDialog::slotsAreSilentWhileItFillsItself()
+void TestVariableDialog::slotsAreNotCalledWhileTheListsAreFilled()
 {
     make(QT_MARVANE_ANY);
     dialog().setOrigVarName(QStringLiteral("speed_stat."));
@@ -433,7 +433,7 @@ void TestVariableDialog::slotsAreSilentWhileItFillsItself()
     QCOMPARE(dialog().defaultUnits(), QStringLiteral("RPM"));
 }
 
-void TestVariableDialog::keyboardGoesToTheVariable()
+void TestVariableDialog::variableComboBoxHasTheFocus()
 {
     open(QT_MARVANE_ANY, QStringLiteral("oil_temp"));
     QTRY_VERIFY(variables().lineEdit()->hasFocus());
@@ -484,7 +484,7 @@ void TestVariableDialog::pickedGroup()
     QVERIFY(variables().isEnabled());
 }
 
-void TestVariableDialog::firstGroupStandsForAll()
+void TestVariableDialog::firstGroupListsAllVariables()
 {
     open(QT_MARVANE_INTEGER);
     pickByKeyboard(&groups(), 1);
@@ -496,14 +496,14 @@ void TestVariableDialog::firstGroupStandsForAll()
     QCOMPARE(variables().maxVisibleItems(), 10);
 }
 
-void TestVariableDialog::entryThatIsNoGroupHasNoVariables_data()
+void TestVariableDialog::headingInTheGroupListHasNoVariables_data()
 {
     QTest::addColumn<Pick>("pick");
     QTest::newRow("by mouse") << Pick(pickByMouse);
     QTest::newRow("by keyboard") << Pick(pickByKeyboard);
 }
 
-void TestVariableDialog::entryThatIsNoGroupHasNoVariables()
+void TestVariableDialog::headingInTheGroupListHasNoVariables()
 {
     QFETCH(Pick, pick);
     open(QT_MARVANE_STRING | QT_MARVANE_LOGICAL, QStringLiteral("door_open"));
@@ -516,7 +516,7 @@ void TestVariableDialog::entryThatIsNoGroupHasNoVariables()
     QCOMPARE(itemsOf(&variables()), lines({"bay_clear", "door_open"}));
 }
 
-void TestVariableDialog::groupIsNotTyped()
+void TestVariableDialog::typingDoesNotChangeTheGroup()
 {
     open(QT_MARVANE_ANY, QStringLiteral("oil_temp"));
     QTest::keyClicks(groups().lineEdit(), QStringLiteral("Em"));
@@ -560,7 +560,7 @@ void TestVariableDialog::variableFormat()
     QTEST(variables().currentText(), "accepted");
 }
 
-void TestVariableDialog::longTextIsJudgedAtOnce()
+void TestVariableDialog::longTextIsValidatedQuickly()
 {
     open(QT_MARVANE_ANY);
     const QString name(30000, QLatin1Char('a'));
@@ -587,7 +587,7 @@ void TestVariableDialog::pickedVariable()
     QCOMPARE(itemsOf(&units()), lines({"RPM", "HZ", "RAD/S"}));
 }
 
-void TestVariableDialog::nameEndedByReturnIsSortedIn_data()
+void TestVariableDialog::returnInsertsTheNameInSortedOrder_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QStringList>("expected");
@@ -607,7 +607,7 @@ void TestVariableDialog::nameEndedByReturnIsSortedIn_data()
         << lines({"AIR_TEMP", "T_oil", "Zero_signal", "air_temp", "engine_speed", "oil_temp"});
 }
 
-void TestVariableDialog::nameEndedByReturnIsSortedIn()
+void TestVariableDialog::returnInsertsTheNameInSortedOrder()
 {
     QFETCH(QString, typed);
     open(QT_MARVANE_ANY);
@@ -653,7 +653,7 @@ const auto EMIS_MEMBERS_TOLD =
 
 }  // namespace
 
-void TestVariableDialog::membersOnOffer_data()
+void TestVariableDialog::membersInTheComboBox_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QStringList>("expected");
@@ -669,7 +669,7 @@ void TestVariableDialog::membersOnOffer_data()
     QTest::newRow("a name with a suffix has none") << "speed_stat:2" << QStringList() << 0;
 }
 
-void TestVariableDialog::membersOnOffer()
+void TestVariableDialog::membersInTheComboBox()
 {
     QFETCH(QString, typed);
     QFETCH(QStringList, expected);
@@ -745,7 +745,7 @@ void TestVariableDialog::emptyTextLeavesMembersAndUnits()
 
 // ---- Units -------------------------------------------------------------------------------------
 
-void TestVariableDialog::unitsOnOffer_data()
+void TestVariableDialog::unitsInTheComboBox_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QStringList>("expected");
@@ -756,7 +756,7 @@ void TestVariableDialog::unitsOnOffer_data()
     QTest::newRow("a structured variable") << "speed_stat." << lines({"RPM", "HZ", "RAD/S"});
 }
 
-void TestVariableDialog::unitsOnOffer()
+void TestVariableDialog::unitsInTheComboBox()
 {
     QFETCH(QString, typed);
     QFETCH(QStringList, expected);
@@ -778,7 +778,7 @@ void TestVariableDialog::unknownVariableKeepsTheUnitsOfTheLast()
     QCOMPARE(itemsOf(&units()), lines({"DEGC", "DEGF", "K"}));
 }
 
-void TestVariableDialog::onlyAFilterOfAllKindsHasUnits_data()
+void TestVariableDialog::onlyTheFilterOfAllKindsShowsUnits_data()
 {
     QTest::addColumn<int>("filter");
     QTest::addColumn<QString>("typed");
@@ -788,7 +788,7 @@ void TestVariableDialog::onlyAFilterOfAllKindsHasUnits_data()
     QTest::newRow("all kinds and channels") << 2047 << "oil_temp";
 }
 
-void TestVariableDialog::onlyAFilterOfAllKindsHasUnits()
+void TestVariableDialog::onlyTheFilterOfAllKindsShowsUnits()
 {
     QFETCH(int, filter);
     QFETCH(QString, typed);
@@ -850,7 +850,7 @@ void TestVariableDialog::unitsOfTheCellAreCutAtSixteenBytes()
 
 // ---- Fields of the platform without an end -----------------------------------------------------
 
-void TestVariableDialog::labelThatFillsItsField()
+void TestVariableDialog::labelWithoutATerminatingZero()
 {
     const QString label = QStringLiteral("x") + QString(79, QLatin1Char('y'));
     QVERIFY(m_platform->overwrite("AI_REAL_MEM", 64, label.toLatin1()));
@@ -870,7 +870,7 @@ void TestVariableDialog::replaceUnits(const QByteArray& units, const QByteArray&
         QVERIFY(m_platform->overwrite("directory", place++, by));
 }
 
-void TestVariableDialog::unitsThatFillTheirField()
+void TestVariableDialog::unitsWithoutATerminatingZero()
 {
     const QByteArray units16 = "ABCDEFGHIJKLMNOP";
     make(QT_MARVANE_ANY);
@@ -879,7 +879,7 @@ void TestVariableDialog::unitsThatFillTheirField()
     QCOMPARE(itemsOf(&units()), lines({"RPM", units16.constData(), "RAD/S"}));
 }
 
-void TestVariableDialog::ownUnitsThatFillTheirField()
+void TestVariableDialog::ownUnitsWithoutATerminatingZero()
 {
     const QByteArray units16 = "ABCDEFGHIJKLMNOP";
     make(QT_MARVANE_ANY);
@@ -899,7 +899,7 @@ void TestVariableDialog::ownUnitsAreTheSameInAnyCase()
     QCOMPARE(units().count(), 3);
 }
 
-void TestVariableDialog::namesOfTheListHaveNoData()
+void TestVariableDialog::indexOfSelectedVarNameUsesTheItemData()
 {
     open(QT_MARVANE_ANY, QStringLiteral("oil_temp"));
     QCOMPARE(dialog().indexOfSelectedVarName(), -1);

@@ -34,19 +34,19 @@ class TestVariableDialogEnd : public DialogTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void acceptedOnceWithItsFieldsIntact_data();
-    void acceptedOnceWithItsFieldsIntact();
-    void listenerThatHidesItsEditor();
+    void acceptedIsEmittedOnceWithTheFieldsStillSet_data();
+    void acceptedIsEmittedOnceWithTheFieldsStillSet();
+    void slotThatHidesTheDialog();
     void rejected_data();
     void rejected();
-    void hiddenAfterAcceptanceItTellsNoMore();
+    void hidingAfterAcceptanceEmitsNoSignal();
 
     void catalogueIsKeptForTheSameFilter();
     void catalogueIsReadAgainForAnotherFilter();
     void openDialogKeepsItsCatalogue();
 
-    void killedPlatform_data();
-    void killedPlatform();
+    void dialogWorksAfterThePlatformEnds_data();
+    void dialogWorksAfterThePlatformEnds();
     void anotherFilterWithoutAPlatformEndsTheProcess();
 
 private:
@@ -95,14 +95,14 @@ void TestVariableDialogEnd::end(Way way)
 
 // ---- Its end -----------------------------------------------------------------------------------
 
-void TestVariableDialogEnd::acceptedOnceWithItsFieldsIntact_data()
+void TestVariableDialogEnd::acceptedIsEmittedOnceWithTheFieldsStillSet_data()
 {
     QTest::addColumn<Way>("way");
     QTest::newRow("a click on Ok") << Way::OkByMouse;
     QTest::newRow("the blank on Ok") << Way::OkByKeyboard;
 }
 
-void TestVariableDialogEnd::acceptedOnceWithItsFieldsIntact()
+void TestVariableDialogEnd::acceptedIsEmittedOnceWithTheFieldsStillSet()
 {
     QFETCH(Way, way);
     make(QT_MARVANE_ANY, QStringLiteral("Literal"));
@@ -118,7 +118,7 @@ void TestVariableDialogEnd::acceptedOnceWithItsFieldsIntact()
 }
 
 // The view hides its editor within the signal.
-void TestVariableDialogEnd::listenerThatHidesItsEditor()
+void TestVariableDialogEnd::slotThatHidesTheDialog()
 {
     open(QT_MARVANE_ANY, QStringLiteral("oil_temp"));
     listen();
@@ -150,7 +150,7 @@ void TestVariableDialogEnd::rejected()
     QCOMPARE(dialog().result(), int{QDialog::Rejected});
 }
 
-void TestVariableDialogEnd::hiddenAfterAcceptanceItTellsNoMore()
+void TestVariableDialogEnd::hidingAfterAcceptanceEmitsNoSignal()
 {
     open(QT_MARVANE_ANY, QStringLiteral("oil_temp"));
     end(Way::OkByMouse);
@@ -216,14 +216,14 @@ void TestVariableDialogEnd::openDialogKeepsItsCatalogue()
 
 // ---- Without a platform ------------------------------------------------------------------------
 
-void TestVariableDialogEnd::killedPlatform_data()
+void TestVariableDialogEnd::dialogWorksAfterThePlatformEnds_data()
 {
     QTest::addColumn<bool>("killed");
     QTest::newRow("killed") << true;
     QTest::newRow("ended") << false;
 }
 
-void TestVariableDialogEnd::killedPlatform()
+void TestVariableDialogEnd::dialogWorksAfterThePlatformEnds()
 {
     QFETCH(bool, killed);
     open(QT_MARVANE_ANY, QStringLiteral("speed_stat.MX"));

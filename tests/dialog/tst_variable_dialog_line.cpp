@@ -20,15 +20,15 @@ private Q_SLOTS:
     void shownWithItsLabel();
     void accepts_data();
     void accepts();
-    void markFollowsEachKey();
-    void refusesNoKeystroke();
-    void textOfTheProgramIsNotTheUsers();
-    void pastedLines();
-    void keyboardGoesToTheLineThatHoldsTheValue();
+    void errorMarkFollowsEachKeystroke();
+    void everyKeystrokeIsAccepted();
+    void textSetByTheProgramIsNotValidated();
+    void pastedLineBreaks();
+    void fieldWithTheValueHasTheFocus();
     void cellThatWasRemoved();
     void withoutACell();
-    void longTextIsJudgedAtOnce_data();
-    void longTextIsJudgedAtOnce();
+    void longTextIsValidatedQuickly_data();
+    void longTextIsValidatedQuickly();
 
 private:
     QModelIndex cell() const { return m_model->index(0, 1); }
@@ -144,7 +144,7 @@ void TestVariableDialogLine::accepts()
     QCOMPARE(dialog().optionalText(), text);
 }
 
-void TestVariableDialogLine::markFollowsEachKey()
+void TestVariableDialogLine::errorMarkFollowsEachKeystroke()
 {
     make(QT_MARVANE_ANY, QStringLiteral("Interval"), cell());
     show();
@@ -159,7 +159,7 @@ void TestVariableDialogLine::markFollowsEachKey()
     QCOMPARE(dialog().optionalText(), QStringLiteral("5[sec]"));
 }
 
-void TestVariableDialogLine::refusesNoKeystroke()
+void TestVariableDialogLine::everyKeystrokeIsAccepted()
 {
     make(QT_MARVANE_ANY, QStringLiteral("Path"), cell());
     show();
@@ -168,7 +168,7 @@ void TestVariableDialogLine::refusesNoKeystroke()
     QVERIFY(dialog().lineEdit()->validator() == nullptr);
 }
 
-void TestVariableDialogLine::textOfTheProgramIsNotTheUsers()
+void TestVariableDialogLine::textSetByTheProgramIsNotValidated()
 {
     make(QT_MARVANE_ANY, QStringLiteral("Path"), cell());
     dialog().lineEdit()->setText(QStringLiteral("no path"));
@@ -177,7 +177,7 @@ void TestVariableDialogLine::textOfTheProgramIsNotTheUsers()
     QCOMPARE(code(), QVariant(int{DE_NOERROR}));
 }
 
-void TestVariableDialogLine::pastedLines()
+void TestVariableDialogLine::pastedLineBreaks()
 {
     make(QT_MARVANE_ANY, QStringLiteral("Path"), cell());
     show();
@@ -188,7 +188,7 @@ void TestVariableDialogLine::pastedLines()
     QCOMPARE(dialog().optionalText(), dialog().lineEdit()->text());
 }
 
-void TestVariableDialogLine::keyboardGoesToTheLineThatHoldsTheValue()
+void TestVariableDialogLine::fieldWithTheValueHasTheFocus()
 {
     make(QT_MARVANE_ANY, QStringLiteral("Path"), cell());
     dialog().setOptionalText(QStringLiteral("/data"));
@@ -220,7 +220,7 @@ void TestVariableDialogLine::withoutACell()
     QCOMPARE(code(), QVariant(int{DE_NOERROR}));
 }
 
-void TestVariableDialogLine::longTextIsJudgedAtOnce_data()
+void TestVariableDialogLine::longTextIsValidatedQuickly_data()
 {
     QTest::addColumn<QString>("label");
     QTest::addColumn<QString>("text");
@@ -229,7 +229,7 @@ void TestVariableDialogLine::longTextIsJudgedAtOnce_data()
     QTest::newRow("an interval") << "Interval" << QString(30000, QLatin1Char('1'));
 }
 
-void TestVariableDialogLine::longTextIsJudgedAtOnce()
+void TestVariableDialogLine::longTextIsValidatedQuickly()
 {
     QFETCH(QString, label);
     QFETCH(QString, text);

@@ -10,12 +10,12 @@ class TestBaseTreeEditor : public QObject {
 private Q_SLOTS:
     void startsWithoutANode();
     void holdsANode();
-    void nodeTravelsInAVariant();
+    void nodeIsStoredInAVariant();
     void belongsToItsParent();
     void size();
-    void paintsItsBackgroundAlone();
-    void releaseOfTheMouseEndsTheEdit_data();
-    void releaseOfTheMouseEndsTheEdit();
+    void paintsOnlyItsBackground();
+    void mouseReleaseEndsTheEdit_data();
+    void mouseReleaseEndsTheEdit();
     void mouseMovesDoNothing();
 };
 
@@ -37,7 +37,7 @@ void TestBaseTreeEditor::holdsANode()
     QVERIFY(editor.baseTree() == nullptr);
 }
 
-void TestBaseTreeEditor::nodeTravelsInAVariant()
+void TestBaseTreeEditor::nodeIsStoredInAVariant()
 {
     ANTLR3_BASE_TREE node{};
     QCOMPARE(QVariant::fromValue(&node).value<pANTLR3_BASE_TREE>(), &node);
@@ -57,7 +57,7 @@ void TestBaseTreeEditor::size()
     QCOMPARE(editor.sizeHint(), QSize(15, 20));
 }
 
-void TestBaseTreeEditor::paintsItsBackgroundAlone()
+void TestBaseTreeEditor::paintsOnlyItsBackground()
 {
     Antlr3_BaseTreeEditor editor(nullptr);
     editor.resize(editor.sizeHint());
@@ -70,7 +70,7 @@ void TestBaseTreeEditor::paintsItsBackgroundAlone()
     QCOMPARE(shown, green);
 }
 
-void TestBaseTreeEditor::releaseOfTheMouseEndsTheEdit_data()
+void TestBaseTreeEditor::mouseReleaseEndsTheEdit_data()
 {
     QTest::addColumn<int>("button");
     QTest::newRow("of the left button") << int{Qt::LeftButton};
@@ -78,7 +78,7 @@ void TestBaseTreeEditor::releaseOfTheMouseEndsTheEdit_data()
     QTest::newRow("of the middle button") << int{Qt::MiddleButton};
 }
 
-void TestBaseTreeEditor::releaseOfTheMouseEndsTheEdit()
+void TestBaseTreeEditor::mouseReleaseEndsTheEdit()
 {
     QFETCH(int, button);
     Antlr3_BaseTreeEditor editor(nullptr);

@@ -65,8 +65,8 @@ private Q_SLOTS:
     void init() { QVERIFY(start(fullCatalogue())); }
     void cleanup() { m_platform.reset(); }
 
-    void labelThatFillsItsField_data();
-    void labelThatFillsItsField();
+    void labelWithoutATerminatingZero_data();
+    void labelWithoutATerminatingZero();
     void labelOfAnyBytes_data();
     void labelOfAnyBytes();
     void labelOfTwoGroups();
@@ -76,7 +76,7 @@ private Q_SLOTS:
     void countOfZero();
     void shortArea_data();
     void shortArea();
-    void areasOfNoise();
+    void areasFilledWithGarbage();
 
     void leavesArraysAlone();
     void looksAtOnePageOfAnArrayNotInUse();
@@ -91,12 +91,12 @@ private:
     std::unique_ptr<LivePlatform> m_platform;
 };
 
-void TestCatalogueDistrust::labelThatFillsItsField_data()
+void TestCatalogueDistrust::labelWithoutATerminatingZero_data()
 {
     addRowForEachGroup();
 }
 
-void TestCatalogueDistrust::labelThatFillsItsField()
+void TestCatalogueDistrust::labelWithoutATerminatingZero()
 {
     QFETCH(GroupFacts, group);
     QVERIFY(m_platform->overwrite(group.area, firstLabelAt(group), QByteArray(80, 'x') + "yyyy"));
@@ -228,7 +228,7 @@ void TestCatalogueDistrust::shortArea()
 }
 
 // All records are active then, and no label has a terminating zero.
-void TestCatalogueDistrust::areasOfNoise()
+void TestCatalogueDistrust::areasFilledWithGarbage()
 {
     QVERIFY(start(
         catalogueWithout({QStringLiteral("REAL_ARRAY_MEM"), QStringLiteral("INT_ARRAY_MEM"),

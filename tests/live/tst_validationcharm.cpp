@@ -58,39 +58,39 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void leavesItsStateOnTheLineEdit();
+    void setsPropertiesOfTheLineEdit();
     void hasNoParent();
-    void activationJudgesNothing_data();
-    void activationJudgesNothing();
-    void textSetByTheProgramIsNotJudged();
+    void activationDoesNotValidate_data();
+    void activationDoesNotValidate();
+    void textSetByTheProgramIsNotValidated();
 
-    void judgesWhatIsTyped_data();
-    void judgesWhatIsTyped();
-    void judgesAtEachKeystroke();
-    void judgesDeletions();
-    void judgesByARealFormat();
-    void refusesNoKeystroke();
-    void keepsTheLatestGoodText();
+    void typedTextIsValidated_data();
+    void typedTextIsValidated();
+    void validatesAtEachKeystroke();
+    void validatesDeletions();
+    void validatesWithAFormatOfTheProgram();
+    void everyKeystrokeIsAccepted();
+    void storesTheLastValidText();
 
     void pastedLineBreaks_data();
     void pastedLineBreaks();
-    void nextKeystrokeAfterAPasteIsJudgedAnew();
+    void keystrokeAfterAPasteIsValidated();
     void takesTheTextFromTheValidator();
 
-    void changesNothingButTheCode();
-    void tellsTheViews();
-    void nextPassJudgesAnew();
+    void changesOnlyTheErrorCode();
+    void emitsDataChanged();
+    void nextValidationOverwritesTheCode();
 
     void servesSeveralLineEdits();
-    void activatedAnewItServesAnotherCell();
+    void activatedAgainForAnotherCell();
     void followsItsCell();
-    void cellThatWasRemoved();
-    void modelThatIsGone();
+    void removedCell();
+    void deletedModel();
     void modelOfAnotherKind();
-    void charmThatIsGone();
+    void deletedCharm();
     void deactivated();
     void deactivatedAndActivatedAnew();
-    void senderThatIsNoLineEdit();
+    void senderThatIsNotALineEdit();
     void withoutASender();
 
 private:
@@ -140,7 +140,7 @@ QList<int> TestValidationCharm::codes() const
 
 // ---- Activation --------------------------------------------------------------------------------
 
-void TestValidationCharm::leavesItsStateOnTheLineEdit()
+void TestValidationCharm::setsPropertiesOfTheLineEdit()
 {
     m_lineEdit->setText(QStringLiteral("before"));
     activate("[a-z]*");
@@ -162,7 +162,7 @@ void TestValidationCharm::hasNoParent()
     QVERIFY(m_lineEdit->validator() == nullptr);
 }
 
-void TestValidationCharm::activationJudgesNothing_data()
+void TestValidationCharm::activationDoesNotValidate_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QVariant>("code");
@@ -175,7 +175,7 @@ void TestValidationCharm::activationJudgesNothing_data()
         << QStringLiteral("abc") << QVariant();
 }
 
-void TestValidationCharm::activationJudgesNothing()
+void TestValidationCharm::activationDoesNotValidate()
 {
     QFETCH(QString, text);
     QFETCH(QVariant, code);
@@ -188,7 +188,7 @@ void TestValidationCharm::activationJudgesNothing()
     QCOMPARE(m_lineEdit->text(), text);
 }
 
-void TestValidationCharm::textSetByTheProgramIsNotJudged()
+void TestValidationCharm::textSetByTheProgramIsNotValidated()
 {
     m_model->setErrorCode(cell(), int{DE_DUPLICATE_ERR});
     activate("[a-z]{3}");
@@ -200,7 +200,7 @@ void TestValidationCharm::textSetByTheProgramIsNotJudged()
 
 // ---- Typing ------------------------------------------------------------------------------------
 
-void TestValidationCharm::judgesWhatIsTyped_data()
+void TestValidationCharm::typedTextIsValidated_data()
 {
     QTest::addColumn<QString>("pattern");
     QTest::addColumn<QString>("text");
@@ -216,7 +216,7 @@ void TestValidationCharm::judgesWhatIsTyped_data()
         << QStringLiteral(" [a-z] ") << QStringLiteral(" a ") << 0;
 }
 
-void TestValidationCharm::judgesWhatIsTyped()
+void TestValidationCharm::typedTextIsValidated()
 {
     QFETCH(QString, pattern);
     QFETCH(QString, text);
@@ -229,7 +229,7 @@ void TestValidationCharm::judgesWhatIsTyped()
     QCOMPARE(codes().mid(1), QList<int>({0, 0}));
 }
 
-void TestValidationCharm::judgesAtEachKeystroke()
+void TestValidationCharm::validatesAtEachKeystroke()
 {
     activate("[a-z]{3}");
     QList<int> seen;
@@ -242,7 +242,7 @@ void TestValidationCharm::judgesAtEachKeystroke()
     QCOMPARE(seen, QList<int>({1, 1, 0, 1, 0}));
 }
 
-void TestValidationCharm::judgesDeletions()
+void TestValidationCharm::validatesDeletions()
 {
     m_lineEdit->setText(QStringLiteral("abc"));
     activate("[a-z]{3}");
@@ -255,7 +255,7 @@ void TestValidationCharm::judgesDeletions()
     QCOMPARE(code(), QVariant(0));
 }
 
-void TestValidationCharm::judgesByARealFormat()
+void TestValidationCharm::validatesWithAFormatOfTheProgram()
 {
     activate(ValidatorPatterns[VarName_VF]);
     typeInto(m_lineEdit.get(), "eng_speed");
@@ -264,7 +264,7 @@ void TestValidationCharm::judgesByARealFormat()
     QCOMPARE(code(), QVariant(1));
 }
 
-void TestValidationCharm::refusesNoKeystroke()
+void TestValidationCharm::everyKeystrokeIsAccepted()
 {
     activate("[a-z]{3}");
     typeInto(m_lineEdit.get(), "1 !abcdef");
@@ -273,7 +273,7 @@ void TestValidationCharm::refusesNoKeystroke()
 }
 
 // Invalid texts do not change it, and the charm never restores it.
-void TestValidationCharm::keepsTheLatestGoodText()
+void TestValidationCharm::storesTheLastValidText()
 {
     m_lineEdit->setText(QStringLiteral("a"));
     activate("[a-z]{2,3}");
@@ -323,7 +323,7 @@ void TestValidationCharm::pastedLineBreaks()
     QCOMPARE(spy.size(), 1);
 }
 
-void TestValidationCharm::nextKeystrokeAfterAPasteIsJudgedAnew()
+void TestValidationCharm::keystrokeAfterAPasteIsValidated()
 {
     activate("[a-z]{3}");
     pasteInto(m_lineEdit.get(), QStringLiteral("a\nb"));
@@ -344,7 +344,7 @@ void TestValidationCharm::takesTheTextFromTheValidator()
 
 // ---- The cell ----------------------------------------------------------------------------------
 
-void TestValidationCharm::changesNothingButTheCode()
+void TestValidationCharm::changesOnlyTheErrorCode()
 {
     const QStringList rows = rowLines(*m_model);
     const QSignalSpy dataChanged(m_model.get(), &QAbstractItemModel::dataChanged);
@@ -359,7 +359,7 @@ void TestValidationCharm::changesNothingButTheCode()
     QCOMPARE(m_model->getErrorCount(), 0);
 }
 
-void TestValidationCharm::tellsTheViews()
+void TestValidationCharm::emitsDataChanged()
 {
     activate("[a-z]{3}");
     const QSignalSpy spy(m_model.get(), &TreeModel::codesChanged);
@@ -373,7 +373,7 @@ void TestValidationCharm::tellsTheViews()
     QCOMPARE(spy.size(), 3);
 }
 
-void TestValidationCharm::nextPassJudgesAnew()
+void TestValidationCharm::nextValidationOverwritesTheCode()
 {
     activate("[0-9]");
     typeInto(m_lineEdit.get(), "x");
@@ -403,7 +403,7 @@ void TestValidationCharm::servesSeveralLineEdits()
     QCOMPARE(other.property("previousText"), QVariant(QStringLiteral("1")));
 }
 
-void TestValidationCharm::activatedAnewItServesAnotherCell()
+void TestValidationCharm::activatedAgainForAnotherCell()
 {
     activate("[a-z]");
     const QRegExpValidator digits(expression("[0-9]"));
@@ -426,7 +426,7 @@ void TestValidationCharm::followsItsCell()
     QCOMPARE(codes(), QList<int>({0, 0, 0, 0}));
 }
 
-void TestValidationCharm::cellThatWasRemoved()
+void TestValidationCharm::removedCell()
 {
     activate("[a-z]");
     QVERIFY(m_model->removeRows(0, 1));
@@ -437,7 +437,7 @@ void TestValidationCharm::cellThatWasRemoved()
     QCOMPARE(spy.size(), 0);
 }
 
-void TestValidationCharm::modelThatIsGone()
+void TestValidationCharm::deletedModel()
 {
     activate("[a-z]");
     m_model.reset();
@@ -454,7 +454,7 @@ void TestValidationCharm::modelOfAnotherKind()
     QCOMPARE(m_lineEdit->text(), QStringLiteral("1"));
 }
 
-void TestValidationCharm::charmThatIsGone()
+void TestValidationCharm::deletedCharm()
 {
     activate("[a-z]");
     m_charm.reset();
@@ -490,7 +490,7 @@ void TestValidationCharm::deactivatedAndActivatedAnew()
 }
 
 // It has all the properties of a line edit.
-void TestValidationCharm::senderThatIsNoLineEdit()
+void TestValidationCharm::senderThatIsNotALineEdit()
 {
     activate("[a-z]");
     QComboBox sender;

@@ -104,7 +104,7 @@ private Q_SLOTS:
     void cleanup();
 
     void filterValues();
-    void testCatalogueHasNoTwoOfALabel();
+    void labelsOfTheTestCatalogueAreUnique();
 
     void listsGroup_data();
     void listsGroup();
@@ -112,11 +112,11 @@ private Q_SLOTS:
     void listsByVariable();
     void filters_data();
     void filters();
-    void stringsAlone();
-    void endsAtTheCount_data();
-    void endsAtTheCount();
-    void endsAtTheFixedLength_data();
-    void endsAtTheFixedLength();
+    void groupsOfStringVariables();
+    void readsOnlyAsManyRecordsAsCounted_data();
+    void readsOnlyAsManyRecordsAsCounted();
+    void readsNotBeyondTheFixedLength_data();
+    void readsNotBeyondTheFixedLength();
 
     void channelsByNumber();
     void channelsByVariable();
@@ -125,10 +125,10 @@ private Q_SLOTS:
     void channelsAreListedByNumberAloneOnly();
 
     void groupWithoutAVariableInUse();
-    void anyNonzeroMarksAVariableInUse_data();
-    void anyNonzeroMarksAVariableInUse();
+    void anyNonzeroValueMarksAVariableAsUsed_data();
+    void anyNonzeroValueMarksAVariableAsUsed();
     void aliasesFollowAllLabelsInTableOrder();
-    void aliasIsNoNameInTheFlatForm();
+    void aliasesAreNotListedInTheFlatForm();
     void manyVariables();
 
     void missingArea_data();
@@ -141,17 +141,17 @@ private Q_SLOTS:
     void keepsWhatWasAttached();
     void keepsGeneralUseAreasWithoutTheReals();
 
-    void emptiesItsTargetFirst();
+    void clearsTheTargetMapFirst();
     void isASnapshot();
     void outlivesThePlatform();
     void isAChildOfItsParent();
 
-    void platformThatNeverRan();
-    void platformThatWentAway_data();
-    void platformThatWentAway();
+    void platformNotRunning();
+    void platformEnded_data();
+    void platformEnded();
 
     void rebuiltCatalogueIsTheCurrentOne();
-    void olderCatalogueLivesOnWhileItIsShown();
+    void olderCatalogueIsKeptWhileItIsShown();
 
 private:
     bool restart(const QByteArray& catalogue);
@@ -196,7 +196,7 @@ void TestVariableCatalogue::filterValues()
     QCOMPARE(int(QT_MARVANE_LOGICAL | QT_MARVANE_STAT), 17);
 }
 
-void TestVariableCatalogue::testCatalogueHasNoTwoOfALabel()
+void TestVariableCatalogue::labelsOfTheTestCatalogueAreUnique()
 {
     QCOMPARE(groups().size(), 33);
     QCOMPARE(areas().size(), 24);
@@ -269,7 +269,7 @@ void TestVariableCatalogue::filters()
     QCOMPARE(byVariable(filter), groupsByVariable(conditions));
 }
 
-void TestVariableCatalogue::stringsAlone()
+void TestVariableCatalogue::groupsOfStringVariables()
 {
     QCOMPARE(byGroup(QT_MARVANE_STRING).keys(),
              QStringList(
@@ -278,13 +278,13 @@ void TestVariableCatalogue::stringsAlone()
                   QStringLiteral("General Use (string)"), QStringLiteral("String (array)")}));
 }
 
-void TestVariableCatalogue::endsAtTheCount_data()
+void TestVariableCatalogue::readsOnlyAsManyRecordsAsCounted_data()
 {
     addRowForEachGroupOf(true);
 }
 
 // Records behind the count are not listed, whatever the other counts are.
-void TestVariableCatalogue::endsAtTheCount()
+void TestVariableCatalogue::readsOnlyAsManyRecordsAsCounted()
 {
     QFETCH(GroupFacts, group);
     const QString name = QString::fromLatin1(group.name);
@@ -299,13 +299,13 @@ void TestVariableCatalogue::endsAtTheCount()
     }
 }
 
-void TestVariableCatalogue::endsAtTheFixedLength_data()
+void TestVariableCatalogue::readsNotBeyondTheFixedLength_data()
 {
     addRowForEachGroupOf(false);
 }
 
 // An active record behind the last one belongs to another table or to none.
-void TestVariableCatalogue::endsAtTheFixedLength()
+void TestVariableCatalogue::readsNotBeyondTheFixedLength()
 {
     QFETCH(GroupFacts, group);
     const RecordFacts& record = recordOf(group);
@@ -398,7 +398,7 @@ void TestVariableCatalogue::groupWithoutAVariableInUse()
     QVERIFY(!byVariable(QT_MARVANE_ANY).values().contains(QString::fromLatin1(group.name)));
 }
 
-void TestVariableCatalogue::anyNonzeroMarksAVariableInUse_data()
+void TestVariableCatalogue::anyNonzeroValueMarksAVariableAsUsed_data()
 {
     QTest::addColumn<short>("active");
     QTest::newRow("the least") << short{-32768};
@@ -407,7 +407,7 @@ void TestVariableCatalogue::anyNonzeroMarksAVariableInUse_data()
     QTest::newRow("the most") << short{32767};
 }
 
-void TestVariableCatalogue::anyNonzeroMarksAVariableInUse()
+void TestVariableCatalogue::anyNonzeroValueMarksAVariableAsUsed()
 {
     QFETCH(short, active);
     for (const GroupFacts& group : groups())
@@ -426,7 +426,7 @@ void TestVariableCatalogue::aliasesFollowAllLabelsInTableOrder()
         QStringLiteral("z b a last fourth first"));
 }
 
-void TestVariableCatalogue::aliasIsNoNameInTheFlatForm()
+void TestVariableCatalogue::aliasesAreNotListedInTheFlatForm()
 {
     for (const QString& variable : byVariable(QT_MARVANE_ANY).keys())
         QVERIFY2(!variable.startsWith(QStringLiteral("alias")), qPrintable(variable));
@@ -533,7 +533,7 @@ void TestVariableCatalogue::keepsGeneralUseAreasWithoutTheReals()
 
 // ---- Target ------------------------------------------------------------------------------------
 
-void TestVariableCatalogue::emptiesItsTargetFirst()
+void TestVariableCatalogue::clearsTheTargetMapFirst()
 {
     VariablesByGroup lists{{QStringLiteral("old"), {QStringLiteral("x")}}};
     const VariableMapList byGroups(&lists, QT_MARVANE_LOGICAL, nullptr);
@@ -573,7 +573,7 @@ void TestVariableCatalogue::isAChildOfItsParent()
 
 // ---- Without a platform ------------------------------------------------------------------------
 
-void TestVariableCatalogue::platformThatNeverRan()
+void TestVariableCatalogue::platformNotRunning()
 {
     m_platform.reset();
     CatalogueClient client;
@@ -584,14 +584,14 @@ void TestVariableCatalogue::platformThatNeverRan()
     QCOMPARE(client.complaints(), QByteArray());
 }
 
-void TestVariableCatalogue::platformThatWentAway_data()
+void TestVariableCatalogue::platformEnded_data()
 {
     QTest::addColumn<bool>("killed");
     QTest::newRow("told to end") << false;
     QTest::newRow("killed") << true;
 }
 
-void TestVariableCatalogue::platformThatWentAway()
+void TestVariableCatalogue::platformEnded()
 {
     QFETCH(bool, killed);
     CatalogueClient client;
@@ -617,7 +617,7 @@ void TestVariableCatalogue::rebuiltCatalogueIsTheCurrentOne()
     QCOMPARE(*Master_variables, variablesByGroup(ALL_CONDITIONS));
 }
 
-void TestVariableCatalogue::olderCatalogueLivesOnWhileItIsShown()
+void TestVariableCatalogue::olderCatalogueIsKeptWhileItIsShown()
 {
     rebuildMasterVariables(QT_MARVANE_STRING);
     const auto shown = Master_variables;
