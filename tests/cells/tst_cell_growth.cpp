@@ -65,15 +65,15 @@ class tst_CellGrowth : public WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void objectsThatNobodyOwnsCount();
-    void editsLeaveNothing_data();
-    void editsLeaveNothing();
+    void objectsWithoutAParentAreCounted();
+    void editsLeaveNoObjects_data();
+    void editsLeaveNoObjects();
 
 private:
     void edit(int tab, int column, const QString& text);
 };
 
-void tst_CellGrowth::objectsThatNobodyOwnsCount()
+void tst_CellGrowth::objectsWithoutAParentAreCounted()
 {
     const LivingObjects living;
     const int before = living.number();
@@ -83,7 +83,7 @@ void tst_CellGrowth::objectsThatNobodyOwnsCount()
     QCOMPARE(living.number(), before);
 }
 
-void tst_CellGrowth::editsLeaveNothing_data()
+void tst_CellGrowth::editsLeaveNoObjects_data()
 {
     QTest::addColumn<int>("tab");
     QTest::addColumn<int>("column");
@@ -120,7 +120,7 @@ void tst_CellGrowth::edit(int tab, int column, const QString& text)
     deleteWhatHasEnded();
 }
 
-void tst_CellGrowth::editsLeaveNothing()
+void tst_CellGrowth::editsLeaveNoObjects()
 {
     QFETCH(int, tab);
     QFETCH(int, column);

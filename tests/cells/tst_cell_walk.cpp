@@ -179,8 +179,8 @@ class tst_CellWalk : public EditingTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void walk_data();
-    void walk();
+    void editEachKindOfCell_data();
+    void editEachKindOfCell();
 
 private:
     static void addKeywordRows();
@@ -203,7 +203,7 @@ private:
 
 // ---- The kinds of cells ------------------------------------------------------------------------
 
-void tst_CellWalk::walk_data()
+void tst_CellWalk::editEachKindOfCell_data()
 {
     QTest::addColumn<RowKind>("row");
     QTest::addColumn<CellKind>("cell");
@@ -503,7 +503,7 @@ QVector<QStringList> tst_CellWalk::rowsOf(int tab) const
     return rows;
 }
 
-void tst_CellWalk::walk()
+void tst_CellWalk::editEachKindOfCell()
 {
     QFETCH(RowKind, row);
     QFETCH(CellKind, cell);

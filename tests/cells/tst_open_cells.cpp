@@ -14,9 +14,9 @@ class tst_OpenCells : public WindowTest {
 private Q_SLOTS:
     void undoWhileAnEditorIsOpen();
     void redoOfARemovalWhileAnEditorIsOpen();
-    void rowGoesUnderADialog();
-    void documentGoesUnderADialog_data();
-    void documentGoesUnderADialog();
+    void rowRemovedWhileADialogIsOpen();
+    void loadWhileADialogIsOpen_data();
+    void loadWhileADialogIsOpen();
 
 private:
     void load(const QByteArray& statements);
@@ -81,7 +81,7 @@ void tst_OpenCells::redoOfARemovalWhileAnEditorIsOpen()
     QCOMPARE(text(1, 1), QStringLiteral("event"));
 }
 
-void tst_OpenCells::rowGoesUnderADialog()
+void tst_OpenCells::rowRemovedWhileADialogIsOpen()
 {
     load("@ENABLE\nsome_logical\n\n@STOP_EVENT\nother");
     open(1, 1);
@@ -95,14 +95,14 @@ void tst_OpenCells::rowGoesUnderADialog()
     QCOMPARE(text(1, 1), QStringLiteral("some_logical"));
 }
 
-void tst_OpenCells::documentGoesUnderADialog_data()
+void tst_OpenCells::loadWhileADialogIsOpen_data()
 {
     QTest::addColumn<QByteArray>("next");
     QTest::newRow("for another") << goodSpec();
     QTest::newRow("for one that is refused") << badSpec();
 }
 
-void tst_OpenCells::documentGoesUnderADialog()
+void tst_OpenCells::loadWhileADialogIsOpen()
 {
     QFETCH(QByteArray, next);
     load("@ENABLE\nsome_logical");

@@ -61,21 +61,21 @@ private Q_SLOTS:
     void init();
     void cleanupTestCase();
 
-    void loadIsWholeOrNone_data();
-    void loadIsWholeOrNone();
-    void loadAtTheStartIsWholeOrNone_data();
-    void loadAtTheStartIsWholeOrNone();
+    void loadIsCompleteOrFails_data();
+    void loadIsCompleteOrFails();
+    void loadAtTheStartIsCompleteOrFails_data();
+    void loadAtTheStartIsCompleteOrFails();
     void saveKeepsTheDocument_data();
     void saveKeepsTheDocument();
     void fullDiskKeepsTheDocument();
-    void copyIsWholeOrOld_data();
-    void copyIsWholeOrOld();
-    void saveGoesOnWithoutACopy_data();
-    void saveGoesOnWithoutACopy();
+    void recoveryCopyIsNewOrOld_data();
+    void recoveryCopyIsNewOrOld();
+    void saveWorksWithoutARecoveryCopy_data();
+    void saveWorksWithoutARecoveryCopy();
 
-    void saveFileIsWholeOrOld_data();
-    void saveFileIsWholeOrOld();
-    void diskOfAFixedSize();
+    void qSaveFileLeavesTheNewOrTheOldFile_data();
+    void qSaveFileLeavesTheNewOrTheOldFile();
+    void simulatedDiskSizeIsRespected();
 
 private:
     // Repeats `deed`. Each time, the next file call below the prefix fails, and then `rule` checks
@@ -238,7 +238,7 @@ void tst_FileFaults::forEachCall(const FileFault& fault, const QString& prefix, 
 
 // ---- Loading -----------------------------------------------------------------------------------
 
-void tst_FileFaults::loadIsWholeOrNone_data()
+void tst_FileFaults::loadIsCompleteOrFails_data()
 {
     addFaults({{"open", {FileCall::Open, EACCES, false}},
                {"read", {FileCall::Read, EIO, false}},
@@ -246,7 +246,7 @@ void tst_FileFaults::loadIsWholeOrNone_data()
                {"close", {FileCall::Close, EIO, false}}});
 }
 
-void tst_FileFaults::loadIsWholeOrNone()
+void tst_FileFaults::loadIsCompleteOrFails()
 {
     QFETCH(FileFault, fault);
     forEachCall(
@@ -272,7 +272,7 @@ void tst_FileFaults::checkLoad(const FileFault& fault)
 }
 
 // Only a few, since each one starts the program.
-void tst_FileFaults::loadAtTheStartIsWholeOrNone_data()
+void tst_FileFaults::loadAtTheStartIsCompleteOrFails_data()
 {
     QTest::addColumn<FileFault>("fault");
     QTest::newRow("the nth open") << FileFault{FileCall::Open, EACCES, true};
@@ -281,7 +281,7 @@ void tst_FileFaults::loadAtTheStartIsWholeOrNone_data()
 }
 
 // The file is given on the command line, so there is no document before it.
-void tst_FileFaults::loadAtTheStartIsWholeOrNone()
+void tst_FileFaults::loadAtTheStartIsCompleteOrFails()
 {
     QFETCH(FileFault, fault);
     const auto startAnew = [this] {
@@ -351,7 +351,7 @@ void tst_FileFaults::fullDiskKeepsTheDocument()
 
 // ---- The recovery copy -------------------------------------------------------------------------
 
-void tst_FileFaults::copyIsWholeOrOld_data()
+void tst_FileFaults::recoveryCopyIsNewOrOld_data()
 {
     addFaults({{"open", {FileCall::Open, EACCES, false}},
                {"write", {FileCall::Write, EIO, false}},
@@ -363,7 +363,7 @@ void tst_FileFaults::copyIsWholeOrOld_data()
 
 // The recovery copy of a second edit replaces that of the first one, or the status bar reports the
 // failure.
-void tst_FileFaults::copyIsWholeOrOld()
+void tst_FileFaults::recoveryCopyIsNewOrOld()
 {
     QFETCH(FileFault, fault);
     QByteArray before;
@@ -389,12 +389,12 @@ void tst_FileFaults::copyIsWholeOrOld()
     leaveAsSaved();
 }
 
-void tst_FileFaults::saveGoesOnWithoutACopy_data()
+void tst_FileFaults::saveWorksWithoutARecoveryCopy_data()
 {
-    copyIsWholeOrOld_data();
+    recoveryCopyIsNewOrOld_data();
 }
 
-void tst_FileFaults::saveGoesOnWithoutACopy()
+void tst_FileFaults::saveWorksWithoutARecoveryCopy()
 {
     QFETCH(FileFault, fault);
     forEachCall(
@@ -417,7 +417,7 @@ void tst_FileFaults::leaveAsSaved()
 // ---- The preloaded library ---------------------------------------------------------------------
 
 // A check of the tests themselves: QSaveFile leaves the old file or the new one, and reports which.
-void tst_FileFaults::saveFileIsWholeOrOld_data()
+void tst_FileFaults::qSaveFileLeavesTheNewOrTheOldFile_data()
 {
     addFaults({{"open", {FileCall::Open, EACCES, false}},
                {"write", {FileCall::Write, EIO, false}},
@@ -426,7 +426,7 @@ void tst_FileFaults::saveFileIsWholeOrOld_data()
                {"rename", {FileCall::Rename, EPERM, false}}});
 }
 
-void tst_FileFaults::saveFileIsWholeOrOld()
+void tst_FileFaults::qSaveFileLeavesTheNewOrTheOldFile()
 {
     QFETCH(FileFault, fault);
     QVERIFY(QDir().mkpath(REPLACED_FOLDER));
@@ -447,7 +447,7 @@ void tst_FileFaults::saveFileIsWholeOrOld()
 }
 
 // For tests that need a small disk where none can be mounted.
-void tst_FileFaults::diskOfAFixedSize()
+void tst_FileFaults::simulatedDiskSizeIsRespected()
 {
     QVERIFY(QDir().mkpath(SMALL_DISK));
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -71,18 +71,18 @@ private Q_SLOTS:
     void showsArrows();
     void colours_data();
     void colours();
-    void tellsByToolTip_data();
-    void tellsByToolTip();
-    void tellsOfEveryCode_data();
-    void tellsOfEveryCode();
-    void tellsAndShowsArrowsByTheModelsName_data();
-    void tellsAndShowsArrowsByTheModelsName();
-    void modelOfAnotherNameHasNoTipsAndArrows_data();
-    void modelOfAnotherNameHasNoTipsAndArrows();
-    void remembersTextsThatHaveNoHelp();
-    void saysNothingWhileLoading();
-    void hasNoFontOfItsOwn();
-    void knowsNoCodeBeforeTheFirstPass();
+    void toolTips_data();
+    void toolTips();
+    void toolTipOfEveryErrorCode_data();
+    void toolTipOfEveryErrorCode();
+    void toolTipsAndArrowsDependOnTheModelsName_data();
+    void toolTipsAndArrowsDependOnTheModelsName();
+    void modelWithAnotherNameHasNoToolTipsAndArrows_data();
+    void modelWithAnotherNameHasNoToolTipsAndArrows();
+    void missingToolTipsAreCached();
+    void noToolTipsWhileLoading();
+    void fontBackgroundAndAlignmentAreNotSet();
+    void noErrorCodeBeforeTheFirstValidation();
 
 private:
     QVariant cell(int tab, int row, int column, int role);
@@ -155,7 +155,7 @@ void TestCellLooks::colours()
     QTEST(cell(tab, row, column, Qt::ForegroundRole).value<QColor>(), "colour");
 }
 
-void TestCellLooks::tellsByToolTip_data()
+void TestCellLooks::toolTips_data()
 {
     QTest::addColumn<int>("tab");
     QTest::addColumn<int>("row");
@@ -200,7 +200,7 @@ void TestCellLooks::tellsByToolTip_data()
     add("a repeated path", 4, 2, 2, "Click to Select ASAM3_specs path\n<< \nDuplicate path >>");
 }
 
-void TestCellLooks::tellsByToolTip()
+void TestCellLooks::toolTips()
 {
     QFETCH(int, tab);
     QFETCH(int, row);
@@ -289,7 +289,7 @@ QString tipFor(const CellTips& cell, int code)
 
 }  // namespace
 
-void TestCellLooks::tellsOfEveryCode_data()
+void TestCellLooks::toolTipOfEveryErrorCode_data()
 {
     QTest::addColumn<int>("tab");
     QTest::addColumn<int>("row");
@@ -306,7 +306,7 @@ void TestCellLooks::tellsOfEveryCode_data()
 }
 
 // Without a text there is no tool tip.
-void TestCellLooks::tellsOfEveryCode()
+void TestCellLooks::toolTipOfEveryErrorCode()
 {
     QFETCH(int, tab);
     QFETCH(int, row);
@@ -320,7 +320,7 @@ void TestCellLooks::tellsOfEveryCode()
     QCOMPARE(index.data(Qt::ToolTipRole), tip.isEmpty() ? QVariant() : tip);
 }
 
-void TestCellLooks::tellsAndShowsArrowsByTheModelsName_data()
+void TestCellLooks::toolTipsAndArrowsDependOnTheModelsName_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("tip");
@@ -336,7 +336,7 @@ void TestCellLooks::tellsAndShowsArrowsByTheModelsName_data()
     QTest::newRow("keywords") << "Model13" << QString() << QVector<int>{0};
 }
 
-void TestCellLooks::tellsAndShowsArrowsByTheModelsName()
+void TestCellLooks::toolTipsAndArrowsDependOnTheModelsName()
 {
     QFETCH(QString, name);
     loadGoodFile(KINDS);
@@ -346,14 +346,14 @@ void TestCellLooks::tellsAndShowsArrowsByTheModelsName()
     QTEST(arrowsOf(*model, 1), "arrows");
 }
 
-void TestCellLooks::modelOfAnotherNameHasNoTipsAndArrows_data()
+void TestCellLooks::modelWithAnotherNameHasNoToolTipsAndArrows_data()
 {
     QTest::addColumn<QString>("name");
     for (const char* const name : {"", "Model12", "Model18", "Model130", "Model1", "model13"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
-void TestCellLooks::modelOfAnotherNameHasNoTipsAndArrows()
+void TestCellLooks::modelWithAnotherNameHasNoToolTipsAndArrows()
 {
     QFETCH(QString, name);
     loadGoodFile(KINDS);
@@ -370,7 +370,7 @@ void TestCellLooks::modelOfAnotherNameHasNoTipsAndArrows()
     }
 }
 
-void TestCellLooks::remembersTextsThatHaveNoHelp()
+void TestCellLooks::missingToolTipsAreCached()
 {
     const int before = m_window->hash.size();
     QCOMPARE(cell(0, COMMENT, 0, Qt::ToolTipRole), QVariant(QString()));
@@ -378,7 +378,7 @@ void TestCellLooks::remembersTextsThatHaveNoHelp()
     QVERIFY(m_window->hash.contains(QStringLiteral("# a comment")));
 }
 
-void TestCellLooks::saysNothingWhileLoading()
+void TestCellLooks::noToolTipsWhileLoading()
 {
     loadGoodFile(spec());
     LoadingFile = 1;
@@ -387,13 +387,13 @@ void TestCellLooks::saysNothingWhileLoading()
         QVERIFY(!modelOf(*m_window, 0)->index(0, 0).data(role).isValid());
 }
 
-void TestCellLooks::hasNoFontOfItsOwn()
+void TestCellLooks::fontBackgroundAndAlignmentAreNotSet()
 {
     for (const int role : {Qt::FontRole, Qt::BackgroundRole, Qt::TextAlignmentRole})
         QVERIFY(!cell(0, SCRIBON, 0, role).isValid());
 }
 
-void TestCellLooks::knowsNoCodeBeforeTheFirstPass()
+void TestCellLooks::noErrorCodeBeforeTheFirstValidation()
 {
     QVERIFY(!cell(1, 0, 1, Qt::UserRole).isValid());
     QCOMPARE(cell(1, 1, 1, Qt::UserRole), QVariant(int(DE_NOERROR)));

@@ -100,7 +100,7 @@ private Q_SLOTS:
     void drawsTheMarkAtTheRight();
     void drawsNoMarkWithoutAValue();
     void drawsInTheEditorFont();
-    void asksNoLexer();
+    void paintingDoesNotUseTheLexer();
 
 private:
     QStyleOptionViewItem paint(const QModelIndex& index, QStyle::State state);
@@ -367,7 +367,7 @@ void TestCellPainting::drawsInTheEditorFont()
     }
 }
 
-void TestCellPainting::asksNoLexer()
+void TestCellPainting::paintingDoesNotUseTheLexer()
 {
     loadGoodFile();
     m_window->show();

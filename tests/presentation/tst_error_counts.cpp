@@ -22,16 +22,16 @@ class TestErrorCounts : public WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void isBuiltAsDisplays();
-    void namesTheTabInFront_data();
-    void namesTheTabInFront();
+    void countersAreDisplaysWithoutFocus();
+    void namesTheCurrentTab_data();
+    void namesTheCurrentTab();
     void countsTabAndFile();
     void followsAnEditAtTheNextTick();
-    void writesZeroForAGoodDocument();
+    void showsZeroForAValidDocument();
     void keepsItsNumbersAfterAFailedLoad();
     void countsWhileAFileIsLoading();
     void stopsAt999();
-    void judgesTheTabInFrontWhileItHasErrors();
+    void validatesTheCurrentTabWhileItHasErrors();
 
 private:
     template <typename Widget>
@@ -44,7 +44,7 @@ private:
     QString label() { return part<QLabel>("label")->text(); }
 };
 
-void TestErrorCounts::isBuiltAsDisplays()
+void TestErrorCounts::countersAreDisplaysWithoutFocus()
 {
     auto* const form = part<StatusBarForm>("StatusBarForm");
     QVERIFY(form != nullptr);
@@ -65,7 +65,7 @@ void TestErrorCounts::isBuiltAsDisplays()
     }
 }
 
-void TestErrorCounts::namesTheTabInFront_data()
+void TestErrorCounts::namesTheCurrentTab_data()
 {
     QTest::addColumn<int>("tab");
     QTest::addColumn<QString>("text");
@@ -76,7 +76,7 @@ void TestErrorCounts::namesTheTabInFront_data()
     QTest::newRow("ECM list") << 4 << QStringLiteral("ECM List Errors:");
 }
 
-void TestErrorCounts::namesTheTabInFront()
+void TestErrorCounts::namesTheCurrentTab()
 {
     QFETCH(int, tab);
     loadGoodFile(specWithErrors());
@@ -106,7 +106,7 @@ void TestErrorCounts::followsAnEditAtTheNextTick()
     QCOMPARE(allErrors(), 3);
 }
 
-void TestErrorCounts::writesZeroForAGoodDocument()
+void TestErrorCounts::showsZeroForAValidDocument()
 {
     part<QSpinBox>("errors")->setValue(7);
     part<QSpinBox>("tabErrs")->setValue(7);
@@ -149,7 +149,7 @@ void TestErrorCounts::stopsAt999()
 }
 
 // A code that was set in between is corrected by the next timer event, on the current tab only.
-void TestErrorCounts::judgesTheTabInFrontWhileItHasErrors()
+void TestErrorCounts::validatesTheCurrentTabWhileItHasErrors()
 {
     loadGoodFile(specWithErrors());
     tabsOf(*m_window)->setCurrentIndex(DE_TAB2);

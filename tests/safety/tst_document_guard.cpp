@@ -42,35 +42,35 @@ private Q_SLOTS:
     void copyFollowsEveryEdit();
     void copyOpensAsASpecFile();
     void copyKeepsTheEncoding();
-    void copyGoesWhenItIsSaved();
-    void copyGoesWhenItIsDiscarded();
-    void copyStaysWhenClosingIsCancelled();
-    void copyStaysUntilAnotherDocumentIsOpen();
-    void copyStaysWhenTheOtherFileCannotBeRead();
-    void copyGoesWithARefusedFile();
+    void copyIsRemovedBySave();
+    void copyIsRemovedByDiscard();
+    void copyIsKeptWhenClosingIsCancelled();
+    void copyIsKeptUntilAnotherDocumentIsOpen();
+    void copyIsKeptWhenTheOtherFileCannotBeRead();
+    void copyIsRemovedWhenAnInvalidFileIsLoaded();
     void noCopyAfterTheWindowIsClosed();
-    void refusedSaveKeepsOnlyUnsavedWork_data();
-    void refusedSaveKeepsOnlyUnsavedWork();
-    void saidWhenNoCopyCanBeKept();
+    void failedSaveKeepsACopyOfUnsavedChangesOnly_data();
+    void failedSaveKeepsACopyOfUnsavedChangesOnly();
+    void missingCopyIsReported();
 
-    void fullDiskIsTold();
-    void fullDiskAndNoHomeAreTold();
-    void closingAfterAFullDiskLeavesTheCopy();
-    void openingAfterAFullDiskLeavesTheCopy();
+    void fullDiskIsReported();
+    void fullDiskAndMissingHomeAreReported();
+    void closingAfterAFullDiskKeepsTheCopy();
+    void openingAfterAFullDiskKeepsTheCopy();
 
-    void changeByOthersIsTold();
-    void changeByOthersEndsWithASave();
-    void changeByOthersEndsWithALoad();
-    void goneFileIsTold();
-    void activationLooksAtTheFile();
-    void noticesWaitForTheNews();
-    void refusedRowActionStays();
+    void changeByOthersIsReported();
+    void saveEndsTheReportOfAChangeByOthers();
+    void loadEndsTheReportOfAChangeByOthers();
+    void removedFileIsReported();
+    void windowActivationChecksTheFile();
+    void noticesWaitForStatusMessages();
+    void messageOfARefusedRowActionStays();
 
-    void abandonedCopyIsToldAtTheStart();
-    void severalAbandonedCopiesAreTold();
-    void openedCopyIsNotTold();
-    void openedCopyGoesOnceItIsSavedElsewhere();
-    void openedCopyStaysWhenItIsSavedInPlace();
+    void abandonedCopyIsReportedAtTheStart();
+    void severalAbandonedCopiesAreReported();
+    void openedCopyIsNotReported();
+    void openedCopyIsRemovedAfterSaveAs();
+    void openedCopyIsKeptAfterSave();
 
 private:
     void startAnew();
@@ -169,7 +169,7 @@ void tst_DocumentGuard::copyKeepsTheEncoding()
     QVERIFY(readFile(COPY).contains("#\xd6l\n"));
 }
 
-void tst_DocumentGuard::copyGoesWhenItIsSaved()
+void tst_DocumentGuard::copyIsRemovedBySave()
 {
     loadGoodFile();
     editAndCopy();
@@ -178,7 +178,7 @@ void tst_DocumentGuard::copyGoesWhenItIsSaved()
     QCOMPARE(message(), QStringLiteral("File saved"));
 }
 
-void tst_DocumentGuard::copyGoesWhenItIsDiscarded()
+void tst_DocumentGuard::copyIsRemovedByDiscard()
 {
     loadGoodFile();
     editAndCopy();
@@ -187,7 +187,7 @@ void tst_DocumentGuard::copyGoesWhenItIsDiscarded()
     QVERIFY(copies().isEmpty());
 }
 
-void tst_DocumentGuard::copyStaysWhenClosingIsCancelled()
+void tst_DocumentGuard::copyIsKeptWhenClosingIsCancelled()
 {
     loadGoodFile();
     editAndCopy();
@@ -197,7 +197,7 @@ void tst_DocumentGuard::copyStaysWhenClosingIsCancelled()
 }
 
 // After Discard, the document is still open if the file dialog is cancelled.
-void tst_DocumentGuard::copyStaysUntilAnotherDocumentIsOpen()
+void tst_DocumentGuard::copyIsKeptUntilAnotherDocumentIsOpen()
 {
     QVERIFY(writeFile(ELSEWHERE, goodSpec()));
     loadGoodFile();
@@ -211,7 +211,7 @@ void tst_DocumentGuard::copyStaysUntilAnotherDocumentIsOpen()
     QVERIFY(copies().isEmpty());
 }
 
-void tst_DocumentGuard::copyStaysWhenTheOtherFileCannotBeRead()
+void tst_DocumentGuard::copyIsKeptWhenTheOtherFileCannotBeRead()
 {
     loadGoodFile();
     editAndCopy();
@@ -222,7 +222,7 @@ void tst_DocumentGuard::copyStaysWhenTheOtherFileCannotBeRead()
     QCOMPARE(titleOf(*m_window), GOOD);
 }
 
-void tst_DocumentGuard::copyGoesWithARefusedFile()
+void tst_DocumentGuard::copyIsRemovedWhenAnInvalidFileIsLoaded()
 {
     loadGoodFile();
     editAndCopy();
@@ -247,14 +247,14 @@ void tst_DocumentGuard::noCopyAfterTheWindowIsClosed()
     QVERIFY(copies().isEmpty());
 }
 
-void tst_DocumentGuard::refusedSaveKeepsOnlyUnsavedWork_data()
+void tst_DocumentGuard::failedSaveKeepsACopyOfUnsavedChangesOnly_data()
 {
     QTest::addColumn<bool>("unsaved");
     QTest::newRow("unsaved work") << true;
     QTest::newRow("none") << false;
 }
 
-void tst_DocumentGuard::refusedSaveKeepsOnlyUnsavedWork()
+void tst_DocumentGuard::failedSaveKeepsACopyOfUnsavedChangesOnly()
 {
     QFETCH(bool, unsaved);
     loadGoodFile();
@@ -266,7 +266,7 @@ void tst_DocumentGuard::refusedSaveKeepsOnlyUnsavedWork()
     QCOMPARE(!copies().isEmpty(), unsaved);
 }
 
-void tst_DocumentGuard::saidWhenNoCopyCanBeKept()
+void tst_DocumentGuard::missingCopyIsReported()
 {
     loadGoodFile();
     endTheNews();
@@ -282,7 +282,7 @@ void tst_DocumentGuard::saidWhenNoCopyCanBeKept()
     QVERIFY(notice().isEmpty());
 }
 
-void tst_DocumentGuard::fullDiskIsTold()
+void tst_DocumentGuard::fullDiskIsReported()
 {
     loadGoodFile(largeSpec(5000));
     const QByteArray whole = savedText();
@@ -306,7 +306,7 @@ void tst_DocumentGuard::fullDiskIsTold()
     QVERIFY(notice().isEmpty());
 }
 
-void tst_DocumentGuard::fullDiskAndNoHomeAreTold()
+void tst_DocumentGuard::fullDiskAndMissingHomeAreReported()
 {
     loadGoodFile(largeSpec(5000));
     QVERIFY(writeFile(QStringLiteral("/tmp/state"), "no directory"));
@@ -321,7 +321,7 @@ void tst_DocumentGuard::fullDiskAndNoHomeAreTold()
 }
 
 // Save has cleared the modified flags, so there is no question.
-void tst_DocumentGuard::closingAfterAFullDiskLeavesTheCopy()
+void tst_DocumentGuard::closingAfterAFullDiskKeepsTheCopy()
 {
     loadGoodFile(largeSpec(5000));
     const QByteArray whole = savedText();
@@ -334,7 +334,7 @@ void tst_DocumentGuard::closingAfterAFullDiskLeavesTheCopy()
     QVERIFY(notice().contains(COPY));
 }
 
-void tst_DocumentGuard::openingAfterAFullDiskLeavesTheCopy()
+void tst_DocumentGuard::openingAfterAFullDiskKeepsTheCopy()
 {
     loadGoodFile(largeSpec(5000));
     const QByteArray whole = savedText();
@@ -351,7 +351,7 @@ void tst_DocumentGuard::openingAfterAFullDiskLeavesTheCopy()
     QCOMPARE(copies(), QStringList{QStringLiteral("1")});
 }
 
-void tst_DocumentGuard::changeByOthersIsTold()
+void tst_DocumentGuard::changeByOthersIsReported()
 {
     loadGoodFile();
     endTheNews();
@@ -361,7 +361,7 @@ void tst_DocumentGuard::changeByOthersIsTold()
     QTRY_VERIFY(notice().isEmpty());
 }
 
-void tst_DocumentGuard::changeByOthersEndsWithASave()
+void tst_DocumentGuard::saveEndsTheReportOfAChangeByOthers()
 {
     loadGoodFile();
     endTheNews();
@@ -373,7 +373,7 @@ void tst_DocumentGuard::changeByOthersEndsWithASave()
     QVERIFY(notice().isEmpty());
 }
 
-void tst_DocumentGuard::changeByOthersEndsWithALoad()
+void tst_DocumentGuard::loadEndsTheReportOfAChangeByOthers()
 {
     loadGoodFile();
     endTheNews();
@@ -385,7 +385,7 @@ void tst_DocumentGuard::changeByOthersEndsWithALoad()
     QVERIFY(notice().isEmpty());
 }
 
-void tst_DocumentGuard::goneFileIsTold()
+void tst_DocumentGuard::removedFileIsReported()
 {
     loadGoodFile();
     endTheNews();
@@ -398,7 +398,7 @@ void tst_DocumentGuard::goneFileIsTold()
 }
 
 // Without the event loop, so that no event of QFileSystemWatcher is delivered.
-void tst_DocumentGuard::activationLooksAtTheFile()
+void tst_DocumentGuard::windowActivationChecksTheFile()
 {
     loadGoodFile();
     m_window->statusBar()->clearMessage();
@@ -408,7 +408,7 @@ void tst_DocumentGuard::activationLooksAtTheFile()
     QCOMPARE(notice(), CHANGED);
 }
 
-void tst_DocumentGuard::noticesWaitForTheNews()
+void tst_DocumentGuard::noticesWaitForStatusMessages()
 {
     loadGoodFile();
     QCOMPARE(message(), QStringLiteral("File loaded"));
@@ -419,7 +419,7 @@ void tst_DocumentGuard::noticesWaitForTheNews()
     QTRY_COMPARE(notice(), CHANGED);
 }
 
-void tst_DocumentGuard::refusedRowActionStays()
+void tst_DocumentGuard::messageOfARefusedRowActionStays()
 {
     loadGoodFile();
     goTo(viewOf(*m_window, 0), 0, 0);
@@ -435,7 +435,7 @@ void tst_DocumentGuard::refusedRowActionStays()
     QTRY_COMPARE(notice(), CHANGED);
 }
 
-void tst_DocumentGuard::abandonedCopyIsToldAtTheStart()
+void tst_DocumentGuard::abandonedCopyIsReportedAtTheStart()
 {
     loadGoodFile();
     editAndCopy();
@@ -445,7 +445,7 @@ void tst_DocumentGuard::abandonedCopyIsToldAtTheStart()
     QCOMPARE(readFile(GOOD), goodSpec());
 }
 
-void tst_DocumentGuard::severalAbandonedCopiesAreTold()
+void tst_DocumentGuard::severalAbandonedCopiesAreReported()
 {
     for (int i = 0; i < 3; ++i) {
         loadGoodFile();
@@ -457,7 +457,7 @@ void tst_DocumentGuard::severalAbandonedCopiesAreTold()
              QStringLiteral("Unsaved work on /specs/good and 2 more is kept in ") + FOLDER);
 }
 
-void tst_DocumentGuard::openedCopyIsNotTold()
+void tst_DocumentGuard::openedCopyIsNotReported()
 {
     loadGoodFile();
     editAndCopy();
@@ -470,7 +470,7 @@ void tst_DocumentGuard::openedCopyIsNotTold()
     QVERIFY(QFileInfo::exists(COPY));
 }
 
-void tst_DocumentGuard::openedCopyGoesOnceItIsSavedElsewhere()
+void tst_DocumentGuard::openedCopyIsRemovedAfterSaveAs()
 {
     loadGoodFile();
     editAndCopy();
@@ -484,7 +484,7 @@ void tst_DocumentGuard::openedCopyGoesOnceItIsSavedElsewhere()
     QVERIFY(notice().isEmpty());
 }
 
-void tst_DocumentGuard::openedCopyStaysWhenItIsSavedInPlace()
+void tst_DocumentGuard::openedCopyIsKeptAfterSave()
 {
     loadGoodFile();
     editAndCopy();

@@ -74,25 +74,25 @@ private Q_SLOTS:
 
     void place_data();
     void place();
-    void withoutAHomeNothingIsWritten();
-    void copyIsTheText();
+    void withoutAHomeDirectoryNothingIsWritten();
+    void copyHasTheGivenText();
     void onlyItsUserMayRead();
-    void factsTellWhatItBelongsTo();
+    void metadataNamesTheDocument();
     void newTextReplacesTheOld();
     void failedWriteKeepsTheOldText();
-    void folderThatCannotBeMade();
+    void folderThatCannotBeCreated();
     void nameOfTheCopy_data();
     void nameOfTheCopy();
-    void removedWithoutATrace();
-    void leftCopyStaysBesideTheNext();
+    void removalLeavesNoFiles();
+    void abandonedCopyIsKeptNextToANewOne();
 
-    void editorsAtOnceHaveTheirOwn();
-    void livingCopyIsNotAbandoned();
+    void eachRunningEditorHasItsOwnCopy();
+    void copyOfARunningEditorIsNotAbandoned();
     void abandonedCopiesAreNewestFirst();
-    void whereLocksCannotTell_data();
-    void whereLocksCannotTell();
-    void damagedFoldersAreLeftAlone_data();
-    void damagedFoldersAreLeftAlone();
+    void withoutLocksTheProcessIdDecides_data();
+    void withoutLocksTheProcessIdDecides();
+    void damagedFoldersAreIgnored_data();
+    void damagedFoldersAreIgnored();
     void onlyAbandonedCopiesAreRemoved();
 };
 
@@ -122,7 +122,7 @@ void tst_RecoveryCopy::place()
     QTEST(QFileInfo(QFileInfo(abandon(DOCUMENT)).path()).path(), "folder");
 }
 
-void tst_RecoveryCopy::withoutAHomeNothingIsWritten()
+void tst_RecoveryCopy::withoutAHomeDirectoryNothingIsWritten()
 {
     qunsetenv("XDG_STATE_HOME");
     for (const char* const home : {"", "/tmp/no such home"}) {
@@ -137,7 +137,7 @@ void tst_RecoveryCopy::withoutAHomeNothingIsWritten()
     }
 }
 
-void tst_RecoveryCopy::copyIsTheText()
+void tst_RecoveryCopy::copyHasTheGivenText()
 {
     RecoveryCopy copy;
     QVERIFY(copy.path().isEmpty());
@@ -159,7 +159,7 @@ void tst_RecoveryCopy::onlyItsUserMayRead()
     QCOMPARE(modeOf(FOLDER + QStringLiteral("/1")), 0700U);
 }
 
-void tst_RecoveryCopy::factsTellWhatItBelongsTo()
+void tst_RecoveryCopy::metadataNamesTheDocument()
 {
     RecoveryCopy copy;
     QString error;
@@ -203,7 +203,7 @@ void tst_RecoveryCopy::failedWriteKeepsTheOldText()
     QCOMPARE(readFile(copy.path()), QByteArray("shorter"));
 }
 
-void tst_RecoveryCopy::folderThatCannotBeMade()
+void tst_RecoveryCopy::folderThatCannotBeCreated()
 {
     QVERIFY(writeFile(STATE, "no directory"));
     RecoveryCopy copy;
@@ -237,7 +237,7 @@ void tst_RecoveryCopy::nameOfTheCopy()
     QCOMPARE(abandonedPaths(), QStringList{path});
 }
 
-void tst_RecoveryCopy::removedWithoutATrace()
+void tst_RecoveryCopy::removalLeavesNoFiles()
 {
     RecoveryCopy copy;
     QString error;
@@ -249,7 +249,7 @@ void tst_RecoveryCopy::removedWithoutATrace()
     QCOMPARE(copy.path(), FOLDER + QStringLiteral("/1/scrib_engine"));
 }
 
-void tst_RecoveryCopy::leftCopyStaysBesideTheNext()
+void tst_RecoveryCopy::abandonedCopyIsKeptNextToANewOne()
 {
     RecoveryCopy copy;
     QString error;
@@ -263,7 +263,7 @@ void tst_RecoveryCopy::leftCopyStaysBesideTheNext()
     QCOMPARE(readFile(left), TEXT);
 }
 
-void tst_RecoveryCopy::editorsAtOnceHaveTheirOwn()
+void tst_RecoveryCopy::eachRunningEditorHasItsOwnCopy()
 {
     RecoveryCopy one;
     RecoveryCopy other;
@@ -276,7 +276,7 @@ void tst_RecoveryCopy::editorsAtOnceHaveTheirOwn()
     QCOMPARE(readFile(other.path()), QByteArray("other"));
 }
 
-void tst_RecoveryCopy::livingCopyIsNotAbandoned()
+void tst_RecoveryCopy::copyOfARunningEditorIsNotAbandoned()
 {
     RecoveryCopy living;
     QString error;
@@ -302,7 +302,7 @@ void tst_RecoveryCopy::abandonedCopiesAreNewestFirst()
     QCOMPARE(abandonedPaths(), (QStringList{paths.at(1), paths.at(0), paths.at(2)}));
 }
 
-void tst_RecoveryCopy::whereLocksCannotTell_data()
+void tst_RecoveryCopy::withoutLocksTheProcessIdDecides_data()
 {
     QTest::addColumn<QString>("host");
     QTest::addColumn<int>("process");
@@ -316,7 +316,7 @@ void tst_RecoveryCopy::whereLocksCannotTell_data()
 }
 
 // The file system has no locks, or the lock file was removed.
-void tst_RecoveryCopy::whereLocksCannotTell()
+void tst_RecoveryCopy::withoutLocksTheProcessIdDecides()
 {
     QFETCH(QString, host);
     QFETCH(int, process);
@@ -331,7 +331,7 @@ void tst_RecoveryCopy::whereLocksCannotTell()
     QCOMPARE(!abandonedCopies().isEmpty(), abandoned);
 }
 
-void tst_RecoveryCopy::damagedFoldersAreLeftAlone_data()
+void tst_RecoveryCopy::damagedFoldersAreIgnored_data()
 {
     QTest::addColumn<QByteArray>("facts");
     QTest::newRow("no JSON") << QByteArray("\xff{[");
@@ -342,7 +342,7 @@ void tst_RecoveryCopy::damagedFoldersAreLeftAlone_data()
     QTest::newRow("a name of another kind") << QByteArray(R"({"copy":{"a":1}})");
 }
 
-void tst_RecoveryCopy::damagedFoldersAreLeftAlone()
+void tst_RecoveryCopy::damagedFoldersAreIgnored()
 {
     QFETCH(QByteArray, facts);
     QVERIFY(writeFile(QStringLiteral("/specs/x"), TEXT));

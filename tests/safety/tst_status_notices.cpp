@@ -22,14 +22,14 @@ class tst_StatusNotices : public QObject {
 private Q_SLOTS:
     void init();
 
-    void isShownWithoutATimeLimit();
-    void waitsForAMessageToEnd();
-    void waitsForAMessageWithoutAnEnd();
-    void comesBackAfterAMessage();
-    void allAreShown();
-    void isTakenAway();
-    void isReplaced();
-    void takenAwayWhileItWaits();
+    void noticeHasNoTimeout();
+    void noticeWaitsForAMessageToEnd();
+    void noticeWaitsForAMessageWithoutTimeout();
+    void noticeIsShownAgainAfterAMessage();
+    void allNoticesAreShown();
+    void removedNoticeIsHidden();
+    void noticeIsReplaced();
+    void noticeRemovedWhileAMessageIsShown();
     void longNoticeIsWrapped();
 
 private:
@@ -47,7 +47,7 @@ void tst_StatusNotices::init()
     m_notices = std::make_unique<StatusNotices>(m_bar.get());
 }
 
-void tst_StatusNotices::isShownWithoutATimeLimit()
+void tst_StatusNotices::noticeHasNoTimeout()
 {
     QVERIFY(notice().isEmpty());
     m_notices->set(StatusNotices::FileNotice, NOTICE);
@@ -55,7 +55,7 @@ void tst_StatusNotices::isShownWithoutATimeLimit()
     QVERIFY(m_bar->currentMessage().isEmpty());
 }
 
-void tst_StatusNotices::waitsForAMessageToEnd()
+void tst_StatusNotices::noticeWaitsForAMessageToEnd()
 {
     m_bar->showMessage(NEWS, 100);
     m_notices->set(StatusNotices::FileNotice, NOTICE);
@@ -64,7 +64,7 @@ void tst_StatusNotices::waitsForAMessageToEnd()
     QTRY_COMPARE(notice(), NOTICE);
 }
 
-void tst_StatusNotices::waitsForAMessageWithoutAnEnd()
+void tst_StatusNotices::noticeWaitsForAMessageWithoutTimeout()
 {
     m_bar->showMessage(NEWS);
     m_notices->set(StatusNotices::FileNotice, NOTICE);
@@ -74,7 +74,7 @@ void tst_StatusNotices::waitsForAMessageWithoutAnEnd()
     QCOMPARE(notice(), NOTICE);
 }
 
-void tst_StatusNotices::comesBackAfterAMessage()
+void tst_StatusNotices::noticeIsShownAgainAfterAMessage()
 {
     m_notices->set(StatusNotices::FileNotice, NOTICE);
     m_bar->showMessage(NEWS, 100);
@@ -82,7 +82,7 @@ void tst_StatusNotices::comesBackAfterAMessage()
     QTRY_COMPARE(notice(), NOTICE);
 }
 
-void tst_StatusNotices::allAreShown()
+void tst_StatusNotices::allNoticesAreShown()
 {
     m_notices->set(StatusNotices::AbandonedNotice, OTHER_NOTICE);
     m_notices->set(StatusNotices::FileNotice, NOTICE);
@@ -91,21 +91,21 @@ void tst_StatusNotices::allAreShown()
     QCOMPARE(notice(), OTHER_NOTICE);
 }
 
-void tst_StatusNotices::isTakenAway()
+void tst_StatusNotices::removedNoticeIsHidden()
 {
     m_notices->set(StatusNotices::FileNotice, NOTICE);
     m_notices->set(StatusNotices::FileNotice, {});
     QVERIFY(label()->isHidden());
 }
 
-void tst_StatusNotices::isReplaced()
+void tst_StatusNotices::noticeIsReplaced()
 {
     m_notices->set(StatusNotices::FileNotice, NOTICE);
     m_notices->set(StatusNotices::FileNotice, OTHER_NOTICE);
     QCOMPARE(notice(), OTHER_NOTICE);
 }
 
-void tst_StatusNotices::takenAwayWhileItWaits()
+void tst_StatusNotices::noticeRemovedWhileAMessageIsShown()
 {
     m_bar->showMessage(NEWS);
     m_notices->set(StatusNotices::FileNotice, NOTICE);

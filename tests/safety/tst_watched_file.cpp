@@ -27,15 +27,15 @@ private Q_SLOTS:
     void initTestCase() { QVERIFY(inPrivateNamespace()); }
     void init();
 
-    void whatOthersDo_data();
-    void whatOthersDo();
-    void sameBytesAgainAreNoChange();
-    void oldBytesEndTheChange();
+    void changesByOtherPrograms_data();
+    void changesByOtherPrograms();
+    void rewritingTheSameBytesIsNoChange();
+    void restoringTheOldBytesEndsTheChange();
     void replacedFileIsStillWatched();
-    void goneFileMayComeBack();
-    void looksWhenAsked();
+    void removedFileMayBeRestored();
+    void checksTheFileOnRequest();
     void watchesOneFile();
-    void stoppedSaysNothing();
+    void emitsNothingAfterStop();
 
 private:
     WatchedFile m_file;
@@ -50,7 +50,7 @@ void tst_WatchedFile::init()
     QCOMPARE(m_file.state(), State::AsKnown);
 }
 
-void tst_WatchedFile::whatOthersDo_data()
+void tst_WatchedFile::changesByOtherPrograms_data()
 {
     QTest::addColumn<QString>("deed");
     QTest::addColumn<State>("state");
@@ -64,7 +64,7 @@ void tst_WatchedFile::whatOthersDo_data()
     QTest::newRow("put a directory in its place") << QStringLiteral("directory") << State::Changed;
 }
 
-void tst_WatchedFile::whatOthersDo()
+void tst_WatchedFile::changesByOtherPrograms()
 {
     QFETCH(QString, deed);
     QFETCH(State, state);
@@ -89,7 +89,7 @@ void tst_WatchedFile::whatOthersDo()
     QCOMPARE(spy.count(), 1);
 }
 
-void tst_WatchedFile::sameBytesAgainAreNoChange()
+void tst_WatchedFile::rewritingTheSameBytesIsNoChange()
 {
     const QSignalSpy spy(&m_file, &WatchedFile::stateChanged);
     QVERIFY(writeFile(NAME, KNOWN));
@@ -98,7 +98,7 @@ void tst_WatchedFile::sameBytesAgainAreNoChange()
     QCOMPARE(spy.count(), 0);
 }
 
-void tst_WatchedFile::oldBytesEndTheChange()
+void tst_WatchedFile::restoringTheOldBytesEndsTheChange()
 {
     QVERIFY(writeFile(NAME, OTHER));
     QTRY_COMPARE(m_file.state(), State::Changed);
@@ -117,7 +117,7 @@ void tst_WatchedFile::replacedFileIsStillWatched()
     QTRY_COMPARE(m_file.state(), State::Changed);
 }
 
-void tst_WatchedFile::goneFileMayComeBack()
+void tst_WatchedFile::removedFileMayBeRestored()
 {
     QVERIFY(QFile::remove(NAME));
     QTRY_COMPARE(m_file.state(), State::Gone);
@@ -126,7 +126,7 @@ void tst_WatchedFile::goneFileMayComeBack()
 }
 
 // For network file systems without change events: the result is there without the event loop.
-void tst_WatchedFile::looksWhenAsked()
+void tst_WatchedFile::checksTheFileOnRequest()
 {
     QVERIFY(writeFile(NAME, OTHER));
     QCOMPARE(m_file.state(), State::AsKnown);
@@ -146,7 +146,7 @@ void tst_WatchedFile::watchesOneFile()
     QCOMPARE(m_file.state(), State::AsKnown);
 }
 
-void tst_WatchedFile::stoppedSaysNothing()
+void tst_WatchedFile::emitsNothingAfterStop()
 {
     m_file.stop();
     const QSignalSpy spy(&m_file, &WatchedFile::stateChanged);

@@ -116,16 +116,16 @@ private Q_SLOTS:
     void givesCodes_data();
     void givesCodes();
     void marksCommentsThatAreTooLong();
-    void keepsTheKeywordsOldCodeWhenItsValueFails();
-    void judgesOnlyWhenDirty();
-    void overwritesCodesWrittenInBetween();
-    void takesADuplicateBackWhenTheFirstGoes();
-    void tellsThatCodesChanged();
-    void judgesAnewWhatStandsInOtherColumns_data();
-    void judgesAnewWhatStandsInOtherColumns();
-    void judgesNothingOnAnUnknownTab();
-    void judgesAsAFreshModelWould_data();
-    void judgesAsAFreshModelWould();
+    void wrongValueKeepsTheKeywordsErrorCode();
+    void validatesOnlyIfDirty();
+    void overwritesCodesSetInBetween();
+    void duplicateIsValidAfterTheFirstIsRemoved();
+    void emitsDataChangedForChangedCodes();
+    void validatesAgainTextsOfOtherColumns_data();
+    void validatesAgainTextsOfOtherColumns();
+    void validatesNothingOnAnUnknownTab();
+    void changedModelIsValidatedLikeANewOne_data();
+    void changedModelIsValidatedLikeANewOne();
 };
 
 void TestTabValidation::givesCodes_data()
@@ -277,7 +277,7 @@ void TestTabValidation::marksCommentsThatAreTooLong()
     QCOMPARE(codesOf(*model), lines({"ok . -", "X . -"}));
 }
 
-void TestTabValidation::keepsTheKeywordsOldCodeWhenItsValueFails()
+void TestTabValidation::wrongValueKeepsTheKeywordsErrorCode()
 {
     const auto model = modelOfRows(
         EDIT_TAB1, lines({"@MAX_SCANS | 1 | FILLER_TXT", "@MAX_SCANS | 2 | FILLER_TXT"}));
@@ -289,7 +289,7 @@ void TestTabValidation::keepsTheKeywordsOldCodeWhenItsValueFails()
     QCOMPARE(model->getErrorCount(), 1);
 }
 
-void TestTabValidation::judgesOnlyWhenDirty()
+void TestTabValidation::validatesOnlyIfDirty()
 {
     const auto model = modelOfRows(EDIT_TAB1, lines({"@MAX_SCANS | many | FILLER_TXT"}));
     model->validate_model();
@@ -300,7 +300,7 @@ void TestTabValidation::judgesOnlyWhenDirty()
 }
 
 // The delegate sets codes while the user types; the next validation overwrites them.
-void TestTabValidation::overwritesCodesWrittenInBetween()
+void TestTabValidation::overwritesCodesSetInBetween()
 {
     const auto model = modelOfRows(EDIT_TAB4, lines({AUX, "<unset> | v | name"}));
     judge(model.get());
@@ -313,7 +313,7 @@ void TestTabValidation::overwritesCodesWrittenInBetween()
     QCOMPARE(codesOf(*model).last(), QStringLiteral(". ok ok"));
 }
 
-void TestTabValidation::takesADuplicateBackWhenTheFirstGoes()
+void TestTabValidation::duplicateIsValidAfterTheFirstIsRemoved()
 {
     const auto model = modelOfRows(EDIT_TAB3, lines({META, "<unset> | A | x", "<unset> | A | y"}));
     judge(model.get());
@@ -324,7 +324,7 @@ void TestTabValidation::takesADuplicateBackWhenTheFirstGoes()
     QCOMPARE(model->getErrorCount(), 0);
 }
 
-void TestTabValidation::tellsThatCodesChanged()
+void TestTabValidation::emitsDataChangedForChangedCodes()
 {
     const auto model = modelOfRows(EDIT_TAB1, lines({"@MAX_SCANS | 1 | FILLER_TXT"}));
     const QSignalSpy spy(model.get(), &TreeModel::codesChanged);
@@ -338,7 +338,7 @@ void TestTabValidation::tellsThatCodesChanged()
     QCOMPARE(spy.count(), 2);
 }
 
-void TestTabValidation::judgesAnewWhatStandsInOtherColumns_data()
+void TestTabValidation::validatesAgainTextsOfOtherColumns_data()
 {
     QTest::addColumn<int>("tab");
     QTest::addColumn<QStringList>("rows");
@@ -362,7 +362,7 @@ void TestTabValidation::judgesAnewWhatStandsInOtherColumns_data()
         << lines({". . . . .", ". ok ok X ."}) << 1;
 }
 
-void TestTabValidation::judgesAnewWhatStandsInOtherColumns()
+void TestTabValidation::validatesAgainTextsOfOtherColumns()
 {
     QFETCH(int, tab);
     QFETCH(QStringList, rows);
@@ -378,7 +378,7 @@ void TestTabValidation::judgesAnewWhatStandsInOtherColumns()
     QTEST(model->getErrorCount(), "errors");
 }
 
-void TestTabValidation::judgesNothingOnAnUnknownTab()
+void TestTabValidation::validatesNothingOnAnUnknownTab()
 {
     TreeModel model({QStringLiteral("one")}, nullptr, 99);
     model.setDirty();
@@ -386,7 +386,7 @@ void TestTabValidation::judgesNothingOnAnUnknownTab()
     QVERIFY(model.isDirty());
 }
 
-void TestTabValidation::judgesAsAFreshModelWould_data()
+void TestTabValidation::changedModelIsValidatedLikeANewOne_data()
 {
     QTest::addColumn<int>("tab");
     for (int tab = EDIT_TAB1; tab <= EDIT_TAB5; ++tab)
@@ -395,7 +395,7 @@ void TestTabValidation::judgesAsAFreshModelWould_data()
 
 // A validation uses the results of the one before. A new model of the same rows must have the same
 // codes and the same error count.
-void TestTabValidation::judgesAsAFreshModelWould()
+void TestTabValidation::changedModelIsValidatedLikeANewOne()
 {
     QFETCH(int, tab);
     constexpr int STEPS = 1500;

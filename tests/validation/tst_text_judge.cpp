@@ -72,12 +72,12 @@ class TestTextJudge : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void answersAsPatternsAndLexerDo_data();
-    void answersAsPatternsAndLexerDo();
-    void answersAtTheLimitsOfLengths_data();
-    void answersAtTheLimitsOfLengths();
-    void answersTheSameAgain();
-    void answersAHugeWordAtOnce();
+    void agreesWithValidatorsAndLexer_data();
+    void agreesWithValidatorsAndLexer();
+    void agreesAtTheLengthLimits_data();
+    void agreesAtTheLengthLimits();
+    void cachedAnswersAreTheSame();
+    void longWordIsFast();
 
 private:
     void compare(const QString& text);
@@ -98,7 +98,7 @@ void TestTextJudge::compare(const QString& text)
     }
 }
 
-void TestTextJudge::answersAsPatternsAndLexerDo_data()
+void TestTextJudge::agreesWithValidatorsAndLexer_data()
 {
     QTest::addColumn<int>("alphabet");
     QTest::addColumn<int>("longest");
@@ -109,7 +109,7 @@ void TestTextJudge::answersAsPatternsAndLexerDo_data()
     }
 }
 
-void TestTextJudge::answersAsPatternsAndLexerDo()
+void TestTextJudge::agreesWithValidatorsAndLexer()
 {
     QFETCH(int, alphabet);
     QFETCH(int, longest);
@@ -119,7 +119,7 @@ void TestTextJudge::answersAsPatternsAndLexerDo()
         compare(randomText(&random, ALPHABETS[static_cast<size_t>(alphabet)], longest));
 }
 
-void TestTextJudge::answersAtTheLimitsOfLengths_data()
+void TestTextJudge::agreesAtTheLengthLimits_data()
 {
     QTest::addColumn<QString>("first");
     QTest::addColumn<QString>("repeated");
@@ -156,7 +156,7 @@ void TestTextJudge::answersAtTheLimitsOfLengths_data()
                                << "";
 }
 
-void TestTextJudge::answersAtTheLimitsOfLengths()
+void TestTextJudge::agreesAtTheLengthLimits()
 {
     QFETCH(QString, first);
     QFETCH(QString, repeated);
@@ -165,7 +165,7 @@ void TestTextJudge::answersAtTheLimitsOfLengths()
         compare(first + repeated.repeated(count) + last);
 }
 
-void TestTextJudge::answersTheSameAgain()
+void TestTextJudge::cachedAnswersAreTheSame()
 {
     constexpr int MORE_THAN_ARE_KEPT = 5000;
     for (int pass = 0; pass < 2; ++pass) {
@@ -175,7 +175,7 @@ void TestTextJudge::answersTheSameAgain()
 }
 
 // The regular expression alone would take seconds, at each timer event of the window.
-void TestTextJudge::answersAHugeWordAtOnce()
+void TestTextJudge::longWordIsFast()
 {
     const QString word(1 << 20, QLatin1Char('w'));
     QVERIFY(m_judge.accepts(VarName_VF, word, m_validators));
