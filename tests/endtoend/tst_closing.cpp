@@ -14,10 +14,10 @@ class tst_Closing : public EndToEndTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void withoutChangesNothingIsAsked();
+    void unchangedDocumentClosesWithoutAQuestion();
     void withUnsavedWork_data();
     void withUnsavedWork();
-    void afterCancelTheWorkGoesOn();
+    void editingContinuesAfterCancel();
 
 private:
     bool changeAndClose();
@@ -38,7 +38,7 @@ bool tst_Closing::changeAndClose()
     return user.waitUntil([&] { return user.boxText() == UNSAVED; });
 }
 
-void tst_Closing::withoutChangesNothingIsAsked()
+void tst_Closing::unchangedDocumentClosesWithoutAQuestion()
 {
     QVERIFY(provide(QStringLiteral("scrib_small")));
     QVERIFY(start({FILE_NAME}));
@@ -67,7 +67,7 @@ void tst_Closing::withUnsavedWork()
     QCOMPARE(linesOf(readFile(FILE_NAME)), linesOf(file));
 }
 
-void tst_Closing::afterCancelTheWorkGoesOn()
+void tst_Closing::editingContinuesAfterCancel()
 {
     User& user = *m_user;
     QVERIFY(changeAndClose());

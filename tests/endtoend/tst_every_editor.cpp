@@ -25,11 +25,11 @@ private Q_SLOTS:
     void everyKindOfEditor();
     void editorsOpenOnTheValue_data();
     void editorsOpenOnTheValue();
-    void leavingAnEditorKeepsWhatWasTyped();
-    void judgingTheTabLeavesAnEditorAlone();
-    void ecmDialogTakesTheKeyboard();
-    void dialogsThatAreCancelledChangeNothing_data();
-    void dialogsThatAreCancelledChangeNothing();
+    void leavingAnEditorStoresTheText();
+    void validationKeepsTheTextOfAnOpenEditor();
+    void ecmDialogCanBeUsedByKeyboard();
+    void cancelledDialogsChangeNothing_data();
+    void cancelledDialogsChangeNothing();
     void everyKeywordIsOfferedOnce();
 
 private:
@@ -41,7 +41,7 @@ private:
     void editMetaData();
     void editAuxUser();
     void editEcmList();
-    void takeSomeBack();
+    void undoAndRedo();
     QByteArray expectedFile() const;
     bool line(const CellName& cell, const char* text);
     bool choice(const CellName& cell, const char* item);
@@ -173,7 +173,7 @@ void tst_EveryEditor::editEcmList()
 }
 
 // Undoes the last two edits on each of two tabs, and redoes the first.
-void tst_EveryEditor::takeSomeBack()
+void tst_EveryEditor::undoAndRedo()
 {
     User& user = *m_user;
     QVERIFY(user.goToTab(2));
@@ -233,7 +233,7 @@ void tst_EveryEditor::everyKindOfEditor()
          {&tst_EveryEditor::editLinesOfKeywords, &tst_EveryEditor::editChoicesOfKeywords,
           &tst_EveryEditor::editVariablesOfKeywords, &tst_EveryEditor::editScanList,
           &tst_EveryEditor::editMetaData, &tst_EveryEditor::editAuxUser,
-          &tst_EveryEditor::editEcmList, &tst_EveryEditor::takeSomeBack}) {
+          &tst_EveryEditor::editEcmList, &tst_EveryEditor::undoAndRedo}) {
         (this->*step)();
         if (QTest::currentTestFailed())
             return;
@@ -295,7 +295,7 @@ void tst_EveryEditor::editorsOpenOnTheValue()
     QCOMPARE(user.table(tab).rowTexts(row), before.rowTexts(row));
 }
 
-void tst_EveryEditor::leavingAnEditorKeepsWhatWasTyped()
+void tst_EveryEditor::leavingAnEditorStoresTheText()
 {
     User& user = *m_user;
     QVERIFY(openFull());
@@ -316,7 +316,7 @@ void tst_EveryEditor::leavingAnEditorKeepsWhatWasTyped()
 
 // Typing marks the cell. The next validation of the tab clears the mark, since the cell still has
 // its old text.
-void tst_EveryEditor::judgingTheTabLeavesAnEditorAlone()
+void tst_EveryEditor::validationKeepsTheTextOfAnOpenEditor()
 {
     User& user = *m_user;
     QVERIFY(openFull());
@@ -334,7 +334,7 @@ void tst_EveryEditor::judgingTheTabLeavesAnEditorAlone()
     QVERIFY(user.seesErrors(2, 2));
 }
 
-void tst_EveryEditor::ecmDialogTakesTheKeyboard()
+void tst_EveryEditor::ecmDialogCanBeUsedByKeyboard()
 {
     User& user = *m_user;
     QVERIFY(openFull());
@@ -354,7 +354,7 @@ void tst_EveryEditor::ecmDialogTakesTheKeyboard()
     QVERIFY(user.seesErrors(1, 2));
 }
 
-void tst_EveryEditor::dialogsThatAreCancelledChangeNothing_data()
+void tst_EveryEditor::cancelledDialogsChangeNothing_data()
 {
     QTest::addColumn<int>("tab");
     QTest::addColumn<QString>("rowText");
@@ -367,7 +367,7 @@ void tst_EveryEditor::dialogsThatAreCancelledChangeNothing_data()
     QTest::newRow("ECM list, Escape") << 4 << QStringLiteral("2") << 2 << true;
 }
 
-void tst_EveryEditor::dialogsThatAreCancelledChangeNothing()
+void tst_EveryEditor::cancelledDialogsChangeNothing()
 {
     QFETCH(int, tab);
     QFETCH(QString, rowText);

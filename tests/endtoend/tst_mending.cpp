@@ -109,7 +109,7 @@ class tst_Mending : public EndToEndTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void marksLeadToAGoodFile();
+    void correctingAllErrorsGivesAValidFile();
 
 private:
     void mendTab(int tab);
@@ -203,7 +203,7 @@ void tst_Mending::saveAndReopen()
     QVERIFY(user.waitUntil([&] { return user.news() == loaded; }));
 }
 
-void tst_Mending::marksLeadToAGoodFile()
+void tst_Mending::correctingAllErrorsGivesAValidFile()
 {
     for (const char* const name :
          {"scrib_broken", "asam3_specs.engine", "asam3_specs.aftertreatment"})

@@ -28,11 +28,11 @@ private Q_SLOTS:
     void newKeywordRowIsFilledIn();
     void newScanListRowIsFilledIn();
     void newMetaDataRowIsFilledIn();
-    void newAuxUserRowNamesItself();
+    void newAuxUserRowGetsTheVariablesName();
     void newEcmRowIsFilledIn();
     void requiredKeywordsStay_data();
     void requiredKeywordsStay();
-    void undoIsOfTheTabThatIsSeen();
+    void undoActsOnTheCurrentTab();
 
 private:
     bool openFull();
@@ -203,7 +203,7 @@ void tst_Rows::newMetaDataRowIsFilledIn()
     QVERIFY(saves(expected));
 }
 
-void tst_Rows::newAuxUserRowNamesItself()
+void tst_Rows::newAuxUserRowGetsTheVariablesName()
 {
     User& user = *m_user;
     QVERIFY(openFull());
@@ -261,7 +261,7 @@ void tst_Rows::requiredKeywordsStay()
     QCOMPARE(user.table(0).rows.size(), table.rows.size());
 }
 
-void tst_Rows::undoIsOfTheTabThatIsSeen()
+void tst_Rows::undoActsOnTheCurrentTab()
 {
     User& user = *m_user;
     QVERIFY(openFull());

@@ -18,8 +18,8 @@ class tst_WaysOut : public EndToEndTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void textIsKept_data();
-    void textIsKept();
+    void textOfAnOpenEditorIsSaved_data();
+    void textOfAnOpenEditorIsSaved();
 
 private:
     struct Way {
@@ -204,7 +204,7 @@ bool tst_WaysOut::undoFromMenu()
     return hasTyped();
 }
 
-void tst_WaysOut::textIsKept_data()
+void tst_WaysOut::textOfAnOpenEditorIsSaved_data()
 {
     QTest::addColumn<int>("tab");
     QTest::addColumn<QString>("rowText");
@@ -225,7 +225,7 @@ void tst_WaysOut::textIsKept_data()
 }
 
 // The window manager and menus leave the focus in the editor.
-void tst_WaysOut::textIsKept()
+void tst_WaysOut::textOfAnOpenEditorIsSaved()
 {
     QFETCH(int, tab);
     QFETCH(QString, rowText);

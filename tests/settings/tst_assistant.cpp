@@ -32,22 +32,22 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void missingCollectionIsTold_data();
-    void missingCollectionIsTold();
+    void missingHelpCollectionIsReported_data();
+    void missingHelpCollectionIsReported();
     void viewerGetsItsArguments();
-    void viewerIsToldWhatToShow();
+    void viewerGetsThePageToShow();
     void secondRequestGoesToTheSameViewer();
     void closedViewerIsStartedAgain();
-    void viewerBelowTheVariable_data();
-    void viewerBelowTheVariable();
-    void viewerThatCannotBeStarted_data();
-    void viewerThatCannotBeStarted();
-    void viewerThatCouldNotBeStartedIsTriedAgain();
+    void viewerIsFoundByQt5dir_data();
+    void viewerIsFoundByQt5dir();
+    void failedStartOfTheViewerIsReported_data();
+    void failedStartOfTheViewerIsReported();
+    void failedStartOfTheViewerIsRetried();
 
-    void endOfTheAssistantClosesTheViewer();
-    void endOfTheAssistantKillsAViewerThatDoesNotHeed();
-    void endOfAnAssistantThatWasNeverAsked();
-    void endOfTheAssistantAfterTheViewer();
+    void deletingTheAssistantClosesTheViewer();
+    void assistantKillsAViewerThatIgnoresTerminate();
+    void deletingAnUnusedAssistant();
+    void deletingTheAssistantAfterTheViewerEnded();
 
 private:
     qint64 openViewer();
@@ -90,7 +90,7 @@ qint64 tst_Assistant::openViewer()
     return HelpViewer::processes().value(0);
 }
 
-void tst_Assistant::missingCollectionIsTold_data()
+void tst_Assistant::missingHelpCollectionIsReported_data()
 {
     QTest::addColumn<QVector<QByteArray>>("environment");
 
@@ -99,7 +99,7 @@ void tst_Assistant::missingCollectionIsTold_data()
     QTest::newRow("without QT5DIR, which nobody looks at") << entries({});
 }
 
-void tst_Assistant::missingCollectionIsTold()
+void tst_Assistant::missingHelpCollectionIsReported()
 {
     QFETCH(QVector<QByteArray>, environment);
     setViewerVariables(environment);
@@ -127,7 +127,7 @@ void tst_Assistant::viewerGetsItsArguments()
     QVERIFY(m_dialogs->boxes.isEmpty());
 }
 
-void tst_Assistant::viewerIsToldWhatToShow()
+void tst_Assistant::viewerGetsThePageToShow()
 {
     m_assistant->showDocumentation();
     QTRY_COMPARE(HelpViewer::input(), helpCommands());
@@ -156,7 +156,7 @@ void tst_Assistant::closedViewerIsStartedAgain()
     QVERIFY(m_dialogs->boxes.isEmpty());
 }
 
-void tst_Assistant::viewerBelowTheVariable_data()
+void tst_Assistant::viewerIsFoundByQt5dir_data()
 {
     QTest::addColumn<QVector<QByteArray>>("environment");
     QTest::addColumn<QString>("directory");
@@ -180,7 +180,7 @@ void tst_Assistant::viewerBelowTheVariable_data()
         << entries({"qt5dir=/tmp/two", "QT5DIR=/tmp/one"}) << QStringLiteral("/tmp/one");
 }
 
-void tst_Assistant::viewerBelowTheVariable()
+void tst_Assistant::viewerIsFoundByQt5dir()
 {
     QFETCH(QVector<QByteArray>, environment);
     QFETCH(QString, directory);
@@ -193,7 +193,7 @@ void tst_Assistant::viewerBelowTheVariable()
     qunsetenv("SOME_PLACE");
 }
 
-void tst_Assistant::viewerThatCannotBeStarted_data()
+void tst_Assistant::failedStartOfTheViewerIsReported_data()
 {
     QTest::addColumn<QString>("directory");
 
@@ -202,7 +202,7 @@ void tst_Assistant::viewerThatCannotBeStarted_data()
     QTest::newRow("a file that is no program") << QStringLiteral("/tmp/file");
 }
 
-void tst_Assistant::viewerThatCannotBeStarted()
+void tst_Assistant::failedStartOfTheViewerIsReported()
 {
     QFETCH(QString, directory);
     QVERIFY(writeFile(QStringLiteral("/tmp/directory/bin/assistant/file"), "text"));
@@ -219,7 +219,7 @@ void tst_Assistant::viewerThatCannotBeStarted()
     QCOMPARE(box.parent, nullptr);
 }
 
-void tst_Assistant::viewerThatCouldNotBeStartedIsTriedAgain()
+void tst_Assistant::failedStartOfTheViewerIsRetried()
 {
     setViewerVariables(entries({"QT5DIR=/tmp/later"}));
     m_assistant->showDocumentation();
@@ -229,7 +229,7 @@ void tst_Assistant::viewerThatCouldNotBeStartedIsTriedAgain()
     QCOMPARE(m_dialogs->boxes.size(), 1);
 }
 
-void tst_Assistant::endOfTheAssistantClosesTheViewer()
+void tst_Assistant::deletingTheAssistantClosesTheViewer()
 {
     const qint64 process = openViewer();
     QVERIFY(process != 0);
@@ -238,7 +238,7 @@ void tst_Assistant::endOfTheAssistantClosesTheViewer()
     QVERIFY(HelpViewer::wasTerminated());
 }
 
-void tst_Assistant::endOfTheAssistantKillsAViewerThatDoesNotHeed()
+void tst_Assistant::assistantKillsAViewerThatIgnoresTerminate()
 {
     QVERIFY(HelpViewer::install(QStringLiteral("/tmp/deaf"), Obedience::EndsOnlyWhenKilled));
     setViewerVariables(entries({"QT5DIR=/tmp/deaf"}));
@@ -251,13 +251,13 @@ void tst_Assistant::endOfTheAssistantKillsAViewerThatDoesNotHeed()
     QVERIFY(!HelpViewer::isThere(process));
 }
 
-void tst_Assistant::endOfAnAssistantThatWasNeverAsked()
+void tst_Assistant::deletingAnUnusedAssistant()
 {
     m_assistant.reset();
     QVERIFY(HelpViewer::processes().isEmpty());
 }
 
-void tst_Assistant::endOfTheAssistantAfterTheViewer()
+void tst_Assistant::deletingTheAssistantAfterTheViewerEnded()
 {
     const qint64 process = openViewer();
     QVERIFY(process != 0);

@@ -28,7 +28,7 @@ private Q_SLOTS:
     void cleanup();
 
     void withoutQt5dirTheProgramAborts();
-    void withoutACollectionQt5dirIsNotNeeded();
+    void missingHelpCollectionIsCheckedBeforeQt5dir();
     void viewerOutlivesTheProgram();
     void aboutTellsThePlatformsVersion_data();
     void aboutTellsThePlatformsVersion();
@@ -84,7 +84,7 @@ void tst_HelpProcess::withoutQt5dirTheProgramAborts()
              qPrintable(fatal.first()));
 }
 
-void tst_HelpProcess::withoutACollectionQt5dirIsNotNeeded()
+void tst_HelpProcess::missingHelpCollectionIsCheckedBeforeQt5dir()
 {
     removeHelpCollection();
     startEditor();

@@ -131,25 +131,25 @@ class tst_Preferences : public WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void formIsAsDescribed();
+    void layoutOfTheForm();
     void partsInOrder();
     void rowsAndColumns();
     void spacerBeforeTheColor();
     void textsOfTheForm();
-    void nothingIsCutOff_data();
-    void nothingIsCutOff();
-    void opensOverItsParent();
+    void noTextIsClipped_data();
+    void noTextIsClipped();
+    void isShownAtItsPositionInTheParent();
     void opensWithoutAParent();
 
     void showsThePreferences();
-    void showsAColorThatIsNone();
-    void givesWhatIsShown();
-    void leavesTheRest();
+    void invalidColorIsShown();
+    void resultsAreTheShownValues();
+    void otherPreferencesAreKept();
     void unchangedFamilyStays_data();
     void unchangedFamilyStays();
     void colorIsChosen();
     void colorDialogBeginsWithTheColor();
-    void cancelledColorIsNone();
+    void cancelledColorDialogKeepsTheColor();
 
     void hiddenDialogIsRejected();
     void acceptedDialogIsNotRejected();
@@ -159,12 +159,12 @@ private Q_SLOTS:
     void windowShowsItsPreferences();
     void okIsApplied();
     void okGivesSyntaxFontItsSize();
-    void okWithoutAChangeKeepsAMissingFamily();
+    void okWithoutAChangeKeepsAMissingFontFamily();
     void okMarksWrongCellsInTheNewColor();
     void okFitsTheColumns();
     void cancelChangesNothing_data();
     void cancelChangesNothing();
-    void nothingIsStoredBeforeTheEnd();
+    void nothingIsStoredBeforeTheWindowCloses();
     void dialogsStayWithTheWindow();
 
 private:
@@ -180,7 +180,7 @@ void tst_Preferences::whenAsked(const ModalDialogs::Answer& answer)
 
 // ---- The form ----------------------------------------------------------------------------------
 
-void tst_Preferences::formIsAsDescribed()
+void tst_Preferences::layoutOfTheForm()
 {
     Preferences dialog(m_window.get());
     QCOMPARE(dialog.objectName(), QStringLiteral("Preferences"));
@@ -256,7 +256,7 @@ void tst_Preferences::textsOfTheForm()
     QCOMPARE(buttons->standardButtons(), QDialogButtonBox::Cancel | QDialogButtonBox::Ok);
 }
 
-void tst_Preferences::nothingIsCutOff_data()
+void tst_Preferences::noTextIsClipped_data()
 {
     QTest::addColumn<QString>("family");
     QTest::addColumn<int>("size");
@@ -268,7 +268,7 @@ void tst_Preferences::nothingIsCutOff_data()
 }
 
 // The dialog has a fixed font size, so that a large application font fits.
-void tst_Preferences::nothingIsCutOff()
+void tst_Preferences::noTextIsClipped()
 {
     QFETCH(QString, family);
     QFETCH(int, size);
@@ -298,7 +298,7 @@ void tst_Preferences::nothingIsCutOff()
     QVERIFY(fontBox(&dialog)->width() >= 120);
 }
 
-void tst_Preferences::opensOverItsParent()
+void tst_Preferences::isShownAtItsPositionInTheParent()
 {
     m_dialogs.reset();
     m_window->move(150, 130);
@@ -336,7 +336,7 @@ void tst_Preferences::showsThePreferences()
     QVERIFY(colorLabel(&dialog)->autoFillBackground());
 }
 
-void tst_Preferences::showsAColorThatIsNone()
+void tst_Preferences::invalidColorIsShown()
 {
     preference_results prefs = somePreferences();
     prefs.syntaxColor = QColor();
@@ -347,7 +347,7 @@ void tst_Preferences::showsAColorThatIsNone()
     QVERIFY(!prefs.syntaxColor.isValid());
 }
 
-void tst_Preferences::givesWhatIsShown()
+void tst_Preferences::resultsAreTheShownValues()
 {
     Preferences dialog;
     dialog.setDefaults(somePreferences());
@@ -361,7 +361,7 @@ void tst_Preferences::givesWhatIsShown()
     QCOMPARE(results.syntaxColor, QColor(Qt::blue));
 }
 
-void tst_Preferences::leavesTheRest()
+void tst_Preferences::otherPreferencesAreKept()
 {
     Preferences dialog;
     dialog.setDefaults(preference_results());
@@ -425,7 +425,7 @@ void tst_Preferences::colorDialogBeginsWithTheColor()
     QCOMPARE(parent, nullptr);
 }
 
-void tst_Preferences::cancelledColorIsNone()
+void tst_Preferences::cancelledColorDialogKeepsTheColor()
 {
     Preferences dialog;
     dialog.setDefaults(somePreferences());
@@ -534,7 +534,7 @@ void tst_Preferences::okGivesSyntaxFontItsSize()
     QCOMPARE(m_window->syntaxFont().family(), SERIF);
 }
 
-void tst_Preferences::okWithoutAChangeKeepsAMissingFamily()
+void tst_Preferences::okWithoutAChangeKeepsAMissingFontFamily()
 {
     QVERIFY(writeSettingsLines("editorFont=No Such Family\n"));
     m_window->readSettings();
@@ -623,7 +623,7 @@ void tst_Preferences::cancelChangesNothing()
     QCOMPARE(QApplication::font(), before.editorFont);
 }
 
-void tst_Preferences::nothingIsStoredBeforeTheEnd()
+void tst_Preferences::nothingIsStoredBeforeTheWindowCloses()
 {
     m_window->readSettings();
     whenAsked([](QDialog* dialog) {

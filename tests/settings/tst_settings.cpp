@@ -96,35 +96,35 @@ private Q_SLOTS:
     void storedValue();
     void storedFile_data();
     void storedFile();
-    void uselessValue_data();
-    void uselessValue();
-    void uselessFile_data();
-    void uselessFile();
+    void invalidSettingsValue_data();
+    void invalidSettingsValue();
+    void invalidSettingsFile_data();
+    void invalidSettingsFile();
     void unreadableFile();
-    void hugeFontsDoNoHarm_data();
-    void hugeFontsDoNoHarm();
+    void hugeFontSizes_data();
+    void hugeFontSizes();
     void editorFontBecomesTheApplications();
     void syntaxFontIsTheFamilyAlone();
-    void familyThatTheMachineHasNot();
+    void missingFontFamilyIsKept();
     void windowIsNeverSmallerThanItsForm();
     void viewsMeasureInTheEditorFont();
 
     void everyKeyIsWritten();
     void textOfTheFile();
-    void boldFrom_data();
-    void boldFrom();
-    void italicUnlessUpright_data();
-    void italicUnlessUpright();
+    void weightsStoredAsBold_data();
+    void weightsStoredAsBold();
+    void stylesStoredAsItalic_data();
+    void stylesStoredAsItalic();
     void sizesComeFromTheFonts();
     void syntaxFontSizeOfAStoredFamily();
-    void nothingIsWrittenBeforeTheEnd();
+    void nothingIsWrittenBeforeTheWindowCloses();
     void cancelledCloseWritesNothing();
-    void nextRunIsAsTheLastOneEnded();
-    void lastWindowToCloseWins();
-    void keysOfOthersStay();
+    void settingsAreRestoredInTheNextRun();
+    void settingsOfTheWindowClosedLastAreKept();
+    void unknownKeysAreKept();
 
-    void unwritable_data();
-    void unwritable();
+    void settingsThatCannotBeWritten_data();
+    void settingsThatCannotBeWritten();
 };
 
 // ---- Reading -----------------------------------------------------------------------------------
@@ -214,7 +214,7 @@ void tst_Settings::storedFile()
     QTEST(factsOf(*m_window), "expected");
 }
 
-void tst_Settings::uselessValue_data()
+void tst_Settings::invalidSettingsValue_data()
 {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<QString>("key");
@@ -247,7 +247,7 @@ void tst_Settings::uselessValue_data()
     row("a size that no integer holds", "editorFontSize=99999999999999999999", 0);
 }
 
-void tst_Settings::uselessValue()
+void tst_Settings::invalidSettingsValue()
 {
     QFETCH(QByteArray, line);
     QFETCH(QString, key);
@@ -260,7 +260,7 @@ void tst_Settings::uselessValue()
     QVERIFY(m_dialogs->boxes.isEmpty());
 }
 
-void tst_Settings::uselessFile_data()
+void tst_Settings::invalidSettingsFile_data()
 {
     QTest::addColumn<QByteArray>("file");
     QByteArray everyByte;
@@ -282,7 +282,7 @@ void tst_Settings::uselessFile_data()
         << QByteArrayLiteral("[General]\nsyntaxFont=\"DejaVu Serif\nsyntaxBold=true\n");
 }
 
-void tst_Settings::uselessFile()
+void tst_Settings::invalidSettingsFile()
 {
     QFETCH(QByteArray, file);
     QVERIFY(writeWholeFile(file));
@@ -303,7 +303,7 @@ void tst_Settings::unreadableFile()
     QVERIFY(m_dialogs->boxes.isEmpty());
 }
 
-void tst_Settings::hugeFontsDoNoHarm_data()
+void tst_Settings::hugeFontSizes_data()
 {
     QTest::addColumn<QByteArray>("lines");
 
@@ -315,7 +315,7 @@ void tst_Settings::hugeFontsDoNoHarm_data()
         << QByteArrayLiteral("pos=@Point(2147483647 -2147483648)\n");
 }
 
-void tst_Settings::hugeFontsDoNoHarm()
+void tst_Settings::hugeFontSizes()
 {
     QFETCH(QByteArray, lines);
     QVERIFY(writeSettingsLines(lines));
@@ -346,7 +346,7 @@ void tst_Settings::syntaxFontIsTheFamilyAlone()
     QCOMPARE(m_window->syntaxFont().style(), family.style());
 }
 
-void tst_Settings::familyThatTheMachineHasNot()
+void tst_Settings::missingFontFamilyIsKept()
 {
     QVERIFY(writeSettingsLines("editorFont=No Such Family\n"));
     m_window->readSettings();
@@ -418,7 +418,7 @@ void tst_Settings::textOfTheFile()
     QCOMPARE(lines, expected);
 }
 
-void tst_Settings::boldFrom_data()
+void tst_Settings::weightsStoredAsBold_data()
 {
     QTest::addColumn<int>("weight");
     QTest::addColumn<bool>("bold");
@@ -430,7 +430,7 @@ void tst_Settings::boldFrom_data()
 }
 
 // The font's weight decides, not the stored flags.
-void tst_Settings::boldFrom()
+void tst_Settings::weightsStoredAsBold()
 {
     QFETCH(int, weight);
     QFETCH(bool, bold);
@@ -441,7 +441,7 @@ void tst_Settings::boldFrom()
     QCOMPARE(stored(QStringLiteral("syntaxBold")).toBool(), bold);
 }
 
-void tst_Settings::italicUnlessUpright_data()
+void tst_Settings::stylesStoredAsItalic_data()
 {
     QTest::addColumn<int>("style");
     QTest::addColumn<bool>("italic");
@@ -451,7 +451,7 @@ void tst_Settings::italicUnlessUpright_data()
     QTest::newRow("oblique") << int(QFont::StyleOblique) << true;
 }
 
-void tst_Settings::italicUnlessUpright()
+void tst_Settings::stylesStoredAsItalic()
 {
     QFETCH(int, style);
     QFETCH(bool, italic);
@@ -489,7 +489,7 @@ void tst_Settings::syntaxFontSizeOfAStoredFamily()
     QCOMPARE(stored(QStringLiteral("editorFontSize")).toInt(), 21);
 }
 
-void tst_Settings::nothingIsWrittenBeforeTheEnd()
+void tst_Settings::nothingIsWrittenBeforeTheWindowCloses()
 {
     m_window->readSettings();
     m_window->show();
@@ -510,7 +510,7 @@ void tst_Settings::cancelledCloseWritesNothing()
     QVERIFY(!QFileInfo::exists(settingsPath()));
 }
 
-void tst_Settings::nextRunIsAsTheLastOneEnded()
+void tst_Settings::settingsAreRestoredInTheNextRun()
 {
     QVERIFY(writeSettingsLines(otherSettings()));
     m_window->readSettings();
@@ -527,7 +527,7 @@ void tst_Settings::nextRunIsAsTheLastOneEnded()
     QCOMPARE(m_window->syntaxFont().family(), QStringLiteral("DejaVu Serif"));
 }
 
-void tst_Settings::lastWindowToCloseWins()
+void tst_Settings::settingsOfTheWindowClosedLastAreKept()
 {
     m_window->readSettings();
     MainWindow other(nullptr);
@@ -539,7 +539,7 @@ void tst_Settings::lastWindowToCloseWins()
     QCOMPARE(stored(QStringLiteral("pos")).toPoint(), QPoint(61, 83));
 }
 
-void tst_Settings::keysOfOthersStay()
+void tst_Settings::unknownKeysAreKept()
 {
     QVERIFY(writeSettingsLines("theirs=5\n"));
     m_window->readSettings();
@@ -549,7 +549,7 @@ void tst_Settings::keysOfOthersStay()
 
 // ---- Places that refuse ------------------------------------------------------------------------
 
-void tst_Settings::unwritable_data()
+void tst_Settings::settingsThatCannotBeWritten_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("readOnly");
@@ -561,7 +561,7 @@ void tst_Settings::unwritable_data()
     QTest::newRow("a file in the folder's place") << FOLDER << QString();
 }
 
-void tst_Settings::unwritable()
+void tst_Settings::settingsThatCannotBeWritten()
 {
     QFETCH(QString, file);
     QFETCH(QString, readOnly);

@@ -44,17 +44,17 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void windowIsAsItWasLeft();
+    void windowIsRestored();
     void fileOfTheCommandLineComesFirst();
-    void pipeIsNotRead_data();
-    void pipeIsNotRead();
-    void pipeIsNotWritten_data();
-    void pipeIsNotWritten();
+    void fifoIsNotRead_data();
+    void fifoIsNotRead();
+    void fifoIsNotWritten_data();
+    void fifoIsNotWritten();
 
 private:
     bool isShown();
     bool closes();
-    void compareWithWhatIsLeft();
+    void compareWithStoredSettings();
 
     std::unique_ptr<DeskProcess> m_desk;
     std::unique_ptr<EditorProcess> m_editor;
@@ -92,7 +92,7 @@ bool tst_SettingsProcess::closes()
 }
 
 // The file is removed before the window closes, so that the new one has only what the window wrote.
-void tst_SettingsProcess::compareWithWhatIsLeft()
+void tst_SettingsProcess::compareWithStoredSettings()
 {
     QVERIFY(QFile::remove(settingsPath()));
     QVERIFY(closes());
@@ -103,12 +103,12 @@ void tst_SettingsProcess::compareWithWhatIsLeft()
     QCOMPARE(stored(QStringLiteral("editorFontSize")).toInt(), 15);
 }
 
-void tst_SettingsProcess::windowIsAsItWasLeft()
+void tst_SettingsProcess::windowIsRestored()
 {
     QVERIFY(writeSomeSettings());
     QVERIFY(m_editor->start());
     QVERIFY(isShown());
-    compareWithWhatIsLeft();
+    compareWithStoredSettings();
 }
 
 // The settings are read after the message box about the unreadable file.
@@ -120,21 +120,20 @@ void tst_SettingsProcess::fileOfTheCommandLineComesFirst()
     QVERIFY(writeSomeSettings());
     m_editor->ask(QStringLiteral("press ok"));
     QVERIFY(isShown());
-    compareWithWhatIsLeft();
+    compareWithStoredSettings();
 }
 
-void tst_SettingsProcess::pipeIsNotRead_data()
+void tst_SettingsProcess::fifoIsNotRead_data()
 {
     QTest::addColumn<QString>("path");
 
     QTest::newRow("for the settings") << settingsPath();
-    QTest::newRow("for Qt's fallback settings")
-        << QStringLiteral("/specs/qt/ScribonUI.conf");
+    QTest::newRow("for Qt's fallback settings") << QStringLiteral("/specs/qt/ScribonUI.conf");
     QTest::newRow("for the lock") << settingsPath() + QStringLiteral(".lock");
 }
 
 // Opening a FIFO would block.
-void tst_SettingsProcess::pipeIsNotRead()
+void tst_SettingsProcess::fifoIsNotRead()
 {
     QFETCH(QString, path);
     QVERIFY(writeSomeSettings());
@@ -144,12 +143,12 @@ void tst_SettingsProcess::pipeIsNotRead()
     QVERIFY(isShown());
 }
 
-void tst_SettingsProcess::pipeIsNotWritten_data()
+void tst_SettingsProcess::fifoIsNotWritten_data()
 {
-    pipeIsNotRead_data();
+    fifoIsNotRead_data();
 }
 
-void tst_SettingsProcess::pipeIsNotWritten()
+void tst_SettingsProcess::fifoIsNotWritten()
 {
     QFETCH(QString, path);
     QVERIFY(m_editor->start());

@@ -51,7 +51,7 @@ private Q_SLOTS:
     void formats();
     void fatalMessageAborts();
     void textIsInTheLocalEncoding();
-    void logMacrosEndThere();
+    void messageHandlerWritesQDebugToStandardError();
 };
 
 void tst_MessageOutput::formats_data()
@@ -100,7 +100,7 @@ void tst_MessageOutput::textIsInTheLocalEncoding()
     QCOMPARE(outcome.output, "Debug: " + degrees.toLocal8Bit() + " \n");
 }
 
-void tst_MessageOutput::logMacrosEndThere()
+void tst_MessageOutput::messageHandlerWritesQDebugToStandardError()
 {
     QTemporaryFile output;
     QVERIFY(output.open());

@@ -23,10 +23,10 @@ class tst_Places : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
-    void everythingOfTheTestGoes_data();
-    void everythingOfTheTestGoes();
-    void linksAreNotFollowed();
-    void theSessionStays();
+    void filesOfTheTestAreRemoved_data();
+    void filesOfTheTestAreRemoved();
+    void linksAreRemovedNotFollowed();
+    void sessionDirectoriesAreKept();
 };
 
 void tst_Places::initTestCase()
@@ -34,7 +34,7 @@ void tst_Places::initTestCase()
     QVERIFY2(inPrivateNamespace(), "run this through scripts/in-namespace");
 }
 
-void tst_Places::everythingOfTheTestGoes_data()
+void tst_Places::filesOfTheTestAreRemoved_data()
 {
     QTest::addColumn<QString>("place");
     QTest::newRow("the spec files") << QStringLiteral("/specs");
@@ -43,7 +43,7 @@ void tst_Places::everythingOfTheTestGoes_data()
     QTest::newRow("the small disk") << QStringLiteral("/small-disk");
 }
 
-void tst_Places::everythingOfTheTestGoes()
+void tst_Places::filesOfTheTestAreRemoved()
 {
     QFETCH(QString, place);
     const QString made = place + QStringLiteral("/made here");
@@ -55,7 +55,7 @@ void tst_Places::everythingOfTheTestGoes()
     QVERIFY(!QFileInfo::exists(made));
 }
 
-void tst_Places::linksAreNotFollowed()
+void tst_Places::linksAreRemovedNotFollowed()
 {
     QVERIFY(writeFile(QStringLiteral("/dev/shm/scribon-places/file"), "text"));
     QVERIFY(QFile::link(QStringLiteral("/dev/shm/scribon-places"), QStringLiteral("/specs/link")));
@@ -65,7 +65,7 @@ void tst_Places::linksAreNotFollowed()
     QVERIFY(QDir(QStringLiteral("/dev/shm/scribon-places")).removeRecursively());
 }
 
-void tst_Places::theSessionStays()
+void tst_Places::sessionDirectoriesAreKept()
 {
     emptyPlaces();
     QVERIFY(QFileInfo(qEnvironmentVariable("XDG_RUNTIME_DIR")).isDir());

@@ -55,7 +55,7 @@ private Q_SLOTS:
     void commandLine();
     void scratchFileIsOpened();
     void namedFileReplacesTheScratchFile();
-    void unreadableFileIsTold();
+    void unreadableFileIsReported();
     void callsInOrder();
     void applicationIsSetUp();
     void resourcesOpen();
@@ -64,10 +64,10 @@ private Q_SLOTS:
     void closingTheWindowEndsTheProgram();
 
     void withoutThePlatform();
-    void withoutThePlatformNothingIsRead();
-    void pipeInPlaceOfThePlatform();
+    void withoutThePlatformNoFileIsRead();
+    void fifoInPlaceOfThePlatform();
     void withoutThePlatformOnADisplay();
-    void platformThatWasKilledIsGone();
+    void killedPlatformIsDetected();
 
 private:
     std::unique_ptr<DeskProcess> m_desk;
@@ -143,7 +143,7 @@ void tst_Startup::namedFileReplacesTheScratchFile()
     QCOMPARE(window.value(QLatin1String("news")).toString(), QStringLiteral("File loaded"));
 }
 
-void tst_Startup::unreadableFileIsTold()
+void tst_Startup::unreadableFileIsReported()
 {
     QVERIFY(m_editor->start({QStringLiteral("none")}));
     const QJsonObject box = m_editor->window(BOX_TITLE);
@@ -265,7 +265,7 @@ void tst_Startup::withoutThePlatform()
     QCOMPARE(m_editor->status(), 1);
 }
 
-void tst_Startup::withoutThePlatformNothingIsRead()
+void tst_Startup::withoutThePlatformNoFileIsRead()
 {
     QVERIFY(m_desk->terminate());
     QVERIFY(writeFile(SCRATCH, goodSpec()));
@@ -277,7 +277,7 @@ void tst_Startup::withoutThePlatformNothingIsRead()
 }
 
 // No process writes to the FIFO: opening it would block for ever.
-void tst_Startup::pipeInPlaceOfThePlatform()
+void tst_Startup::fifoInPlaceOfThePlatform()
 {
     QVERIFY(m_desk->terminate());
     const QString directory = sharedMemoryPath(m_desk->name(), QStringLiteral("directory"));
@@ -308,7 +308,7 @@ void tst_Startup::withoutThePlatformOnADisplay()
     QCOMPARE(m_editor->status(), 1);
 }
 
-void tst_Startup::platformThatWasKilledIsGone()
+void tst_Startup::killedPlatformIsDetected()
 {
     QVERIFY(m_desk->kill());
     QVERIFY(m_editor->start());

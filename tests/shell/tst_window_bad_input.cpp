@@ -51,13 +51,13 @@ class tst_WindowBadInput : public WindowTest {
 private Q_SLOTS:
     void unreadable_data();
     void unreadable();
-    void unreadableByOpen_data() { unreadable_data(); }
-    void unreadableByOpen();
-    void verdicts_data();
-    void verdicts();
+    void openOfAnUnreadableFile_data() { unreadable_data(); }
+    void openOfAnUnreadableFile();
+    void validAndInvalidFiles_data();
+    void validAndInvalidFiles();
     void longWordAsAValue();
-    void namesThatAreNoNames_data();
-    void namesThatAreNoNames();
+    void invalidNames_data();
+    void invalidNames();
 
 private:
     void make(const QString& kind);
@@ -120,7 +120,7 @@ void tst_WindowBadInput::unreadable()
 }
 
 // The file dialog may refuse some of these; the document is kept then, too.
-void tst_WindowBadInput::unreadableByOpen()
+void tst_WindowBadInput::openOfAnUnreadableFile()
 {
     QFETCH(QString, kind);
     loadGoodFile();
@@ -133,7 +133,7 @@ void tst_WindowBadInput::unreadableByOpen()
     QVERIFY(m_window->save());
 }
 
-void tst_WindowBadInput::verdicts_data()
+void tst_WindowBadInput::validAndInvalidFiles_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("title");
@@ -152,7 +152,7 @@ void tst_WindowBadInput::verdicts_data()
         << QByteArray("@SCRIBON\nname\n@DESCRIPTION\n'begins here\n") << NAME;
 }
 
-void tst_WindowBadInput::verdicts()
+void tst_WindowBadInput::validAndInvalidFiles()
 {
     QFETCH(QByteArray, text);
     m_window->show();
@@ -178,7 +178,7 @@ void tst_WindowBadInput::longWordAsAValue()
     QVERIFY(readFile(GOOD).contains("@GROUP\n" + word + "\n"));
 }
 
-void tst_WindowBadInput::namesThatAreNoNames_data()
+void tst_WindowBadInput::invalidNames_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("no name") << QString();
@@ -190,7 +190,7 @@ void tst_WindowBadInput::namesThatAreNoNames_data()
     QTest::newRow("a name with a line end") << QStringLiteral("na\nme");
 }
 
-void tst_WindowBadInput::namesThatAreNoNames()
+void tst_WindowBadInput::invalidNames()
 {
     QFETCH(QString, name);
     loadGoodFile();

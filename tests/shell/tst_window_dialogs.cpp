@@ -46,10 +46,10 @@ private Q_SLOTS:
     void newAsksForAName();
     void newWritesItsTextAndLoadsIt();
     void newFileHasEveryRequiredKeyword();
-    void newReplacesAFileThatItMayReplace();
-    void newOnAFileThatCannotBeWrittenLoadsWhatIsThere();
-    void newWhereNothingCanBeWrittenSaysSo_data();
-    void newWhereNothingCanBeWrittenSaysSo();
+    void newReplacesAWritableFile();
+    void newOnAReadOnlyFileLoadsTheFile();
+    void newReportsAnUnwritableDirectory_data();
+    void newReportsAnUnwritableDirectory();
     void cancelledNewLeavesTheDocument();
 
     void openAsksForAName();
@@ -107,7 +107,7 @@ void tst_WindowDialogs::newFileHasEveryRequiredKeyword()
                  keyword.spelling);
 }
 
-void tst_WindowDialogs::newReplacesAFileThatItMayReplace()
+void tst_WindowDialogs::newReplacesAWritableFile()
 {
     loadGoodFile(largeSpec(1000));
     m_dialogs->chooseFile(GOOD);
@@ -116,7 +116,7 @@ void tst_WindowDialogs::newReplacesAFileThatItMayReplace()
     QCOMPARE(readFile(GOOD), newFileText());
 }
 
-void tst_WindowDialogs::newOnAFileThatCannotBeWrittenLoadsWhatIsThere()
+void tst_WindowDialogs::newOnAReadOnlyFileLoadsTheFile()
 {
     QVERIFY(writeFile(ENGINE, goodSpec()));
     QVERIFY(QFile::setPermissions(ENGINE, QFileDevice::ReadOwner));
@@ -129,7 +129,7 @@ void tst_WindowDialogs::newOnAFileThatCannotBeWrittenLoadsWhatIsThere()
     QCOMPARE(m_dialogs->boxes.size(), 1);
 }
 
-void tst_WindowDialogs::newWhereNothingCanBeWrittenSaysSo_data()
+void tst_WindowDialogs::newReportsAnUnwritableDirectory_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("reason");
@@ -141,7 +141,7 @@ void tst_WindowDialogs::newWhereNothingCanBeWrittenSaysSo_data()
         << QStringLiteral("/specs/locked/engine") << QStringLiteral("No such file or directory");
 }
 
-void tst_WindowDialogs::newWhereNothingCanBeWrittenSaysSo()
+void tst_WindowDialogs::newReportsAnUnwritableDirectory()
 {
     QFETCH(QString, name);
     loadGoodFile();

@@ -65,16 +65,16 @@ private Q_SLOTS:
     void scratchFile_data();
     void scratchFile();
 
-    void titleTellsTheState();
+    void titleShowsTheState();
     void fiveTabsShowTheFile();
-    void viewsAreArranged();
+    void viewsAreSetUp();
     void columnsFitTheirTexts();
-    void newsOfALoadGoesAfterTwoSeconds();
-    void secondTryBelowSpecs_data();
-    void secondTryBelowSpecs();
-    void nameInTheWorkingDirectoryComesFirst();
-    void noSecondTryForNamesWithSpecs_data();
-    void noSecondTryForNamesWithSpecs();
+    void messageOfALoadIsShownForTwoSeconds();
+    void specsDirectoryIsTriedNext_data();
+    void specsDirectoryIsTriedNext();
+    void workingDirectoryIsTriedFirst();
+    void specsDirectoryIsNotTriedForNamesWithSpecs_data();
+    void specsDirectoryIsNotTriedForNamesWithSpecs();
     void unreadableFileLeavesTheDocument();
     void fileVanishesBetweenTheTwoOpens();
     void fileTurnsIntoAPipeBetweenTheTwoOpens();
@@ -84,23 +84,23 @@ private Q_SLOTS:
 
     void loadClearsTheUndoStacks();
     void failedLoadClearsTheUndoStacks();
-    void reloadReplacesEverything();
-    void loadsLeaveNothingBehind();
+    void reloadReplacesAllTabs();
+    void loadsDoNotLeakObjects();
     void newDocumentIsDirtyAndUnmodified();
 
     void failedLoadKeepsTheOldModels();
-    void failedLoadTurnsRowActionsOff();
-    void failedLoadLeavesViewsThatPaint();
-    void failedLoadLeavesViewsThatTakeKeys_data();
-    void failedLoadLeavesViewsThatTakeKeys();
-    void goodLoadAfterAFailedOne();
+    void failedLoadDisablesRowActions();
+    void viewsCanPaintAfterAFailedLoad();
+    void viewsAcceptKeysAfterAFailedLoad_data();
+    void viewsAcceptKeysAfterAFailedLoad();
+    void loadAfterAFailedLoad();
     void twoFailedLoads();
 
     void windowOnOneFile();
     void windowOnOneFileCountsItsErrors();
     void windowOnOneBadFile();
-    void parserIsFreedWithTheWindow();
-    void windowGivesAccessWhileItLives();
+    void parserIsFreedWhenTheWindowIsDeleted();
+    void editorAccessIsSetWhileTheWindowExists();
 };
 
 void tst_WindowDocument::startsWithNothingLoaded()
@@ -157,7 +157,7 @@ void tst_WindowDocument::scratchFile()
     QVERIFY(m_dialogs->boxes.isEmpty());
 }
 
-void tst_WindowDocument::titleTellsTheState()
+void tst_WindowDocument::titleShowsTheState()
 {
     QCOMPARE(titleOf(*m_window), NOTHING);
     QVERIFY(writeFile(BAD, badSpec()));
@@ -203,7 +203,7 @@ void tst_WindowDocument::fiveTabsShowTheFile()
     QVERIFY(!actionOf(*m_window, "removeRowAction")->isEnabled());
 }
 
-void tst_WindowDocument::viewsAreArranged()
+void tst_WindowDocument::viewsAreSetUp()
 {
     loadGoodFile();
     QSet<QAbstractItemDelegate*> delegates;
@@ -233,7 +233,7 @@ void tst_WindowDocument::columnsFitTheirTexts()
             metrics.horizontalAdvance(QString::fromLatin1(longName)));
 }
 
-void tst_WindowDocument::newsOfALoadGoesAfterTwoSeconds()
+void tst_WindowDocument::messageOfALoadIsShownForTwoSeconds()
 {
     QElapsedTimer time;
     time.start();
@@ -244,7 +244,7 @@ void tst_WindowDocument::newsOfALoadGoesAfterTwoSeconds()
              qPrintable(QString::number(time.elapsed())));
 }
 
-void tst_WindowDocument::secondTryBelowSpecs_data()
+void tst_WindowDocument::specsDirectoryIsTriedNext_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("place");
@@ -259,7 +259,7 @@ void tst_WindowDocument::secondTryBelowSpecs_data()
         << QStringLiteral("Pr\u00fcfling") << QStringLiteral("/specs/Pr\u00fcfling");
 }
 
-void tst_WindowDocument::secondTryBelowSpecs()
+void tst_WindowDocument::specsDirectoryIsTriedNext()
 {
     QFETCH(QString, name);
     QFETCH(QString, place);
@@ -272,7 +272,7 @@ void tst_WindowDocument::secondTryBelowSpecs()
     QVERIFY(m_dialogs->boxes.isEmpty());
 }
 
-void tst_WindowDocument::nameInTheWorkingDirectoryComesFirst()
+void tst_WindowDocument::workingDirectoryIsTriedFirst()
 {
     QDir::setCurrent(QStringLiteral("/tmp"));
     QVERIFY(writeFile(QStringLiteral("/specs/engine"), goodSpec()));
@@ -282,7 +282,7 @@ void tst_WindowDocument::nameInTheWorkingDirectoryComesFirst()
     QCOMPARE(rowTexts(*modelOf(*m_window, 0), 0).at(1), QStringLiteral("here"));
 }
 
-void tst_WindowDocument::noSecondTryForNamesWithSpecs_data()
+void tst_WindowDocument::specsDirectoryIsNotTriedForNamesWithSpecs_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("in the spec directory") << QStringLiteral("/specs/missing");
@@ -291,7 +291,7 @@ void tst_WindowDocument::noSecondTryForNamesWithSpecs_data()
     QTest::newRow("relative, with specs in the middle") << QStringLiteral("old/specs/missing");
 }
 
-void tst_WindowDocument::noSecondTryForNamesWithSpecs()
+void tst_WindowDocument::specsDirectoryIsNotTriedForNamesWithSpecs()
 {
     QFETCH(QString, name);
     QDir::setCurrent(QStringLiteral("/tmp"));
@@ -403,7 +403,7 @@ void tst_WindowDocument::failedLoadClearsTheUndoStacks()
     QVERIFY(!m_window->undoGroup->canUndo());
 }
 
-void tst_WindowDocument::reloadReplacesEverything()
+void tst_WindowDocument::reloadReplacesAllTabs()
 {
     loadGoodFile();
     QList<QPointer<QObject>> old;
@@ -423,7 +423,7 @@ void tst_WindowDocument::reloadReplacesEverything()
     QVERIFY(actionOf(*m_window, "removeRowAction")->isEnabled());
 }
 
-void tst_WindowDocument::loadsLeaveNothingBehind()
+void tst_WindowDocument::loadsDoNotLeakObjects()
 {
     QVERIFY(writeFile(BAD, badSpec()));
     loadGoodFile();
@@ -456,7 +456,7 @@ void tst_WindowDocument::failedLoadKeepsTheOldModels()
     QCOMPARE(columnTexts(*modelOf(*m_window, 1), 1).last(), QStringLiteral("torque"));
 }
 
-void tst_WindowDocument::failedLoadTurnsRowActionsOff()
+void tst_WindowDocument::failedLoadDisablesRowActions()
 {
     loadGoodFile();
     m_window->show();
@@ -480,7 +480,7 @@ void tst_WindowDocument::failedLoadTurnsRowActionsOff()
     QVERIFY(!actionOf(*m_window, "insertRowAction")->isEnabled());
 }
 
-void tst_WindowDocument::failedLoadLeavesViewsThatPaint()
+void tst_WindowDocument::viewsCanPaintAfterAFailedLoad()
 {
     m_window->show();
     failOverLoadedDocument();
@@ -493,7 +493,7 @@ void tst_WindowDocument::failedLoadLeavesViewsThatPaint()
     }
 }
 
-void tst_WindowDocument::failedLoadLeavesViewsThatTakeKeys_data()
+void tst_WindowDocument::viewsAcceptKeysAfterAFailedLoad_data()
 {
     QTest::addColumn<int>("key");
     QTest::newRow("down") << int(Qt::Key_Down);
@@ -508,7 +508,7 @@ void tst_WindowDocument::failedLoadLeavesViewsThatTakeKeys_data()
     QTest::newRow("escape") << int(Qt::Key_Escape);
 }
 
-void tst_WindowDocument::failedLoadLeavesViewsThatTakeKeys()
+void tst_WindowDocument::viewsAcceptKeysAfterAFailedLoad()
 {
     QFETCH(int, key);
     m_window->show();
@@ -527,7 +527,7 @@ void tst_WindowDocument::failedLoadLeavesViewsThatTakeKeys()
     }
 }
 
-void tst_WindowDocument::goodLoadAfterAFailedOne()
+void tst_WindowDocument::loadAfterAFailedLoad()
 {
     failOverLoadedDocument();
     loadGoodFile();
@@ -600,7 +600,7 @@ void tst_WindowDocument::windowOnOneBadFile()
     QVERIFY(!actionOf(window, "insertRowAction")->isEnabled());
 }
 
-void tst_WindowDocument::parserIsFreedWithTheWindow()
+void tst_WindowDocument::parserIsFreedWhenTheWindowIsDeleted()
 {
     loadGoodFile();
     QVERIFY(getTree() != nullptr);
@@ -610,7 +610,7 @@ void tst_WindowDocument::parserIsFreedWithTheWindow()
 }
 
 // What models and delegates use of the window, and what they get after it is gone.
-void tst_WindowDocument::windowGivesAccessWhileItLives()
+void tst_WindowDocument::editorAccessIsSetWhileTheWindowExists()
 {
     EditorAccess* access = &editorAccess();
     QCOMPARE(access->activeUndoStack(), m_window->undoGroup->activeStack());

@@ -50,12 +50,12 @@ private Q_SLOTS:
     void undoMenuEntriesFollowTheTab();
     void rowActionsAreConnected();
     void rowActionsByKey();
-    void selectionDecidesOnRemoveRow();
-    void selectionOfTheCurrentTabDecides();
-    void editMenuLooksAgain();
-    void withoutADocumentTheyAreOff();
-    void contextMenuOpensWhereItAlwaysDid_data();
-    void contextMenuOpensWhereItAlwaysDid();
+    void removeActionsNeedASelection();
+    void removeActionsUseTheSelectionOfTheCurrentTab();
+    void editMenuUpdatesTheActions();
+    void rowActionsAreDisabledWithoutADocument();
+    void contextMenuOpensAtTheWindowPosition_data();
+    void contextMenuOpensAtTheWindowPosition();
     void firstColumnSpanned();
     void quitActionQuits();
     void closeActionCloses();
@@ -350,7 +350,7 @@ void tst_WindowRows::rowActionsByKey()
     QCOMPARE(view->model()->rowCount(), 9);
 }
 
-void tst_WindowRows::selectionDecidesOnRemoveRow()
+void tst_WindowRows::removeActionsNeedASelection()
 {
     loadGoodFile();
     const QAction* const remove = actionOf(*m_window, "removeRowAction");
@@ -366,7 +366,7 @@ void tst_WindowRows::selectionDecidesOnRemoveRow()
     QVERIFY(actionOf(*m_window, "insertColumnAction")->isEnabled());
 }
 
-void tst_WindowRows::selectionOfTheCurrentTabDecides()
+void tst_WindowRows::removeActionsUseTheSelectionOfTheCurrentTab()
 {
     loadGoodFile();
     auto* const menu = m_window->findChild<QMenu*>(QStringLiteral("actionsMenu"));
@@ -379,7 +379,7 @@ void tst_WindowRows::selectionOfTheCurrentTabDecides()
     QVERIFY(actionOf(*m_window, "removeRowAction")->isEnabled());
 }
 
-void tst_WindowRows::editMenuLooksAgain()
+void tst_WindowRows::editMenuUpdatesTheActions()
 {
     auto* const menu = m_window->findChild<QMenu*>(QStringLiteral("actionsMenu"));
     QAction* const insert = actionOf(*m_window, "insertRowAction");
@@ -392,7 +392,7 @@ void tst_WindowRows::editMenuLooksAgain()
     QVERIFY(insert->isEnabled());
 }
 
-void tst_WindowRows::withoutADocumentTheyAreOff()
+void tst_WindowRows::rowActionsAreDisabledWithoutADocument()
 {
     m_window->show();
     m_window->activateWindow();
@@ -406,14 +406,14 @@ void tst_WindowRows::withoutADocumentTheyAreOff()
 }
 
 // The position is in view coordinates but mapped as the window's, so the menu is displaced.
-void tst_WindowRows::contextMenuOpensWhereItAlwaysDid_data()
+void tst_WindowRows::contextMenuOpensAtTheWindowPosition_data()
 {
     QTest::addColumn<int>("tab");
     for (int tab = 0; tab < 5; ++tab)
         QTest::addRow("tab %d", tab) << tab;
 }
 
-void tst_WindowRows::contextMenuOpensWhereItAlwaysDid()
+void tst_WindowRows::contextMenuOpensAtTheWindowPosition()
 {
     QFETCH(int, tab);
     loadGoodFile();

@@ -24,18 +24,18 @@ class tst_WindowSaving : public WindowTest {
 
 private Q_SLOTS:
     void saveWithNothingLoadedDoesNothing();
-    void saveOfAnInvalidFileSaysSo();
-    void saveAsWithNothingLoadedSaysSo();
-    void saveAsOverAFailedLoadSaysSo();
+    void saveReportsAnInvalidFile();
+    void saveAsReportsThatNothingIsLoaded();
+    void saveAsReportsAFailedLoad();
     void saveWritesTheTabsInOrder();
-    void saveIsTheSameFromTheFirstOn();
-    void saveTellsNewsAndClearsTheFlags();
+    void repeatedSaveGivesTheSameFile();
+    void saveShowsAMessageAndClearsTheFlags();
     void documentWithErrorsIsSaved();
     void latin1FileStaysInLatin1();
-    void oneEncodingForAllTabs();
+    void allTabsAreSavedInOneEncoding();
     void saveIsInPlace();
     void saveGoesThroughALink();
-    void shorterDocumentLeavesNoRest();
+    void shorterDocumentReplacesTheWholeFile();
     void saveThatCannotBeWritten_data();
     void saveThatCannotBeWritten();
     void fullDiskIsSilentAndTheDocumentWhole();
@@ -43,14 +43,14 @@ private Q_SLOTS:
 
     void closeWithoutChangesAsksNothing();
     void closeWithNothingLoadedAsksNothing();
-    void unsavedWorkIsGuarded_data();
-    void unsavedWorkIsGuarded();
+    void unsavedChangesAreAskedFor_data();
+    void unsavedChangesAreAskedFor();
     void closeSavesFirst();
     void closeStaysWhenSavingFails();
     void closeAfterSaveAsksNothing();
     void changeOnAnyTabCounts_data();
     void changeOnAnyTabCounts();
-    void failedLoadDropsUnsavedWork();
+    void failedLoadDiscardsUnsavedChanges();
     void closeFreesTheParser();
 };
 
@@ -63,7 +63,7 @@ void tst_WindowSaving::saveWithNothingLoadedDoesNothing()
     QVERIFY(QDir(QStringLiteral("/specs")).isEmpty());
 }
 
-void tst_WindowSaving::saveOfAnInvalidFileSaysSo()
+void tst_WindowSaving::saveReportsAnInvalidFile()
 {
     QVERIFY(writeFile(QStringLiteral("/specs/bad"), badSpec()));
     m_window->loadFile(QStringLiteral("/specs/bad"), false);
@@ -80,7 +80,7 @@ void tst_WindowSaving::saveOfAnInvalidFileSaysSo()
     QCOMPARE(readFile(QStringLiteral("/specs/bad")), badSpec());
 }
 
-void tst_WindowSaving::saveAsWithNothingLoadedSaysSo()
+void tst_WindowSaving::saveAsReportsThatNothingIsLoaded()
 {
     m_dialogs->answerBox(QMessageBox::Ok);
     QVERIFY(!m_window->saveAs());
@@ -94,7 +94,7 @@ void tst_WindowSaving::saveAsWithNothingLoadedSaysSo()
     QVERIFY(m_dialogs->fileDialogs.isEmpty());
 }
 
-void tst_WindowSaving::saveAsOverAFailedLoadSaysSo()
+void tst_WindowSaving::saveAsReportsAFailedLoad()
 {
     failOverLoadedDocument();
     m_dialogs->answerBox(QMessageBox::Ok);
@@ -120,7 +120,7 @@ void tst_WindowSaving::saveWritesTheTabsInOrder()
     QVERIFY2(text.contains("@SCAN_LIST\nspeed\t\t.AV\t\tchan\n"), text.constData());
 }
 
-void tst_WindowSaving::saveIsTheSameFromTheFirstOn()
+void tst_WindowSaving::repeatedSaveGivesTheSameFile()
 {
     loadGoodFile();
     QVERIFY(m_window->save());
@@ -130,7 +130,7 @@ void tst_WindowSaving::saveIsTheSameFromTheFirstOn()
     QCOMPARE(readFile(GOOD), first);
 }
 
-void tst_WindowSaving::saveTellsNewsAndClearsTheFlags()
+void tst_WindowSaving::saveShowsAMessageAndClearsTheFlags()
 {
     loadGoodFile();
     edit(0, 0, 1, QStringLiteral("new_name"));
@@ -166,7 +166,7 @@ void tst_WindowSaving::latin1FileStaysInLatin1()
 }
 
 // A character of one tab that Latin-1 does not have, and the file stays as it is then.
-void tst_WindowSaving::oneEncodingForAllTabs()
+void tst_WindowSaving::allTabsAreSavedInOneEncoding()
 {
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     loadGoodFile("#\xd6ltemperatur\n" + goodSpec());
@@ -206,7 +206,7 @@ void tst_WindowSaving::saveGoesThroughALink()
     QVERIFY(readFile(QStringLiteral("/specs/real")).startsWith("@SCRIBON\nnew_name\n"));
 }
 
-void tst_WindowSaving::shorterDocumentLeavesNoRest()
+void tst_WindowSaving::shorterDocumentReplacesTheWholeFile()
 {
     loadGoodFile(largeSpec(500));
     const QByteArray text = "@SCRIBON\nshort\n";
@@ -307,14 +307,14 @@ void tst_WindowSaving::closeWithNothingLoadedAsksNothing()
     QVERIFY(m_dialogs->boxes.isEmpty());
 }
 
-void tst_WindowSaving::unsavedWorkIsGuarded_data()
+void tst_WindowSaving::unsavedChangesAreAskedFor_data()
 {
     QTest::addColumn<QString>("way");
     for (const char* const way : {"close", "open", "new"})
         QTest::newRow(way) << QString::fromLatin1(way);
 }
 
-void tst_WindowSaving::unsavedWorkIsGuarded()
+void tst_WindowSaving::unsavedChangesAreAskedFor()
 {
     QFETCH(QString, way);
     const auto go = [this, way] {
@@ -402,7 +402,7 @@ void tst_WindowSaving::changeOnAnyTabCounts()
 }
 
 // Without a document there is no question, whatever the old models' flags are.
-void tst_WindowSaving::failedLoadDropsUnsavedWork()
+void tst_WindowSaving::failedLoadDiscardsUnsavedChanges()
 {
     loadGoodFile();
     edit(0, 0, 1, QStringLiteral("new_name"));
