@@ -236,7 +236,7 @@ class TestExamples : public QObject {
 
 private Q_SLOTS:
     void everyFileIsTested();
-    void readmeTellsOfEveryFile();
+    void readmeNamesEveryFile();
     void loadsOrIsRefused_data();
     void loadsOrIsRefused();
     void rowsAndErrors_data();
@@ -248,12 +248,12 @@ private Q_SLOTS:
     void namesAreInTheCatalogue_data();
     void namesAreInTheCatalogue();
     void fullHasEveryKeyword();
-    void crlfEndsEveryLineSo();
+    void everyLineOfCrlfEndsWithCrlf();
     void crlfHasTheRowsOfPlainLineEnds();
     void largeComesFromTheGenerator();
-    void brokenHasEveryKindOfMarkInEveryTab();
+    void brokenHasEveryErrorCodeInEveryTab();
     void brokenGrowsWithEachLoad();
-    void brokenIsMendedByItsMarks();
+    void brokenIsValidAfterItsCorrections();
 };
 
 void TestExamples::everyFileIsTested()
@@ -266,7 +266,7 @@ void TestExamples::everyFileIsTested()
     QCOMPARE(folder.entryList({QStringLiteral("scrib*")}, QDir::Files, QDir::Name), tested);
 }
 
-void TestExamples::readmeTellsOfEveryFile()
+void TestExamples::readmeNamesEveryFile()
 {
     const QByteArray readme = example(QStringLiteral("README.md"));
     for (const Example& example : examples())
@@ -352,7 +352,7 @@ void TestExamples::fullHasEveryKeyword()
     }
 }
 
-void TestExamples::crlfEndsEveryLineSo()
+void TestExamples::everyLineOfCrlfEndsWithCrlf()
 {
     const QByteArray text = example(QStringLiteral("scrib_crlf"));
     QVERIFY(text.count('\n') > 10);
@@ -388,7 +388,7 @@ void TestExamples::largeComesFromTheGenerator()
     QCOMPARE(namesNotIn(known, namesInColumn(document.tab(EDIT_TAB3), 2)), QStringList());
 }
 
-void TestExamples::brokenHasEveryKindOfMarkInEveryTab()
+void TestExamples::brokenHasEveryErrorCodeInEveryTab()
 {
     const Document document(example(QStringLiteral("scrib_broken")));
     document.errorCounts();
@@ -420,7 +420,7 @@ void TestExamples::brokenGrowsWithEachLoad()
     }
 }
 
-void TestExamples::brokenIsMendedByItsMarks()
+void TestExamples::brokenIsValidAfterItsCorrections()
 {
     const Document document(example(QStringLiteral("scrib_broken")));
     QSet<const Correction*> done;

@@ -79,20 +79,20 @@ class TestSpecGenerator : public QObject {
 private Q_SLOTS:
     void loadsWithExactCounts_data();
     void loadsWithExactCounts();
-    void sameShapeSameText();
+    void sameShapeGivesTheSameText();
     void anotherSeedGivesOtherNames();
-    void madeUpNamesAreDistinct();
-    void madeUpNamesAreEvenlyLong_data();
-    void madeUpNamesAreEvenlyLong();
-    void oneNameInFiveHasAShape();
+    void generatedNamesAreDistinct();
+    void lengthsOfGeneratedNamesAreEvenlyDistributed_data();
+    void lengthsOfGeneratedNamesAreEvenlyDistributed();
+    void everyFifthNameHasASpecialForm();
     void withoutUnitsAllNamesArePlain_data();
     void withoutUnitsAllNamesArePlain();
     void channelsOfTheDemoCellAreUnique();
-    void programTakesOptions_data();
-    void programTakesOptions();
-    void programRefusesOptions_data();
-    void programRefusesOptions();
-    void programTellsOfAFullDisk();
+    void programAcceptsOptions_data();
+    void programAcceptsOptions();
+    void programRejectsInvalidOptions_data();
+    void programRejectsInvalidOptions();
+    void programReportsAFullDisk();
 };
 
 void TestSpecGenerator::loadsWithExactCounts_data()
@@ -145,7 +145,7 @@ void TestSpecGenerator::loadsWithExactCounts()
     QVERIFY2(document.saved() == text, "a save changes the text");
 }
 
-void TestSpecGenerator::sameShapeSameText()
+void TestSpecGenerator::sameShapeGivesTheSameText()
 {
     const SpecShape shape = distinctShape(200, 50);
     QCOMPARE(generated(shape), generated(shape));
@@ -165,7 +165,7 @@ void TestSpecGenerator::anotherSeedGivesOtherNames()
     QVERIFY(generated(shape) != text);
 }
 
-void TestSpecGenerator::madeUpNamesAreDistinct()
+void TestSpecGenerator::generatedNamesAreDistinct()
 {
     SpecShape shape = distinctShape(10000, 2000);
     shape.auxRows = 1000;
@@ -174,7 +174,7 @@ void TestSpecGenerator::madeUpNamesAreDistinct()
     QCOMPARE(QSet<QString>(all.cbegin(), all.cend()).size(), all.size());
 }
 
-void TestSpecGenerator::madeUpNamesAreEvenlyLong_data()
+void TestSpecGenerator::lengthsOfGeneratedNamesAreEvenlyDistributed_data()
 {
     QTest::addColumn<int>("longest");
     QTest::newRow("6 characters") << 6;
@@ -182,7 +182,7 @@ void TestSpecGenerator::madeUpNamesAreEvenlyLong_data()
     QTest::newRow("6 to 79 characters") << 79;
 }
 
-void TestSpecGenerator::madeUpNamesAreEvenlyLong()
+void TestSpecGenerator::lengthsOfGeneratedNamesAreEvenlyDistributed()
 {
     QFETCH(int, longest);
     SpecShape shape = distinctShape(5000, 1000);
@@ -200,7 +200,7 @@ void TestSpecGenerator::madeUpNamesAreEvenlyLong()
     QVERIFY(*commonest < all.size() / lengths * 2);
 }
 
-void TestSpecGenerator::oneNameInFiveHasAShape()
+void TestSpecGenerator::everyFifthNameHasASpecialForm()
 {
     const QStringList all = names(Document(generated(distinctShape(10000, 2000))));
     const QRegularExpression plain(QStringLiteral("^[A-Za-z_0-9]+$"));
@@ -244,7 +244,7 @@ void TestSpecGenerator::channelsOfTheDemoCellAreUnique()
     QVERIFY(variables.size() < 200);
 }
 
-void TestSpecGenerator::programTakesOptions_data()
+void TestSpecGenerator::programAcceptsOptions_data()
 {
     QTest::addColumn<QString>("options");
     QTest::addColumn<SpecShape>("shape");
@@ -272,7 +272,7 @@ void TestSpecGenerator::programTakesOptions_data()
                            << shape;
 }
 
-void TestSpecGenerator::programTakesOptions()
+void TestSpecGenerator::programAcceptsOptions()
 {
     QFETCH(QString, options);
     QFETCH(SpecShape, shape);
@@ -282,7 +282,7 @@ void TestSpecGenerator::programTakesOptions()
     QCOMPARE(result.errors, QByteArray());
 }
 
-void TestSpecGenerator::programRefusesOptions_data()
+void TestSpecGenerator::programRejectsInvalidOptions_data()
 {
     QTest::addColumn<QString>("options");
     QTest::addColumn<QString>("complaint");
@@ -310,7 +310,7 @@ void TestSpecGenerator::programRefusesOptions_data()
     QTest::newRow("a file name") << QStringLiteral("scrib_out") << QStringLiteral("Usage:");
 }
 
-void TestSpecGenerator::programRefusesOptions()
+void TestSpecGenerator::programRejectsInvalidOptions()
 {
     QFETCH(QString, options);
     QFETCH(QString, complaint);
@@ -320,7 +320,7 @@ void TestSpecGenerator::programRefusesOptions()
     QVERIFY2(result.errors.contains(complaint.toLatin1()), result.errors.constData());
 }
 
-void TestSpecGenerator::programTellsOfAFullDisk()
+void TestSpecGenerator::programReportsAFullDisk()
 {
     const Run result = run({}, QStringLiteral("/dev/full"));
     QCOMPARE(result.status, 1);

@@ -56,16 +56,16 @@ class tst_HelpCollection : public QObject {
 private Q_SLOTS:
     void initTestCase();
 
-    void hasItsNamespace();
-    void pageThatTheProgramAsksForIsThere();
-    void viewerBeginsWithTheFirstPage();
+    void namespaceAndFolder();
+    void pageRequestedByTheProgramExists();
+    void firstPageIsTheHomePage();
     void pagesAreWellFormed_data() { addPages(); }
     void pagesAreWellFormed();
-    void linksLeadSomewhere_data() { addPages(); }
-    void linksLeadSomewhere();
+    void linksAreValid_data() { addPages(); }
+    void linksAreValid();
     void everyPageIsReachedByALink();
     void contentsNameEveryPageOnce();
-    void indexLeadsSomewhere();
+    void indexLinksAreValid();
 
     void everyKeywordIsDescribed_data() { addKeywords(); }
     void everyKeywordIsDescribed();
@@ -73,7 +73,7 @@ private Q_SLOTS:
     void everyKeywordHasAnExampleOfAGoodFile();
     void everyKeywordIsFoundInTheIndex_data() { addKeywords(); }
     void everyKeywordIsFoundInTheIndex();
-    void everyStatisticalMemberIsTold();
+    void everyStatisticalMemberIsDescribed();
 
 private:
     void addPages();
@@ -101,21 +101,21 @@ void tst_HelpCollection::addKeywords()
         QTest::newRow(keyword.spelling) << &keyword;
 }
 
-void tst_HelpCollection::hasItsNamespace()
+void tst_HelpCollection::namespaceAndFolder()
 {
     QCOMPARE(m_help.engine().registeredDocumentations(), QStringList{HELP_NAMESPACE});
     for (const QUrl& url : m_help.engine().files(HELP_NAMESPACE, QString()))
         QVERIFY2(url.path().startsWith(QLatin1String("/doc/")), qPrintable(url.toString()));
 }
 
-void tst_HelpCollection::pageThatTheProgramAsksForIsThere()
+void tst_HelpCollection::pageRequestedByTheProgramExists()
 {
     const QUrl url(QStringLiteral("qthelp://marvane.scriboneditor.1.0/doc/scriboneditorHelp.htm"));
     QCOMPARE(parseHelpPage(m_help.engine().fileData(url)).title,
              QStringLiteral("Scribon Specification Editor"));
 }
 
-void tst_HelpCollection::viewerBeginsWithTheFirstPage()
+void tst_HelpCollection::firstPageIsTheHomePage()
 {
     const QString firstPage = helpUrl(QStringLiteral("scriboneditorHelp.htm")).toString();
     for (const char* const key : {"defaultHomepage", "LastShownPages"})
@@ -131,7 +131,7 @@ void tst_HelpCollection::pagesAreWellFormed()
     QVERIFY2(!parsed.text.contains(QLatin1String("<!--")), "a table has not taken its place");
 }
 
-void tst_HelpCollection::linksLeadSomewhere()
+void tst_HelpCollection::linksAreValid()
 {
     QFETCH(QString, page);
     for (const QString& target : m_help.page(page).targets) {
@@ -171,7 +171,7 @@ void tst_HelpCollection::contentsNameEveryPageOnce()
     QCOMPARE(pages, m_help.pages());
 }
 
-void tst_HelpCollection::indexLeadsSomewhere()
+void tst_HelpCollection::indexLinksAreValid()
 {
     QHelpIndexModel* const model = m_help.engine().indexModel();
     model->createIndex(QString());
@@ -229,7 +229,7 @@ void tst_HelpCollection::everyKeywordIsFoundInTheIndex()
     }
 }
 
-void tst_HelpCollection::everyStatisticalMemberIsTold()
+void tst_HelpCollection::everyStatisticalMemberIsDescribed()
 {
     const QString text = m_help.page(QStringLiteral("editor_choice.htm")).text;
     for (const StatMember& member : SCAN_LIST_MEMBERS) {

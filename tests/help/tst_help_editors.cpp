@@ -48,8 +48,8 @@ class tst_HelpEditors : public WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void eachKeywordsEditorIsTheOneThatItsPageNames_data();
-    void eachKeywordsEditorIsTheOneThatItsPageNames();
+    void keywordPagesNameTheEditorThatOpens_data();
+    void keywordPagesNameTheEditorThatOpens();
     void linesAcceptWhatTheHelpSays_data();
     void linesAcceptWhatTheHelpSays();
     void numbersHaveTheLimitsThatTheHelpSays();
@@ -57,8 +57,8 @@ private Q_SLOTS:
     void commentRowsOpenWhatTheHelpSays();
     void listsTakeOverTheirFirstEntryAsTheHelpSays_data();
     void listsTakeOverTheirFirstEntryAsTheHelpSays();
-    void variablesBecomeOfCommentsAsTheHelpSays_data();
-    void variablesBecomeOfCommentsAsTheHelpSays();
+    void dialogsReplaceCommentsAsTheHelpSays_data();
+    void dialogsReplaceCommentsAsTheHelpSays();
     void commentIsTypedIntoTheListAsTheHelpSays();
     void literalsAreJudgedAsTheHelpSays_data();
     void literalsAreJudgedAsTheHelpSays();
@@ -89,7 +89,7 @@ QModelIndex tst_HelpEditors::valueOf(const QString& keyword)
     return model.index(columnTexts(model, KEYWORD).indexOf(keyword), VALUE);
 }
 
-void tst_HelpEditors::eachKeywordsEditorIsTheOneThatItsPageNames_data()
+void tst_HelpEditors::keywordPagesNameTheEditorThatOpens_data()
 {
     QTest::addColumn<QString>("keyword");
     for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS) {
@@ -98,7 +98,7 @@ void tst_HelpEditors::eachKeywordsEditorIsTheOneThatItsPageNames_data()
     }
 }
 
-void tst_HelpEditors::eachKeywordsEditorIsTheOneThatItsPageNames()
+void tst_HelpEditors::keywordPagesNameTheEditorThatOpens()
 {
     QFETCH(QString, keyword);
     loadFullExample();
@@ -360,7 +360,7 @@ void tst_HelpEditors::listsTakeOverTheirFirstEntryAsTheHelpSays()
     QCOMPARE(index.data().toString(), text);
 }
 
-void tst_HelpEditors::variablesBecomeOfCommentsAsTheHelpSays_data()
+void tst_HelpEditors::dialogsReplaceCommentsAsTheHelpSays_data()
 {
     QTest::addColumn<int>("tab");
     QTest::addColumn<QString>("page");
@@ -376,7 +376,7 @@ void tst_HelpEditors::variablesBecomeOfCommentsAsTheHelpSays_data()
         << QStringLiteral("oil_temp") << 2;
 }
 
-void tst_HelpEditors::variablesBecomeOfCommentsAsTheHelpSays()
+void tst_HelpEditors::dialogsReplaceCommentsAsTheHelpSays()
 {
     QFETCH(int, tab);
     QFETCH(QString, page);

@@ -65,9 +65,9 @@ private Q_SLOTS:
     void examplesAreKeptAsTheHelpSays();
     void copiesAreRemovedAsTheHelpSays();
     void unknownKeywordEndsAList();
-    void editorWritesSuchRowsItself_data();
-    void editorWritesSuchRowsItself();
-    void marksAreAsTheHelpSays();
+    void editorWritesTheSameRows_data();
+    void editorWritesTheSameRows();
+    void errorMarksAreAsTheHelpSays();
 
 private:
     bool hasExample(const QString& page, const QByteArray& example)
@@ -183,7 +183,7 @@ void tst_HelpLosses::unknownKeywordEndsAList()
     QVERIFY(!text.contains("eng_torque"));
 }
 
-void tst_HelpLosses::editorWritesSuchRowsItself_data()
+void tst_HelpLosses::editorWritesTheSameRows_data()
 {
     QTest::addColumn<QString>("page");
     QTest::addColumn<int>("tab");
@@ -205,7 +205,7 @@ void tst_HelpLosses::editorWritesSuchRowsItself_data()
 
 // Inserts a row by Insert Row and leaves its last cell empty: the saved text is one that the help
 // gives as an example.
-void tst_HelpLosses::editorWritesSuchRowsItself()
+void tst_HelpLosses::editorWritesTheSameRows()
 {
     QFETCH(QString, page);
     QFETCH(int, tab);
@@ -227,7 +227,7 @@ void tst_HelpLosses::editorWritesSuchRowsItself()
         QStringLiteral("writes a row without one as it stands, and the cell is only marked")));
 }
 
-void tst_HelpLosses::marksAreAsTheHelpSays()
+void tst_HelpLosses::errorMarksAreAsTheHelpSays()
 {
     const QString text = m_help.page(KEYWORDS).text;
     QVERIFY(text.contains(QStringLiteral("The cell is empty then, without a mark")));

@@ -68,8 +68,8 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void menuShowsTheFirstPageBesideTheUnfoldedContents();
-    void askedAgainTheSameViewerComesBackToTheFirstPage();
+    void menuShowsTheFirstPageAndTheContents();
+    void secondRequestShowsTheFirstPageInTheSameViewer();
 
 private:
     void installViewer();
@@ -126,7 +126,7 @@ void tst_HelpViewer::askForHelp()
                               TIMEOUT_MS);
 }
 
-void tst_HelpViewer::menuShowsTheFirstPageBesideTheUnfoldedContents()
+void tst_HelpViewer::menuShowsTheFirstPageAndTheContents()
 {
     askForHelp();
     QTRY_COMPARE_WITH_TIMEOUT(
@@ -139,7 +139,7 @@ void tst_HelpViewer::menuShowsTheFirstPageBesideTheUnfoldedContents()
 }
 
 // The user opens an empty page between the two requests.
-void tst_HelpViewer::askedAgainTheSameViewerComesBackToTheFirstPage()
+void tst_HelpViewer::secondRequestShowsTheFirstPageInTheSameViewer()
 {
     askForHelp();
     QVERIFY(m_display.strike(VIEWER, QStringLiteral("ctrl+t")));

@@ -34,14 +34,14 @@ class tst_MimeType : public QObject {
 
 private Q_SLOTS:
     void initTestCase() { QVERIFY(registerMimeType()); }
-    void isKnownToBeText();
-    void examplesAreKnownByTheirNames_data();
-    void examplesAreKnownByTheirNames();
-    void isKnownByItsContent_data();
-    void isKnownByItsContent();
+    void mimeTypeIsAText();
+    void mimeTypeOfExamplesIsRecognizedByName_data();
+    void mimeTypeOfExamplesIsRecognizedByName();
+    void mimeTypeIsRecognizedByContent_data();
+    void mimeTypeIsRecognizedByContent();
 };
 
-void tst_MimeType::isKnownToBeText()
+void tst_MimeType::mimeTypeIsAText()
 {
     const QMimeType type = QMimeDatabase().mimeTypeForName(SPEC_FILE);
     QVERIFY(type.isValid());
@@ -50,7 +50,7 @@ void tst_MimeType::isKnownToBeText()
     QCOMPARE(type.iconName(), QStringLiteral("scriboneditor"));
 }
 
-void tst_MimeType::examplesAreKnownByTheirNames_data()
+void tst_MimeType::mimeTypeOfExamplesIsRecognizedByName_data()
 {
     QTest::addColumn<QString>("file");
     const QStringList names = QDir(examplesDir()).entryList({QStringLiteral("scrib_*")});
@@ -59,14 +59,14 @@ void tst_MimeType::examplesAreKnownByTheirNames_data()
         QTest::newRow(qPrintable(name)) << examplesDir() + QLatin1Char('/') + name;
 }
 
-void tst_MimeType::examplesAreKnownByTheirNames()
+void tst_MimeType::mimeTypeOfExamplesIsRecognizedByName()
 {
     QFETCH(QString, file);
     QCOMPARE(QMimeDatabase().mimeTypeForFile(file, QMimeDatabase::MatchExtension).name(),
              SPEC_FILE);
 }
 
-void tst_MimeType::isKnownByItsContent_data()
+void tst_MimeType::mimeTypeIsRecognizedByContent_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("type");
@@ -80,7 +80,7 @@ void tst_MimeType::isKnownByItsContent_data()
     QTest::newRow("any other text") << QByteArray("@SCAN_INTERVAL\n1[sec]\n") << plainText;
 }
 
-void tst_MimeType::isKnownByItsContent()
+void tst_MimeType::mimeTypeIsRecognizedByContent()
 {
     QFETCH(QByteArray, content);
     QFETCH(QString, type);

@@ -158,17 +158,17 @@ class tst_Pictures : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
-    void isThereInItsSize_data() { addPictureRows(); }
-    void isThereInItsSize();
-    void isDrawnFromItsSource_data() { addPictureRows(); }
-    void isDrawnFromItsSource();
-    void programHoldsNoOthers();
-    void drawingsHaveAPictureEach();
-    void noTwoAreTheSame();
-    void arrowAnswersToBothSpellings_data();
-    void arrowAnswersToBothSpellings();
-    void formFindsIconsFromTheSpecsFolder();
-    void installsTheIconsAlone();
+    void pictureHasItsSize_data() { addPictureRows(); }
+    void pictureHasItsSize();
+    void pictureMatchesItsSvgSource_data() { addPictureRows(); }
+    void pictureMatchesItsSvgSource();
+    void programHasNoOtherResources();
+    void everySvgHasAPicture();
+    void picturesDiffer();
+    void arrowHasTwoResourceNames_data();
+    void arrowHasTwoResourceNames();
+    void relativeIconPathsWorkFromTheSpecsDirectory();
+    void onlyIconsAreInstalled();
 };
 
 void tst_Pictures::initTestCase()
@@ -176,7 +176,7 @@ void tst_Pictures::initTestCase()
     Q_INIT_RESOURCE(scriboneditor);
 }
 
-void tst_Pictures::isThereInItsSize()
+void tst_Pictures::pictureHasItsSize()
 {
     QFETCH(QString, file);
     QFETCH(int, size);
@@ -188,7 +188,7 @@ void tst_Pictures::isThereInItsSize()
 }
 
 // Small differences are allowed, since renderers smooth edges differently.
-void tst_Pictures::isDrawnFromItsSource()
+void tst_Pictures::pictureMatchesItsSvgSource()
 {
     QFETCH(QString, file);
     QFETCH(QString, source);
@@ -201,7 +201,7 @@ void tst_Pictures::isDrawnFromItsSource()
     QVERIFY2(difference <= 16, "run packaging/icons/render and commit the result");
 }
 
-void tst_Pictures::programHoldsNoOthers()
+void tst_Pictures::programHasNoOtherResources()
 {
     const QString pattern = QStringLiteral("*.png");
     QCOMPARE(filesBelow(QStringLiteral(":/images"), pattern) +
@@ -209,7 +209,7 @@ void tst_Pictures::programHoldsNoOthers()
              namesOf(IN_PROGRAM));
 }
 
-void tst_Pictures::drawingsHaveAPictureEach()
+void tst_Pictures::everySvgHasAPicture()
 {
     const QString pattern = QStringLiteral("*.svg");
     QCOMPARE(filesBelow(RESOURCES_DIR, pattern).size(), static_cast<int>(IN_PROGRAM.size()));
@@ -217,7 +217,7 @@ void tst_Pictures::drawingsHaveAPictureEach()
 }
 
 // Each state of a check box or radio button must look different.
-void tst_Pictures::noTwoAreTheSame()
+void tst_Pictures::picturesDiffer()
 {
     QSet<QByteArray> pictures;
     for (const Picture& picture : IN_PROGRAM)
@@ -225,14 +225,14 @@ void tst_Pictures::noTwoAreTheSame()
     QCOMPARE(pictures.size(), static_cast<int>(IN_PROGRAM.size()));
 }
 
-void tst_Pictures::arrowAnswersToBothSpellings_data()
+void tst_Pictures::arrowHasTwoResourceNames_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("with a slash after the colon") << QStringLiteral(":/resources/arrow-down.png");
     QTest::newRow("without a slash after the colon") << QStringLiteral(":resources/arrow-down.png");
 }
 
-void tst_Pictures::arrowAnswersToBothSpellings()
+void tst_Pictures::arrowHasTwoResourceNames()
 {
     QFETCH(QString, name);
     const QImage arrow(RESOURCES_DIR + QStringLiteral("/arrow-down.png"));
@@ -245,7 +245,7 @@ void tst_Pictures::arrowAnswersToBothSpellings()
 }
 
 // The form has their paths relative to the working directory.
-void tst_Pictures::formFindsIconsFromTheSpecsFolder()
+void tst_Pictures::relativeIconPathsWorkFromTheSpecsDirectory()
 {
     QCOMPARE(QDir::currentPath(), QStringLiteral("/specs"));
     const QIcon save(
@@ -256,7 +256,7 @@ void tst_Pictures::formFindsIconsFromTheSpecsFolder()
     QCOMPARE(window.availableSizes(), {QSize(48, 48)});
 }
 
-void tst_Pictures::installsTheIconsAlone()
+void tst_Pictures::onlyIconsAreInstalled()
 {
     const QTemporaryDir stage;
     QVERIFY(stage.isValid());

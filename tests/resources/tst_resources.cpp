@@ -127,14 +127,14 @@ class tst_Resources : public QObject {
 private Q_SLOTS:
     void initTestCase();
     void cleanup();
-    void sheetSays_data();
-    void sheetSays();
-    void sheetSaysNothingElse();
-    void sheetIsUnderstood();
-    void misreadSheetWouldBeNoticed();
-    void picturesOfTheSheetAreThere();
+    void styleSheetHasRule_data();
+    void styleSheetHasRule();
+    void styleSheetHasNoOtherRules();
+    void styleSheetIsValid();
+    void invalidStyleSheetIsDetected();
+    void picturesOfTheStyleSheetExist();
     void headersAndStatusBarAreCyan();
-    void everyOtherRowIsTinted();
+    void alternateRowsAreColoured();
     void sizeGripIsDrawn();
     void sampleTextIsASpecFile();
 };
@@ -149,21 +149,21 @@ void tst_Resources::cleanup()
     qApp->setStyleSheet(QString());
 }
 
-void tst_Resources::sheetSays_data()
+void tst_Resources::styleSheetHasRule_data()
 {
     QTest::addColumn<QString>("rule");
     for (const Rule& rule : RULES)
         QTest::newRow(rule.title) << QString(QLatin1String(rule.text));
 }
 
-void tst_Resources::sheetSays()
+void tst_Resources::styleSheetHasRule()
 {
     QFETCH(QString, rule);
     const QString rules = QLatin1Char('}') + withoutSpace(sheet());
     QVERIFY(rules.contains(QLatin1Char('}') + rule));
 }
 
-void tst_Resources::sheetSaysNothingElse()
+void tst_Resources::styleSheetHasNoOtherRules()
 {
     QString rest = withoutSpace(sheet());
     for (const Rule& rule : RULES)
@@ -171,19 +171,19 @@ void tst_Resources::sheetSaysNothingElse()
     QCOMPARE(rest, QString());
 }
 
-void tst_Resources::sheetIsUnderstood()
+void tst_Resources::styleSheetIsValid()
 {
     QVERIFY(!sheet().isEmpty());
     QCOMPARE(complaintsAbout(sheet()), QStringList());
 }
 
-void tst_Resources::misreadSheetWouldBeNoticed()
+void tst_Resources::invalidStyleSheetIsDetected()
 {
     const QStringList complaints = complaintsAbout(sheet() + QStringLiteral("QTreeView {"));
     QCOMPARE(complaints, {QStringLiteral("Could not parse application stylesheet")});
 }
 
-void tst_Resources::picturesOfTheSheetAreThere()
+void tst_Resources::picturesOfTheStyleSheetExist()
 {
     const QString text = sheet();
     const QRegularExpression pattern(QStringLiteral("url\\(([^)]*)\\)"));
@@ -211,7 +211,7 @@ void tst_Resources::headersAndStatusBarAreCyan()
     QCOMPARE(colourAt(&bar, {100, 15}), cyan);
 }
 
-void tst_Resources::everyOtherRowIsTinted()
+void tst_Resources::alternateRowsAreColoured()
 {
     qApp->setStyleSheet(sheet());
     QStandardItemModel model(2, 1);
