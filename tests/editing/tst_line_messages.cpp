@@ -4,13 +4,15 @@
 #include <array>
 
 #include "editing_test.h"
+#include "editor_types.h"
+#include "golden_keywords.h"
 
 namespace {
 
 struct Line {
     const char* name;
     Place place;
-    const char* ruledBy;  // replaces the key first; null keeps it
+    const char* newKey;  // replaces the key first; null keeps it
     const char* message;
 };
 
@@ -19,25 +21,31 @@ constexpr Place afterKeyword(const char* keyword, int column = 1)
     return {DE_TAB1, 0, keyword, column};
 }
 
+// The message for the value of a keyword; null if its editor is not a line edit.
+const char* messageOf(int editor)
+{
+    switch (editor) {
+        case EVENT_EDITOR:
+            return "Invalid event-name";
+        case FLOAT_UNIT_EDITOR:
+        case INTEGER_TIME_INT_EDITOR:
+            return "Invalid interval";
+        case DESCRIPTION_EDITOR:
+            return "Invalid description";
+        case REGNAME_EDITOR:
+            return "Invalid registered-name";
+        case SCRIBON_EDITOR:
+            return "Invalid scribon identifier";
+        default:
+            return nullptr;
+    }
+}
+
+// Lines that are not the value of a keyword.
 // clang-format off
-constexpr std::array<Line, 26> LINES{{
-    {"when statistics are cleared", afterKeyword("@CLEAR_STATISTICS_EVENT"), nullptr, "Invalid event-name"},
-    {"when all is done", afterKeyword("@DONE_EVENT"), nullptr, "Invalid event-name"},
-    {"when the file is sent", afterKeyword("@FTP_EVENT"), nullptr, "Invalid event-name"},
-    {"when the interval is new", afterKeyword("@GET_NEW_SCAN_INTERVAL"), nullptr, "Invalid event-name"},
-    {"when the spec file is read", afterKeyword("@READ_SPEC_FILE_EVENT"), nullptr, "Invalid event-name"},
-    {"the release", afterKeyword("@RELEASE_EVENT"), nullptr, "Invalid event-name"},
-    {"the start", afterKeyword("@START_EVENT"), nullptr, "Invalid event-name"},
-    {"the stop", afterKeyword("@STOP_EVENT"), nullptr, "Invalid event-name"},
-    {"the scan", afterKeyword("@SYNC_EVENT"), nullptr, "Invalid event-name"},
-    {"the event of an average", afterKeyword("@RUNNING_AVERAGE", 2), nullptr, "Invalid event-name"},
-    {"the width of an average", afterKeyword("@RUNNING_AVERAGE"), nullptr, "Invalid interval"},
-    {"the time after a trigger", afterKeyword("@FIFO_POST_TRIGGER_INTERVAL"), nullptr, "Invalid interval"},
-    {"a description", afterKeyword("@DESCRIPTION"), nullptr, "Invalid description"},
-    {"a file name", afterKeyword("@FILENAME"), nullptr, "Invalid description"},
+constexpr std::array<Line, 11> LINES{{
+    {"the event of a running average", afterKeyword("@RUNNING_AVERAGE", 2), nullptr, "Invalid event-name"},
     {"the value of an unknown keyword", afterKeyword("@FILENAME"), "@NONSENSE", "Invalid description"},
-    {"a registered name", afterKeyword("@REG_NAME"), nullptr, "Invalid registered-name"},
-    {"the spec file's name", afterKeyword("@SCRIBON"), nullptr, "Invalid scribon identifier"},
     {"the value of a text", afterKeyword("@REG_NAME"), "Some text", "Invalid input"},
     {"the value of a placeholder", afterKeyword("@REG_NAME"), "FILLER_TXT", "Invalid input"},
     {"the value of a list without a dialog", afterKeyword("@REG_NAME"), "@ECM_LIST", "Invalid input"},
@@ -63,21 +71,26 @@ private Q_SLOTS:
 void TestLineMessages::lineHasItsMessage_data()
 {
     QTest::addColumn<Place>("place");
-    QTest::addColumn<QString>("ruledBy");
+    QTest::addColumn<QString>("newKey");
     QTest::addColumn<QString>("message");
+    for (const GoldenKeyword& keyword : GOLDEN_KEYWORDS) {
+        if (const char* const message = messageOf(keyword.editor))
+            QTest::newRow(keyword.spelling)
+                << afterKeyword(keyword.spelling) << QString() << QString::fromLatin1(message);
+    }
     for (const Line& line : LINES)
-        QTest::newRow(line.name) << line.place << QString::fromLatin1(line.ruledBy)
+        QTest::newRow(line.name) << line.place << QString::fromLatin1(line.newKey)
                                  << QString::fromLatin1(line.message);
 }
 
 void TestLineMessages::lineHasItsMessage()
 {
     QFETCH(Place, place);
-    QFETCH(QString, ruledBy);
+    QFETCH(QString, newKey);
     show();
     const QModelIndex cell = cellAt(place);
-    if (!ruledBy.isNull())
-        edit(place.tab, cell.row(), place.keyColumn, ruledBy);
+    if (!newKey.isNull())
+        edit(place.tab, cell.row(), place.keyColumn, newKey);
     const auto* const line = openAs<QLineEdit>(cell);
     QVERIFY(line != nullptr);
     QTEST(line->property("errortip").toString(), "message");
