@@ -106,8 +106,8 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void libraryTakesNothingButRegularObjects_data() { addKinds(); }
-    void libraryTakesNothingButRegularObjects();
+    void libraryOpensOnlyRegularSharedMemoryObjects_data() { addKinds(); }
+    void libraryOpensOnlyRegularSharedMemoryObjects();
     void libraryTakesDirectoriesOf_data() { addOwners(); }
     void libraryTakesDirectoriesOf();
     void libraryTakesAreasOf_data() { addOwners(); }
@@ -154,7 +154,7 @@ void TestForeignObjects::cleanup()
 
 // ---- The host library --------------------------------------------------------------------------
 
-void TestForeignObjects::libraryTakesNothingButRegularObjects()
+void TestForeignObjects::libraryOpensOnlyRegularSharedMemoryObjects()
 {
     QFETCH(QByteArray, object);
     QFETCH(QByteArray, kind);

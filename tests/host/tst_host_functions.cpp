@@ -85,7 +85,7 @@ private Q_SLOTS:
         QVERIFY(form.match(text(MARVANE_VER)).hasMatch());
     }
 
-    void handleHasTheSameSizeInBothLanguages() { QCOMPARE(handleSizeInC(), sizeof(SHARED_MEMORY)); }
+    void handleHasTheSameSizeInCAndCpp() { QCOMPARE(handleSizeInC(), sizeof(SHARED_MEMORY)); }
 
     void linkStoresTheAddressOfTheCounts()
     {

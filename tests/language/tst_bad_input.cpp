@@ -71,16 +71,16 @@ private Q_SLOTS:
     void socket();
     void fileWithoutReadPermission();
     void symbolicLinks();
-    void failureDropsTheTreeBefore();
+    void failedReadFreesThePreviousTree();
     void fileThatChangesAfterTheLoad();
 
     void texts_data();
     void texts();
-    void zeroByteCutsAQuotedText();
+    void zeroByteTruncatesAQuotedText();
     void binaryGarbage_data();
     void binaryGarbage();
-    void everyPrefixOfASpec();
-    void everySpecWithOneByteGone();
+    void specTruncatedAtAnyByte();
+    void specWithAnyByteRemoved();
     void longWordAsAValue();
     void manyDroppedCharacters();
     void deepRowsAndLongLines();
@@ -172,7 +172,7 @@ void tst_BadInput::symbolicLinks()
     QCOMPARE(load(loop), -1);
 }
 
-void tst_BadInput::failureDropsTheTreeBefore()
+void tst_BadInput::failedReadFreesThePreviousTree()
 {
     QCOMPARE(loadText("@SCRIBON s\n"), 0);
     QCOMPARE(load(m_dir.path()), -1);
@@ -251,7 +251,7 @@ void tst_BadInput::texts()
 }
 
 // The token continues behind the zero byte, but a C string ends there.
-void tst_BadInput::zeroByteCutsAQuotedText()
+void tst_BadInput::zeroByteTruncatesAQuotedText()
 {
     QCOMPARE(loadText(QByteArray("@SCRIBON \"a\0b\" # c\0d\n@MODE x\n", 30)), 0);
     const QString tree = loadedTree();
@@ -278,7 +278,7 @@ void tst_BadInput::binaryGarbage()
     loadedTree();
 }
 
-void tst_BadInput::everyPrefixOfASpec()
+void tst_BadInput::specTruncatedAtAnyByte()
 {
     const QByteArray spec(MESSY_SPEC);
     for (int size = 0; size <= spec.size(); ++size) {
@@ -288,7 +288,7 @@ void tst_BadInput::everyPrefixOfASpec()
     }
 }
 
-void tst_BadInput::everySpecWithOneByteGone()
+void tst_BadInput::specWithAnyByteRemoved()
 {
     const QByteArray spec(MESSY_SPEC);
     for (int place = 0; place < spec.size(); ++place) {

@@ -8,7 +8,6 @@
 #include "golden_keywords.h"
 #include "loaded_text.h"
 #include "tree_nodes.h"
-#include "tree_printer.h"
 
 namespace {
 
@@ -91,9 +90,9 @@ private Q_SLOTS:
     void onlyTheGivenLengthCounts();
     void requiredTexts_data();
     void requiredTexts();
-    void requiredWithoutALength();
+    void requiredWithLengthZero();
     void nullIsNotRequired();
-    void rangeOfTypes();
+    void minAndMaxType();
 };
 
 void tst_Classification::beforeTheFirstLoad()
@@ -136,7 +135,7 @@ void tst_Classification::nodes_data()
     QTest::addColumn<int>("type");
     QTest::addColumn<int>("editor");
     for (int type = 0; type <= highestType(); ++type)
-        QTest::newRow(typeName(type).c_str()) << type << editorOf(type);
+        QTest::addRow("type %d", type) << type << editorOf(type);
     QTest::newRow("the end of input") << -1 << int(TEXT_BLOCK);
     QTest::newRow("a type beyond the highest") << highestType() + 1 << int(TEXT_BLOCK);
 }
@@ -285,7 +284,7 @@ void tst_Classification::requiredTexts()
 }
 
 // If the length is 0, ten characters are used.
-void tst_Classification::requiredWithoutALength()
+void tst_Classification::requiredWithLengthZero()
 {
     QVERIFY(appGrammerRequired("@MODE", 0));
     QVERIFY(appGrammerRequired("@SCAN_LIST", 0));
@@ -300,7 +299,7 @@ void tst_Classification::nullIsNotRequired()
     QVERIFY(!appGrammerRequired(nullptr, 5));
 }
 
-void tst_Classification::rangeOfTypes()
+void tst_Classification::minAndMaxType()
 {
     QCOMPARE(appGrammerMinType(), 29);
     QCOMPARE(appGrammerMaxType(), highestType());

@@ -34,16 +34,16 @@ private Q_SLOTS:
 
     void content_data();
     void content();
-    void whatIsNoRegularFile_data();
-    void whatIsNoRegularFile();
-    void pipeIsNotWaitedFor();
+    void notARegularFile_data();
+    void notARegularFile();
+    void fifoDoesNotBlock();
 
     void preloadedBytesAreParsed();
-    void goneFileIsNotParsed();
+    void removedFileIsNotParsed();
     void preloadedBytesAreParsedOnce();
-    void preloadIsForOneName();
-    void failedPreloadKeepsTheTree();
-    void bytesLiveAsLongAsTheTree();
+    void preloadedBytesAreUsedForTheSameNameOnly();
+    void failedPreloadKeepsThePreviousTree();
+    void bytesAreKeptAsLongAsTheTree();
 
 private:
     QByteArray path(const char* name) const;
@@ -89,7 +89,7 @@ void tst_FileReading::content()
     QCOMPARE(QByteArray::fromStdString(read), bytes);
 }
 
-void tst_FileReading::whatIsNoRegularFile_data()
+void tst_FileReading::notARegularFile_data()
 {
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<int>("error");
@@ -100,7 +100,7 @@ void tst_FileReading::whatIsNoRegularFile_data()
     QTest::newRow("a device without an end") << QByteArray("/dev/zero") << EINVAL;
 }
 
-void tst_FileReading::whatIsNoRegularFile()
+void tst_FileReading::notARegularFile()
 {
     QFETCH(QByteArray, name);
     QFETCH(int, error);
@@ -111,7 +111,7 @@ void tst_FileReading::whatIsNoRegularFile()
 }
 
 // No process writes to the FIFO: reading it must not block.
-void tst_FileReading::pipeIsNotWaitedFor()
+void tst_FileReading::fifoDoesNotBlock()
 {
     QCOMPARE(mkfifo(path("pipe").constData(), 0600), 0);
     std::string bytes;
@@ -128,7 +128,7 @@ void tst_FileReading::preloadedBytesAreParsed()
     QVERIFY(!loadedTree().contains(QStringLiteral("KYWD_MODE")));
 }
 
-void tst_FileReading::goneFileIsNotParsed()
+void tst_FileReading::removedFileIsNotParsed()
 {
     write("file", GOOD);
     QCOMPARE(preload_file(path("file").constData()), 0);
@@ -147,7 +147,7 @@ void tst_FileReading::preloadedBytesAreParsedOnce()
     QCOMPARE(parsedBytes(), OTHER);
 }
 
-void tst_FileReading::preloadIsForOneName()
+void tst_FileReading::preloadedBytesAreUsedForTheSameNameOnly()
 {
     write("file", GOOD);
     write("other", OTHER);
@@ -159,7 +159,7 @@ void tst_FileReading::preloadIsForOneName()
     QCOMPARE(parsedBytes(), OTHER + OTHER);
 }
 
-void tst_FileReading::failedPreloadKeepsTheTree()
+void tst_FileReading::failedPreloadKeepsThePreviousTree()
 {
     write("file", GOOD);
     QCOMPARE(read_file(path("file").constData()), 0);
@@ -169,7 +169,7 @@ void tst_FileReading::failedPreloadKeepsTheTree()
     QCOMPARE(parsedBytes(), GOOD);
 }
 
-void tst_FileReading::bytesLiveAsLongAsTheTree()
+void tst_FileReading::bytesAreKeptAsLongAsTheTree()
 {
     write("file", GOOD);
     QCOMPARE(read_file(path("file").constData()), 0);

@@ -128,14 +128,14 @@ class tst_Lexer : public QObject {
 private Q_SLOTS:
     void everyTypeHasItsNumberAndName_data();
     void everyTypeHasItsNumberAndName();
-    void theNameTableEndsWithTheHighestType();
+    void numberOfTypes();
     void keywords_data();
     void keywords();
     void keywordIsAWholeWord_data();
     void keywordIsAWholeWord();
     void statisticalMembers_data();
     void statisticalMembers();
-    void statisticalMembersAreThoseOfTheTable();
+    void statisticalMembersAreThoseOfTheProgramsTable();
     void unitsOfIntervals_data();
     void unitsOfIntervals();
     void byteBetweenWords_data();
@@ -147,7 +147,7 @@ private Q_SLOTS:
     void channels_data();
     void channels();
     void linesAndColumns();
-    void saysNothing();
+    void lexerPrintsNothing();
 };
 
 void tst_Lexer::everyTypeHasItsNumberAndName_data()
@@ -168,7 +168,7 @@ void tst_Lexer::everyTypeHasItsNumberAndName()
     QCOMPARE(QString::fromStdString(typeName(type)), name);
 }
 
-void tst_Lexer::theNameTableEndsWithTheHighestType()
+void tst_Lexer::numberOfTypes()
 {
     QCOMPARE(static_cast<int>(TOKEN_YESNO_DECL), 86);
     QCOMPARE(static_cast<size_t>(TOKEN_TYPE_COUNT),
@@ -247,7 +247,7 @@ void tst_Lexer::statisticalMembers()
 }
 
 // Every text of one to three capital letters and digits behind a full stop is tried.
-void tst_Lexer::statisticalMembersAreThoseOfTheTable()
+void tst_Lexer::statisticalMembersAreThoseOfTheProgramsTable()
 {
     std::string text;
     for (const std::string& word : wordsUpTo(3))
@@ -516,7 +516,7 @@ void tst_Lexer::linesAndColumns()
     }
 }
 
-void tst_Lexer::saysNothing()
+void tst_Lexer::lexerPrintsNothing()
 {
     const auto lexBadText = [] { lexText("=,+ @ 1e+x \x80\xff \"unclosed"); };
     QCOMPARE(outputOf(stderr, lexBadText), QByteArray());

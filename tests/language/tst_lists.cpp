@@ -24,7 +24,7 @@ private Q_SLOTS:
 
     void longListKeepsEveryRow_data();
     void longListKeepsEveryRow();
-    void metaDataListIsNoted();
+    void metaDataListFlag();
 };
 
 void tst_Lists::longListKeepsEveryRow_data()
@@ -58,7 +58,7 @@ void tst_Lists::longListKeepsEveryRow()
     QCOMPARE(rows, ROWS);
 }
 
-void tst_Lists::metaDataListIsNoted()
+void tst_Lists::metaDataListFlag()
 {
     metaDataList = 0;
     loadText("@SCRIBON s\n");

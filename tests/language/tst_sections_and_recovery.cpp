@@ -46,13 +46,13 @@ private Q_SLOTS:
     void endOfInputStaysLast();
     void typesOfSpecialNodes();
     void placesOfNodes();
-    void tabOfTheLastFileBlocksStrayText_data();
-    void tabOfTheLastFileBlocksStrayText();
-    void statementFreesStrayTextFromTheLastFile();
+    void strayTextIsAnErrorAfterAFileThatEndedInAList_data();
+    void strayTextIsAnErrorAfterAFileThatEndedInAList();
+    void strayTextAfterAStatementIgnoresTheLastFile();
     void failedLoadKeepsItsTree();
-    void loadFreesTheTreeBefore();
+    void loadFreesThePreviousTree();
     void freeResourcesLeavesNothing();
-    void badFileIsLoadedInSilence();
+    void badFileIsLoadedWithoutOutput();
 };
 
 // The runtime does not set the child indexes of parsed nodes; the load sets those of the sections
@@ -111,7 +111,7 @@ void tst_SectionsAndRecovery::placesOfNodes()
     QCOMPARE(linePos(value), 9);
 }
 
-void tst_SectionsAndRecovery::tabOfTheLastFileBlocksStrayText_data()
+void tst_SectionsAndRecovery::strayTextIsAnErrorAfterAFileThatEndedInAList_data()
 {
     QTest::addColumn<QByteArray>("before");
     QTest::newRow("a scan list") << QByteArray("@SCAN_LIST\na\n");
@@ -121,7 +121,7 @@ void tst_SectionsAndRecovery::tabOfTheLastFileBlocksStrayText_data()
 }
 
 // ctab is not reset between files, ecm_init is.
-void tst_SectionsAndRecovery::tabOfTheLastFileBlocksStrayText()
+void tst_SectionsAndRecovery::strayTextIsAnErrorAfterAFileThatEndedInAList()
 {
     QFETCH(QByteArray, before);
     loadText(before);
@@ -135,7 +135,7 @@ void tst_SectionsAndRecovery::tabOfTheLastFileBlocksStrayText()
                  "UNKNOWN_TXT_DECL [ EDITOR_TAB1, FILLER_TXT, TEXT_BLK(stray), FILLER_TXT ]"));
 }
 
-void tst_SectionsAndRecovery::statementFreesStrayTextFromTheLastFile()
+void tst_SectionsAndRecovery::strayTextAfterAStatementIgnoresTheLastFile()
 {
     loadText("@SCAN_LIST\na\n");
     QCOMPARE(loadText("# note\nstray\n@SCRIBON s\n"), 0);
@@ -151,7 +151,7 @@ void tst_SectionsAndRecovery::failedLoadKeepsItsTree()
     QCOMPARE(treeChildCount(), ANTLR3_UINT32(3));
 }
 
-void tst_SectionsAndRecovery::loadFreesTheTreeBefore()
+void tst_SectionsAndRecovery::loadFreesThePreviousTree()
 {
     QCOMPARE(loadText("@SCRIBON first\n"), 0);
     QCOMPARE(loadText("@SCRIBON second\n"), 0);
@@ -172,7 +172,7 @@ void tst_SectionsAndRecovery::freeResourcesLeavesNothing()
     QCOMPARE(free_resources(), 0);
 }
 
-void tst_SectionsAndRecovery::badFileIsLoadedInSilence()
+void tst_SectionsAndRecovery::badFileIsLoadedWithoutOutput()
 {
     const QByteArray text(
         "@SCRIBON 1e+5\n@FOO # c\n@DESCRIPTION\n@ENABLE 5\n=;,\n@RUNNING_AVERAGE 5[sec]\n@MODE x\n"

@@ -87,7 +87,7 @@ private Q_SLOTS:
     void everyKeyword();
     void stateAfterAStatement_data();
     void stateAfterAStatement();
-    void metaHeaderFilenameReadsTheMaskOfTheFileBefore();
+    void metaHeaderFilenameUsesTheMaskOfTheLastFile();
 };
 
 void tst_Statements::everyKeyword_data()
@@ -180,7 +180,7 @@ void tst_Statements::stateAfterAStatement()
     QCOMPARE(ecml_rules, 0);
 }
 
-void tst_Statements::metaHeaderFilenameReadsTheMaskOfTheFileBefore()
+void tst_Statements::metaHeaderFilenameUsesTheMaskOfTheLastFile()
 {
     const QByteArray text("@META_HEADER_FILENAME my_header");
     resetParseState();

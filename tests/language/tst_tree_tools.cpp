@@ -115,8 +115,8 @@ private Q_SLOTS:
     void updatedCommentEndsItsLine();
     void updateReadsTheGivenLengthOnly();
     void updateWithoutALengthReadsTenCharacters();
-    void updateLeavesTheParseBetweenStatements_data();
-    void updateLeavesTheParseBetweenStatements();
+    void updateResetsTheStatementInProgress_data();
+    void updateResetsTheStatementInProgress();
     void updateOfAFileThatEndsInAMetaDataList();
     void manyUpdates();
     void updatedTextsGoWithTheLoad();
@@ -124,9 +124,9 @@ private Q_SLOTS:
 
     void insertedColumn_data();
     void insertedColumn();
-    void insertedColumnIsATwinWithABlank();
+    void insertedColumnIsACopyWithABlank();
     void insertedColumnRefreshesIndexes();
-    void insertedColumnTellsOfTheEcmList();
+    void insertedColumnPrintsAMessageAboutTheEcmList();
     void insertionElsewhereOverwritesASibling();
     void insertionOfForeignNodes();
 
@@ -134,7 +134,7 @@ private Q_SLOTS:
     void errorFlags();
     void errorNodes();
     void systemoutPrintsALine();
-    void silentFunctions();
+    void functionsWithoutEffect();
 };
 
 void tst_TreeTools::init()
@@ -288,7 +288,7 @@ void tst_TreeTools::updateWithoutALengthReadsTenCharacters()
     QCOMPARE(typeOf(modeValue()), int(TOKEN_KYWD_SCAN_LIST));
 }
 
-void tst_TreeTools::updateLeavesTheParseBetweenStatements_data()
+void tst_TreeTools::updateResetsTheStatementInProgress_data()
 {
     QTest::addColumn<QByteArray>("text");
     const auto row = [](const char* title, const char* text) {
@@ -302,7 +302,7 @@ void tst_TreeTools::updateLeavesTheParseBetweenStatements_data()
     row("a file that ends in a stray word of a list", "@SCRIBON s\n@META_DATA\na b\n5");
 }
 
-void tst_TreeTools::updateLeavesTheParseBetweenStatements()
+void tst_TreeTools::updateResetsTheStatementInProgress()
 {
     QFETCH(QByteArray, text);
     QCOMPARE(loadText(text), 0);
@@ -378,7 +378,7 @@ void tst_TreeTools::insertedColumn()
     QVERIFY(insertedAt == childAt(firstRow(), place + 1));
 }
 
-void tst_TreeTools::insertedColumnIsATwinWithABlank()
+void tst_TreeTools::insertedColumnIsACopyWithABlank()
 {
     const pANTLR3_BASE_TREE original = childAt(firstRow(), 0);
     const pANTLR3_BASE_TREE inserted = insertColInTree(original);
@@ -405,7 +405,7 @@ void tst_TreeTools::insertedColumnRefreshesIndexes()
     QCOMPARE(typeOf(treeChild(10)), -1);
 }
 
-void tst_TreeTools::insertedColumnTellsOfTheEcmList()
+void tst_TreeTools::insertedColumnPrintsAMessageAboutTheEcmList()
 {
     const auto insert = [] { insertColInTree(childAt(firstRow(), 0)); };
     const auto insertNull = [] { insertColInTree(nullptr); };
@@ -487,7 +487,7 @@ void tst_TreeTools::systemoutPrintsALine()
     QCOMPARE(outputOf(stdout, [] { systemout(-1, ""); }), QByteArray("-1 \n"));
 }
 
-void tst_TreeTools::silentFunctions()
+void tst_TreeTools::functionsWithoutEffect()
 {
     const QString tree = loadedTree();
     const auto callAll = [] {

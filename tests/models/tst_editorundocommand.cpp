@@ -155,7 +155,7 @@ class ComparedTabs {
 public:
     explicit ComparedTabs(unsigned seed) : m_random(seed) {}
 
-    void doSomething();
+    void randomAction();
     void compare();
 
 private:
@@ -170,7 +170,7 @@ private:
     std::array<ReferenceStack, 2> m_stacks;
 };
 
-void ComparedTabs::doSomething()
+void ComparedTabs::randomAction()
 {
     const int tab = pick(&m_random, 2);
     switch (pick(&m_random, 6)) {
@@ -238,44 +238,44 @@ class tst_EditorUndoCommand : public QObject {
 
 private Q_SLOTS:
     void editOfACell();
-    void everyEditIsAStep();
+    void everyEditIsAnUndoCommand();
     void editToAnEmptyText();
     void editFromAnEmptyText();
     void editFollowsItsRow();
 
     void insertedRow();
-    void insertedRowGoes();
-    void insertedRowComesBack();
+    void undoRemovesAnInsertedRow();
+    void redoRestoresAnInsertedRow();
     void insertIntoNoRows();
     void insertWithAnIndexAndARowThatDoesNotExist();
-    void textsOfTheFirstUndoComeBack();
-    void typedValueComesBack();
-    void typedValuesOfSeveralRowsComeBack();
+    void redoRestoresTheTextsOfTheFirstUndo();
+    void redoRestoresATypedValue();
+    void redoRestoresTypedValuesOfSeveralRows();
 
     void removedRow();
-    void removedRowComesBack_data();
-    void removedRowComesBack();
-    void errorCodesDoNotComeBack();
-    void columnsBeyondTheLastDoNoHarm();
+    void undoRestoresARemovedRow_data();
+    void undoRestoresARemovedRow();
+    void undoDoesNotRestoreErrorCodes();
+    void columnsBeyondTheLastAreIgnored();
     void editOfARemovedRowComesBack();
     void removalOfTheOnlyRow();
     void removalOfARowThatDoesNotExist();
     void removalWithoutACell();
 
     void modifiedStays();
-    void actsOnItsOwnModel();
+    void commandChangesItsOwnModel();
     void commandsHaveNoText();
-    void stackOutlivesTheHistory();
+    void modelWorksAfterTheStackIsCleared();
     void longHistories_data();
     void longHistories();
 
     void editFromAnotherTabSparesOtherRows();
     void editFromAnotherTabFollowsItsRow();
     void editFromAnotherTabFindsAnInsertedRowAgain();
-    void editOfARowThatIsGoneForGood();
-    void everyRowHasAnIdentityOfItsOwn();
-    void historiesOfTwoTabs_data();
-    void historiesOfTwoTabs();
+    void editOfAPermanentlyRemovedRow();
+    void everyRowHasAUniqueId();
+    void randomHistoriesOfTwoTabs_data();
+    void randomHistoriesOfTwoTabs();
 };
 
 void tst_EditorUndoCommand::editOfACell()
@@ -290,7 +290,7 @@ void tst_EditorUndoCommand::editOfACell()
     QCOMPARE(document.cell(1, 1), QStringLiteral("n"));
 }
 
-void tst_EditorUndoCommand::everyEditIsAStep()
+void tst_EditorUndoCommand::everyEditIsAnUndoCommand()
 {
     Editing document;
     document.edit(1, 1, QStringLiteral("n"));
@@ -346,7 +346,7 @@ void tst_EditorUndoCommand::insertedRow()
     QVERIFY2(document.edit(1, 1, QStringLiteral("v")), "a blank cell takes edits");
 }
 
-void tst_EditorUndoCommand::insertedRowGoes()
+void tst_EditorUndoCommand::undoRemovesAnInsertedRow()
 {
     Editing document;
     document.insertBelow(2);
@@ -355,7 +355,7 @@ void tst_EditorUndoCommand::insertedRowGoes()
     QCOMPARE(document.rows(), ROWS);
 }
 
-void tst_EditorUndoCommand::insertedRowComesBack()
+void tst_EditorUndoCommand::redoRestoresAnInsertedRow()
 {
     Editing document;
     document.insertBelow(1);
@@ -393,7 +393,7 @@ void tst_EditorUndoCommand::insertWithAnIndexAndARowThatDoesNotExist()
 }
 
 // An undo appends the texts that it saves, and a redo reads from the front.
-void tst_EditorUndoCommand::textsOfTheFirstUndoComeBack()
+void tst_EditorUndoCommand::redoRestoresTheTextsOfTheFirstUndo()
 {
     Editing document;
     document.insertBelow(0);
@@ -407,7 +407,7 @@ void tst_EditorUndoCommand::textsOfTheFirstUndoComeBack()
     QCOMPARE(document.cell(1, 1), QStringLiteral("first"));
 }
 
-void tst_EditorUndoCommand::typedValueComesBack()
+void tst_EditorUndoCommand::redoRestoresATypedValue()
 {
     Editing document;
     document.insertBelow(0);
@@ -424,7 +424,7 @@ void tst_EditorUndoCommand::typedValueComesBack()
 }
 
 // Edits of rows below others that are inserted and removed.
-void tst_EditorUndoCommand::typedValuesOfSeveralRowsComeBack()
+void tst_EditorUndoCommand::redoRestoresTypedValuesOfSeveralRows()
 {
     Editing document;
     document.insertBelow(0);
@@ -449,7 +449,7 @@ void tst_EditorUndoCommand::removedRow()
     QVERIFY(document.model()->isModified());
 }
 
-void tst_EditorUndoCommand::removedRowComesBack_data()
+void tst_EditorUndoCommand::undoRestoresARemovedRow_data()
 {
     QTest::addColumn<int>("row");
     QTest::newRow("the first") << 0;
@@ -457,7 +457,7 @@ void tst_EditorUndoCommand::removedRowComesBack_data()
     QTest::newRow("the last") << 2;
 }
 
-void tst_EditorUndoCommand::removedRowComesBack()
+void tst_EditorUndoCommand::undoRestoresARemovedRow()
 {
     QFETCH(int, row);
     Editing document;
@@ -472,7 +472,7 @@ void tst_EditorUndoCommand::removedRowComesBack()
     }
 }
 
-void tst_EditorUndoCommand::errorCodesDoNotComeBack()
+void tst_EditorUndoCommand::undoDoesNotRestoreErrorCodes()
 {
     Editing document;
     document.model()->setErrorCode(document.model()->index(1, 1), DE_SYNTAX_ERR);
@@ -482,7 +482,7 @@ void tst_EditorUndoCommand::errorCodesDoNotComeBack()
     QVERIFY2(document.model()->isDirty(), "the next validation gives it one");
 }
 
-void tst_EditorUndoCommand::columnsBeyondTheLastDoNoHarm()
+void tst_EditorUndoCommand::columnsBeyondTheLastAreIgnored()
 {
     const QStringList rows = lines({"@META_DATA | FILLER_TXT | FILLER_TXT", "<unset> | k | v"});
     Editing document(rows, EDIT_TAB3);
@@ -555,7 +555,7 @@ void tst_EditorUndoCommand::modifiedStays()
     QVERIFY(document.model()->isDirty());
 }
 
-void tst_EditorUndoCommand::actsOnItsOwnModel()
+void tst_EditorUndoCommand::commandChangesItsOwnModel()
 {
     Editing document;
     const auto other = modelOfRows(EDIT_TAB1, ROWS);
@@ -582,7 +582,7 @@ void tst_EditorUndoCommand::commandsHaveNoText()
     }
 }
 
-void tst_EditorUndoCommand::stackOutlivesTheHistory()
+void tst_EditorUndoCommand::modelWorksAfterTheStackIsCleared()
 {
     Editing document;
     document.insertBelow(1);
@@ -671,7 +671,7 @@ void tst_EditorUndoCommand::editFromAnotherTabFindsAnInsertedRowAgain()
 }
 
 // Another row is inserted in its place, so redo cannot restore it.
-void tst_EditorUndoCommand::editOfARowThatIsGoneForGood()
+void tst_EditorUndoCommand::editOfAPermanentlyRemovedRow()
 {
     TwoTabs tabs;
     tabs.insertBelow(TwoTabs::Second, 1);
@@ -686,7 +686,7 @@ void tst_EditorUndoCommand::editOfARowThatIsGoneForGood()
     }
 }
 
-void tst_EditorUndoCommand::everyRowHasAnIdentityOfItsOwn()
+void tst_EditorUndoCommand::everyRowHasAUniqueId()
 {
     const auto model = modelOfRows(EDIT_TAB1, ROWS);
     model->insertRows(1, 2);
@@ -703,19 +703,19 @@ void tst_EditorUndoCommand::everyRowHasAnIdentityOfItsOwn()
     QVERIFY(!model->cellOfRow(0, 0, 0).isValid());
 }
 
-void tst_EditorUndoCommand::historiesOfTwoTabs_data()
+void tst_EditorUndoCommand::randomHistoriesOfTwoTabs_data()
 {
     QTest::addColumn<unsigned>("seed");
     for (unsigned seed = 1; seed <= 20; ++seed)
         QTest::newRow(qPrintable(QStringLiteral("seed %1").arg(seed))) << seed;
 }
 
-void tst_EditorUndoCommand::historiesOfTwoTabs()
+void tst_EditorUndoCommand::randomHistoriesOfTwoTabs()
 {
     QFETCH(unsigned, seed);
     ComparedTabs tabs(seed);
     for (int step = 0; step < 400 && !QTest::currentTestFailed(); ++step) {
-        tabs.doSomething();
+        tabs.randomAction();
         tabs.compare();
     }
 }

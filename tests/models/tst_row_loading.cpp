@@ -89,18 +89,18 @@ private Q_SLOTS:
     void statementWithAnEmptyChildVector();
     void statementOfNoTab();
     void statementOfAnotherTab();
-    void markerAlone_data();
-    void markerAlone();
+    void statementWithTheTabMarkerOnly_data();
+    void statementWithTheTabMarkerOnly();
     void keywordRowHasThreeCells();
     void levels();
-    void blanksGoDownToTheThirdLevel();
-    void whiteSpaceAloneIsAnEmptyText();
-    void lineEndsAreNoCells();
+    void blanksAreTrimmedDownToTheThirdLevel();
+    void whiteSpaceIsTrimmedToAnEmptyText();
+    void lineEndsAreNotCells();
     void listItems_data();
     void listItems();
     void bytesOfTheFile_data();
     void bytesOfTheFile();
-    void rowsOutliveTheTree();
+    void rowsAreKeptAfterTheTreeIsFreed();
     void manyRowsStayInOrder();
 
 private:
@@ -181,7 +181,7 @@ void tst_RowLoading::statementOfAnotherTab()
     QCOMPARE(modelOfTree(tree.root(), EDIT_TAB3)->rowCount(), 0);
 }
 
-void tst_RowLoading::markerAlone_data()
+void tst_RowLoading::statementWithTheTabMarkerOnly_data()
 {
     QTest::addColumn<int>("tab");
     QTest::addColumn<QStringList>("rows");
@@ -190,7 +190,7 @@ void tst_RowLoading::markerAlone_data()
     QTest::newRow("ECM List") << 17 << lines({"<unset> | <unset> | <unset>"});
 }
 
-void tst_RowLoading::markerAlone()
+void tst_RowLoading::statementWithTheTabMarkerOnly()
 {
     QFETCH(int, tab);
     HandMadeTree tree;
@@ -226,7 +226,7 @@ void tst_RowLoading::levels()
                     "<unset> | first again | <unset>"}));
 }
 
-void tst_RowLoading::blanksGoDownToTheThirdLevel()
+void tst_RowLoading::blanksAreTrimmedDownToTheThirdLevel()
 {
     HandMadeTree tree;
     const pANTLR3_BASE_TREE statement = tree.add(TOKEN_SCAN_LIST_DECL);
@@ -240,7 +240,7 @@ void tst_RowLoading::blanksGoDownToTheThirdLevel()
 }
 
 // Such a cell can be edited, unlike one that was never assigned.
-void tst_RowLoading::whiteSpaceAloneIsAnEmptyText()
+void tst_RowLoading::whiteSpaceIsTrimmedToAnEmptyText()
 {
     HandMadeTree tree;
     const pANTLR3_BASE_TREE statement = tree.add(TOKEN_STRING_DECL);
@@ -252,7 +252,7 @@ void tst_RowLoading::whiteSpaceAloneIsAnEmptyText()
 }
 
 // The children of a line end are read nevertheless.
-void tst_RowLoading::lineEndsAreNoCells()
+void tst_RowLoading::lineEndsAreNotCells()
 {
     HandMadeTree tree;
     const pANTLR3_BASE_TREE statement = tree.add(TOKEN_LABEL_DECL);
@@ -355,7 +355,7 @@ void tst_RowLoading::bytesOfTheFile()
     QCOMPARE(dumpOf(model.get()), QByteArray("@SCRIBON\nx\n\n@DESCRIPTION\n" + text + "\n"));
 }
 
-void tst_RowLoading::rowsOutliveTheTree()
+void tst_RowLoading::rowsAreKeptAfterTheTreeIsFreed()
 {
     const auto model = modelOfText("@SCRIBON x\n@MODE m\n", EDIT_TAB1);
     free_resources();

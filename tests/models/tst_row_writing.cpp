@@ -37,14 +37,14 @@ private Q_SLOTS:
     void otherLists_data();
     void otherLists() { checkText(EDIT_TAB3); }
 
-    void limitOfValuesLastsOverRows();
-    void cellsAreTrimmedOnTheWayOut();
+    void limitOfValuesAppliesToLaterRows();
+    void cellsAreTrimmedWhenWritten();
     void writingChangesNothing();
-    void writingGoesByTheCells();
+    void writingIgnoresErrorCodes();
     void writingWorksWhileLoading();
     void appends();
-    void noRowsLeaveTheFileAsItWas();
-    void makesTheFile();
+    void modelWithoutRowsKeepsTheFile();
+    void createsTheFile();
     void fileThatCannotBeOpened_data();
     void fileThatCannotBeOpened();
     void fullDisk();
@@ -204,7 +204,7 @@ void tst_RowWriting::otherLists_data()
 
 // A keyword sets the maximum number of values for a line, up to the next keyword; it is two at
 // first.
-void tst_RowWriting::limitOfValuesLastsOverRows()
+void tst_RowWriting::limitOfValuesAppliesToLaterRows()
 {
     const auto model = modelOfRows(
         EDIT_TAB2, lines({"a | b | c | d", "@SCAN_LIST_AUX_USER", "a | b | c | d", "@ECM_LIST",
@@ -219,7 +219,7 @@ void tst_RowWriting::limitOfValuesLastsOverRows()
                                              "ab\t\tc\n\t\td\n"));
 }
 
-void tst_RowWriting::cellsAreTrimmedOnTheWayOut()
+void tst_RowWriting::cellsAreTrimmedWhenWritten()
 {
     const auto model =
         modelOfRows(EDIT_TAB1, lines({"\\s@MODE\\s | \\tm\\n | \\sw\\s", "\\s# c\\s | x | y"}));
@@ -242,7 +242,7 @@ void tst_RowWriting::writingChangesNothing()
 }
 
 // The text has all edits since the load, valid or not.
-void tst_RowWriting::writingGoesByTheCells()
+void tst_RowWriting::writingIgnoresErrorCodes()
 {
     const auto model = modelOfText("@SCRIBON x\n@SCAN_LIST\na .AV c\nd e\n", EDIT_TAB2);
     model->setData(model->index(1, 1), QStringLiteral("not ok!"));
@@ -274,7 +274,7 @@ void tst_RowWriting::appends()
     QCOMPARE(contentOf(name), QByteArray("before@MODE\nm\n@MODE\nm\n"));
 }
 
-void tst_RowWriting::noRowsLeaveTheFileAsItWas()
+void tst_RowWriting::modelWithoutRowsKeepsTheFile()
 {
     const QTemporaryDir dir;
     const QString name = dir.filePath(QStringLiteral("spec"));
@@ -284,7 +284,7 @@ void tst_RowWriting::noRowsLeaveTheFileAsItWas()
     QCOMPARE(contentOf(name), QByteArray("before"));
 }
 
-void tst_RowWriting::makesTheFile()
+void tst_RowWriting::createsTheFile()
 {
     const QTemporaryDir dir;
     const QString name = dir.filePath(QStringLiteral("spec"));

@@ -147,12 +147,12 @@ private Q_SLOTS:
     void longRowsOfPieces();
     void editedRows();
 
-    void slips_data();
-    void slips();
-    void slipsThatDoNotLoadAgain_data();
-    void slipsThatDoNotLoadAgain();
-    void valuesThatAreNoWordsMultiply_data();
-    void valuesThatAreNoWordsMultiply();
+    void mistypedStatements_data();
+    void mistypedStatements();
+    void mistypedStatementsThatAreRefusedOnReload_data();
+    void mistypedStatementsThatAreRefusedOnReload();
+    void valuesOfAnotherTokenAreRepeatedAtEachLoad_data();
+    void valuesOfAnotherTokenAreRepeatedAtEachLoad();
     void zeroByteInAMisplacedTextLosesNothing_data();
     void zeroByteInAMisplacedTextLosesNothing();
 };
@@ -234,7 +234,7 @@ void tst_SaveLoadSave::editedRows()
 }
 
 // Faults with which the text changes from save to save. Existing behaviour, kept for compatibility.
-void tst_SaveLoadSave::slips_data()
+void tst_SaveLoadSave::mistypedStatements_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QByteArray>("first");
@@ -268,7 +268,7 @@ void tst_SaveLoadSave::slips_data()
         "\n@OUTPUT_PATH\n5\n5\n");
 }
 
-void tst_SaveLoadSave::slips()
+void tst_SaveLoadSave::mistypedStatements()
 {
     QFETCH(QByteArray, text);
     const Saves saves = saveLoadSave("@SCRIBON x\n" + text);
@@ -278,7 +278,7 @@ void tst_SaveLoadSave::slips()
 }
 
 // Faults with which the saved text is not a spec file any more.
-void tst_SaveLoadSave::slipsThatDoNotLoadAgain_data()
+void tst_SaveLoadSave::mistypedStatementsThatAreRefusedOnReload_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QByteArray>("first");
@@ -290,7 +290,7 @@ void tst_SaveLoadSave::slipsThatDoNotLoadAgain_data()
         << QByteArray("@META_DATA\nk\nl 'text'\n") << QByteArray("\n@META_DATA\nk\t\tl\n'text'\n");
 }
 
-void tst_SaveLoadSave::slipsThatDoNotLoadAgain()
+void tst_SaveLoadSave::mistypedStatementsThatAreRefusedOnReload()
 {
     QFETCH(QByteArray, text);
     const Saves saves = saveLoadSave("@SCRIBON x\n" + text);
@@ -299,7 +299,7 @@ void tst_SaveLoadSave::slipsThatDoNotLoadAgain()
     QCOMPARE(saves.secondVerdict, -2);
 }
 
-void tst_SaveLoadSave::valuesThatAreNoWordsMultiply_data()
+void tst_SaveLoadSave::valuesOfAnotherTokenAreRepeatedAtEachLoad_data()
 {
     QTest::addColumn<QByteArray>("keyword");
     QTest::addColumn<QByteArray>("value");
@@ -310,7 +310,7 @@ void tst_SaveLoadSave::valuesThatAreNoWordsMultiply_data()
 }
 
 // The value is kept in its cell, and again as free text behind it.
-void tst_SaveLoadSave::valuesThatAreNoWordsMultiply()
+void tst_SaveLoadSave::valuesOfAnotherTokenAreRepeatedAtEachLoad()
 {
     QFETCH(QByteArray, keyword);
     QFETCH(QByteArray, value);

@@ -54,8 +54,8 @@ private Q_SLOTS:
     void encodingOfBytes();
     void encodingOfWhatIsWritten_data();
     void encodingOfWhatIsWritten();
-    void everyByteOfACellSurvives_data();
-    void everyByteOfACellSurvives();
+    void everyByteOfACellIsKept_data();
+    void everyByteOfACellIsKept();
     void latin1FileKeepsItsBytes();
     void utf8FileKeepsItsBytes();
     void allBytesAreValidInAnEightBitLocale();
@@ -113,7 +113,7 @@ void tst_SpecEncoding::encodingOfWhatIsWritten()
     QVERIFY(encodingFor(text, SpecEncoding::Local) == SpecEncoding::Local);
 }
 
-void tst_SpecEncoding::everyByteOfACellSurvives_data()
+void tst_SpecEncoding::everyByteOfACellIsKept_data()
 {
     QTest::addColumn<QByteArray>("byte");
     for (int value = 0; value < 256; ++value)
@@ -123,7 +123,7 @@ void tst_SpecEncoding::everyByteOfACellSurvives_data()
 
 // A byte that ends the quotes, the comment or the word is not part of the cell. What the cells have
 // after the first load, they also have after the second one.
-void tst_SpecEncoding::everyByteOfACellSurvives()
+void tst_SpecEncoding::everyByteOfACellIsKept()
 {
     QFETCH(QByteArray, byte);
     const QByteArray text = "a" + byte + "b";

@@ -40,7 +40,7 @@ class tst_TreeItem : public QObject {
 private Q_SLOTS:
     void newItem();
     void nothingOutOfRange();
-    void childrenKnowTheirPlace();
+    void childNumbers();
     void insertChildren_data();
     void insertChildren();
     void insertedRowsAreUnset();
@@ -52,7 +52,7 @@ private Q_SLOTS:
     void removeColumns_data();
     void removeColumns();
     void columnsReachAllDepths();
-    void columnsOfAShortChildAreItsOwnMatter();
+    void columnCountOfAShorterChildIsKept();
     void plainStore_data();
     void plainStore();
     void plainStoreDoesNotCompare();
@@ -92,7 +92,7 @@ void tst_TreeItem::nothingOutOfRange()
     QVERIFY(item.child(0) != nullptr);
 }
 
-void tst_TreeItem::childrenKnowTheirPlace()
+void tst_TreeItem::childNumbers()
 {
     TreeItem item = row(1);
     item.insertChildren(0, 3, 1);
@@ -267,7 +267,7 @@ void tst_TreeItem::columnsReachAllDepths()
     QCOMPARE(grandchild->columnCount(), 1);
 }
 
-void tst_TreeItem::columnsOfAShortChildAreItsOwnMatter()
+void tst_TreeItem::columnCountOfAShorterChildIsKept()
 {
     TreeItem item = row(3);
     item.insertChildren(0, 1, 1);

@@ -68,12 +68,12 @@ private Q_SLOTS:
     void tabs_data();
     void tabs();
     void newModelIsClean();
-    void rowlessModelIsProper();
+    void modelWithoutRows();
 
-    void columnCountIsTheHeaders();
+    void columnCountIsThatOfTheHeaders();
     void index_data();
     void index();
-    void columnBeyondTheLastIsEmpty();
+    void dataOfAColumnBeyondTheLastIsInvalid();
     void rowsHaveNoParentAndNoRows();
     void nestedRowsFindTheirParent();
     void flags();
@@ -85,8 +85,8 @@ private Q_SLOTS:
 
     void roles_data();
     void roles();
-    void nothingShowsWhileLoading();
-    void looksWithoutAWindow();
+    void noDataWhileLoading();
+    void presentationRolesWithoutAWindow();
     void arrowWithoutAGuiApplication();
 
     void setData_data();
@@ -94,8 +94,8 @@ private Q_SLOTS:
     void setDataOfUnknownRole();
     void setDataWithoutACell();
     void undoableStoreSignalsTwice();
-    void undoableStoreRefused_data();
-    void undoableStoreRefused();
+    void rejectedUndoableStore_data();
+    void rejectedUndoableStore();
 
     void errorCodes();
 
@@ -105,12 +105,12 @@ private Q_SLOTS:
     void removeRows_data();
     void removeRows();
     void persistentIndicesFollowTheirRows();
-    void nestedRowsComeAndGo();
+    void undoAndRedoOfNestedRows();
     void insertColumns_data();
     void insertColumns();
     void removeColumns_data();
     void removeColumns();
-    void lastColumnTakesTheRowsAlong();
+    void removingAllColumnsRemovesTheRows();
 
     void changeFlags();
 };
@@ -159,7 +159,7 @@ void tst_TreeModel::newModelIsClean()
     QCOMPARE(model->getErrorCount(), 0);
 }
 
-void tst_TreeModel::rowlessModelIsProper()
+void tst_TreeModel::modelWithoutRows()
 {
     const auto model = modelOfTree(nullptr, EDIT_TAB1);
     QCOMPARE(model->rowCount(), 0);
@@ -167,7 +167,7 @@ void tst_TreeModel::rowlessModelIsProper()
     QVERIFY(!model->index(0, 0).isValid());
 }
 
-void tst_TreeModel::columnCountIsTheHeaders()
+void tst_TreeModel::columnCountIsThatOfTheHeaders()
 {
     const auto model = sampleModel();
     QCOMPARE(model->columnCount(), 3);
@@ -203,7 +203,7 @@ void tst_TreeModel::index()
     }
 }
 
-void tst_TreeModel::columnBeyondTheLastIsEmpty()
+void tst_TreeModel::dataOfAColumnBeyondTheLastIsInvalid()
 {
     const auto model = sampleModel();
     const QModelIndex index = model->index(0, 7);
@@ -336,7 +336,7 @@ void tst_TreeModel::roles()
     QVERIFY(!model->data(QModelIndex(), role).isValid());
 }
 
-void tst_TreeModel::nothingShowsWhileLoading()
+void tst_TreeModel::noDataWhileLoading()
 {
     const auto model = sampleModel();
     const QModelIndex cell = model->index(0, 0);
@@ -350,7 +350,7 @@ void tst_TreeModel::nothingShowsWhileLoading()
 }
 
 // A program without a window has chosen no colour and has no keyword help.
-void tst_TreeModel::looksWithoutAWindow()
+void tst_TreeModel::presentationRolesWithoutAWindow()
 {
     const auto model = sampleModel();
     const QModelIndex cell = model->index(1, 0);
@@ -440,7 +440,7 @@ void tst_TreeModel::undoableStoreSignalsTwice()
     QVERIFY(model->isDirty());
 }
 
-void tst_TreeModel::undoableStoreRefused_data()
+void tst_TreeModel::rejectedUndoableStore_data()
 {
     QTest::addColumn<QString>("cell");
     QTest::addColumn<QString>("text");
@@ -450,7 +450,7 @@ void tst_TreeModel::undoableStoreRefused_data()
                                    << "x";
 }
 
-void tst_TreeModel::undoableStoreRefused()
+void tst_TreeModel::rejectedUndoableStore()
 {
     QFETCH(QString, cell);
     QFETCH(QString, text);
@@ -586,7 +586,7 @@ void tst_TreeModel::persistentIndicesFollowTheirRows()
     QVERIFY(!mode.isValid());
 }
 
-void tst_TreeModel::nestedRowsComeAndGo()
+void tst_TreeModel::undoAndRedoOfNestedRows()
 {
     const auto model = treeForNesting();
     const QModelIndex parent = model->index(0, 0);
@@ -659,7 +659,7 @@ void tst_TreeModel::removeColumns()
     QCOMPARE(removed.size(), model->columnCount() < 3 ? 1 : 0);
 }
 
-void tst_TreeModel::lastColumnTakesTheRowsAlong()
+void tst_TreeModel::removingAllColumnsRemovesTheRows()
 {
     const auto model = sampleModel();
     QVERIFY(model->removeColumns(0, 3));
