@@ -15,15 +15,15 @@ private Q_SLOTS:
     void staysBesideItsCell();
     void staysOnTheScreen_data() { staysBesideItsCell_data(); }
     void staysOnTheScreen();
-    void dismissedDialogLeavesNoMark_data();
-    void dismissedDialogLeavesNoMark();
+    void cancelledDialogHasNoErrorCode_data();
+    void cancelledDialogHasNoErrorCode();
     void undoOnTheTabWhereADialogEndedSparesOtherRows();
     void undoOnTheTabWhereADialogEndedFindsItsRowAgain();
 
 private:
     // Opens the dialog of Scan List row 5, changes to the Keywords tab, accepts another variable
     // and removes the row.
-    void renameFromKeywordsAndRemove();
+    void dialogAcceptedOnAnotherTabThenRowRemoved();
     QStringList scanList() const { return columnTexts(*modelOf(*m_window, DE_TAB2), 1); }
     void undoOn(int tab);
 
@@ -87,7 +87,7 @@ void TestCellDialogs::staysOnTheScreen()
     QVERIFY(area.contains(dialog->geometry()));
 }
 
-void TestCellDialogs::dismissedDialogLeavesNoMark_data()
+void TestCellDialogs::cancelledDialogHasNoErrorCode_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::newRow("a wrong text") << QStringLiteral("abc");
@@ -96,7 +96,7 @@ void TestCellDialogs::dismissedDialogLeavesNoMark_data()
 }
 
 // The cell kept its value, so the next validation clears its mark.
-void TestCellDialogs::dismissedDialogLeavesNoMark()
+void TestCellDialogs::cancelledDialogHasNoErrorCode()
 {
     QFETCH(QString, typed);
     show();
@@ -132,7 +132,7 @@ void TestCellDialogs::undoOn(int tab)
     press(Qt::Key_Z, Qt::ControlModifier);
 }
 
-void TestCellDialogs::renameFromKeywordsAndRemove()
+void TestCellDialogs::dialogAcceptedOnAnotherTabThenRowRemoved()
 {
     show(SEVEN_ENTRIES);
     auto* const dialog = openAs<VariableSelectionDialog>(cell(DE_TAB2, 5, 1));
@@ -152,7 +152,7 @@ void TestCellDialogs::renameFromKeywordsAndRemove()
 
 void TestCellDialogs::undoOnTheTabWhereADialogEndedSparesOtherRows()
 {
-    renameFromKeywordsAndRemove();
+    dialogAcceptedOnAnotherTabThenRowRemoved();
     const QStringList rest = document();
     undoOn(DE_TAB1);
     QCOMPARE(stack()->index(), 0);
@@ -164,7 +164,7 @@ void TestCellDialogs::undoOnTheTabWhereADialogEndedSparesOtherRows()
 
 void TestCellDialogs::undoOnTheTabWhereADialogEndedFindsItsRowAgain()
 {
-    renameFromKeywordsAndRemove();
+    dialogAcceptedOnAnotherTabThenRowRemoved();
     undoOn(DE_TAB2);
     QCOMPARE(scanList().at(5), QStringLiteral("renamed"));
     undoOn(DE_TAB1);

@@ -70,19 +70,19 @@ private Q_SLOTS:
     void eachTabHasADelegateOfItsOwn();
     void slotsOfTheMetaObject();
 
-    void onlyTheTabsNamesHaveEditors_data();
-    void onlyTheTabsNamesHaveEditors();
+    void editorsOpenOnlyForTheTabsModelNames_data();
+    void editorsOpenOnlyForTheTabsModelNames();
     void renamedModelIsLeftAlone();
     void modelOfAnotherClassIsLeftAlone_data();
     void modelOfAnotherClassIsLeftAlone();
-    void listsKeywordsHaveNoEditor();
+    void keywordsOfListsHaveNoEditor();
 
     void opensBothWays_data();
     void opensBothWays();
-    void editorsBelongTo_data();
-    void editorsBelongTo();
-    void openingCommitsNothing_data();
-    void openingCommitsNothing();
+    void parentsOfEditors_data();
+    void parentsOfEditors();
+    void openingAnEditorDoesNotCommit_data();
+    void openingAnEditorDoesNotCommit();
 
     void editorOverflowsToTheRightAndDownwards_data();
     void editorOverflowsToTheRightAndDownwards();
@@ -107,7 +107,7 @@ private Q_SLOTS:
     void ecmDialogStaysWhenLeft();
     void dialogEndedOtherwiseStoresNothing_data();
     void dialogEndedOtherwiseStoresNothing();
-    void goingToAnotherCellTakesTheDialogsValueOver();
+    void clickOnAnotherCellCommitsTheDialog();
 
     void otherWidgetsFillNothingAndStoreNothing();
     void slotsTakeTheirOwnSendersOnly_data();
@@ -115,14 +115,14 @@ private Q_SLOTS:
     void slotsWithoutASenderDoNothing();
     void editorsSignalsEndTheEdit_data();
     void editorsSignalsEndTheEdit();
-    void keywordsLineEndsNothing_data();
-    void keywordsLineEndsNothing();
+    void editingFinishedOfTheKeywordLineDoesNotCommit_data();
+    void editingFinishedOfTheKeywordLineDoesNotCommit();
 
-    void filterIgnoresWhatIsNoWidget();
-    void filterGivesKeysBack_data();
-    void filterGivesKeysBack();
-    void filterSparesTheDialogs_data();
-    void filterSparesTheDialogs();
+    void eventFilterIgnoresObjectsThatAreNoWidgets();
+    void eventFilterPassesKeysOn_data();
+    void eventFilterPassesKeysOn();
+    void eventFilterIgnoresDialogs_data();
+    void eventFilterIgnoresDialogs();
 
 private:
     QWidget* madeFor(const QModelIndex& cell);
@@ -166,7 +166,7 @@ void TestDelegateFrame::slotsOfTheMetaObject()
     QCOMPARE(methods, expected);
 }
 
-void TestDelegateFrame::onlyTheTabsNamesHaveEditors_data()
+void TestDelegateFrame::editorsOpenOnlyForTheTabsModelNames_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("opens");
@@ -180,7 +180,7 @@ void TestDelegateFrame::onlyTheTabsNamesHaveEditors_data()
     QTest::newRow("none") << QString() << false;
 }
 
-void TestDelegateFrame::onlyTheTabsNamesHaveEditors()
+void TestDelegateFrame::editorsOpenOnlyForTheTabsModelNames()
 {
     QFETCH(QString, name);
     QFETCH(bool, opens);
@@ -245,7 +245,7 @@ void TestDelegateFrame::modelOfAnotherClassIsLeftAlone()
     QCOMPARE(stack()->count(), 0);
 }
 
-void TestDelegateFrame::listsKeywordsHaveNoEditor()
+void TestDelegateFrame::keywordsOfListsHaveNoEditor()
 {
     show();
     for (int tab = DE_TAB2; tab <= DE_TAB5; ++tab) {
@@ -280,7 +280,7 @@ void TestDelegateFrame::opensBothWays()
     QCOMPARE(openEditors(), 1);
 }
 
-void TestDelegateFrame::editorsBelongTo_data()
+void TestDelegateFrame::parentsOfEditors_data()
 {
     QTest::addColumn<Place>("place");
     QTest::addColumn<bool>("isDialog");
@@ -291,7 +291,7 @@ void TestDelegateFrame::editorsBelongTo_data()
     QTest::newRow("an ECM list") << ECM << true;
 }
 
-void TestDelegateFrame::editorsBelongTo()
+void TestDelegateFrame::parentsOfEditors()
 {
     QFETCH(Place, place);
     QFETCH(bool, isDialog);
@@ -303,7 +303,7 @@ void TestDelegateFrame::editorsBelongTo()
     QCOMPARE(editor->isWindow(), isDialog);
 }
 
-void TestDelegateFrame::openingCommitsNothing_data()
+void TestDelegateFrame::openingAnEditorDoesNotCommit_data()
 {
     QTest::addColumn<Place>("place");
     QTest::addColumn<QString>("shown");
@@ -323,7 +323,7 @@ void TestDelegateFrame::openingCommitsNothing_data()
     add("an ECM list", ECM, "/specs/asam3_specs.engine");
 }
 
-void TestDelegateFrame::openingCommitsNothing()
+void TestDelegateFrame::openingAnEditorDoesNotCommit()
 {
     QFETCH(Place, place);
     QFETCH(QString, shown);
@@ -613,7 +613,7 @@ void TestDelegateFrame::dialogEndedOtherwiseStoresNothing()
 }
 
 // Like every editor of a view.
-void TestDelegateFrame::goingToAnotherCellTakesTheDialogsValueOver()
+void TestDelegateFrame::clickOnAnotherCellCommitsTheDialog()
 {
     show();
     const QModelIndex index = cellAt(GROUP);
@@ -812,7 +812,7 @@ void TestDelegateFrame::editorsSignalsEndTheEdit()
     QCOMPARE(reports.closes.size(), 1);
 }
 
-void TestDelegateFrame::keywordsLineEndsNothing_data()
+void TestDelegateFrame::editingFinishedOfTheKeywordLineDoesNotCommit_data()
 {
     QTest::addColumn<Place>("place");
     QTest::newRow("a keyword's") << Place{DE_TAB1, 0, "@MAX_SCANS", 0};
@@ -820,7 +820,7 @@ void TestDelegateFrame::keywordsLineEndsNothing_data()
 }
 
 // Opening the popup list of keywords also emits editingFinished() of the line edit.
-void TestDelegateFrame::keywordsLineEndsNothing()
+void TestDelegateFrame::editingFinishedOfTheKeywordLineDoesNotCommit()
 {
     QFETCH(Place, place);
     show("# note\n" + goodSpec());
@@ -843,7 +843,7 @@ void TestDelegateFrame::keywordsLineEndsNothing()
 
 // ---- The event filter --------------------------------------------------------------------------
 
-void TestDelegateFrame::filterIgnoresWhatIsNoWidget()
+void TestDelegateFrame::eventFilterIgnoresObjectsThatAreNoWidgets()
 {
     Antlr3_BaseTreeDelegate delegate;
     const Reports reports(&delegate);
@@ -857,7 +857,7 @@ void TestDelegateFrame::filterIgnoresWhatIsNoWidget()
     QVERIFY(reports.none());
 }
 
-void TestDelegateFrame::filterGivesKeysBack_data()
+void TestDelegateFrame::eventFilterPassesKeysOn_data()
 {
     QTest::addColumn<int>("key");
     QTest::addColumn<bool>("ends");
@@ -869,7 +869,7 @@ void TestDelegateFrame::filterGivesKeysBack_data()
     QTest::newRow("a letter") << int{Qt::Key_A} << false;
 }
 
-void TestDelegateFrame::filterGivesKeysBack()
+void TestDelegateFrame::eventFilterPassesKeysOn()
 {
     QFETCH(int, key);
     QFETCH(bool, ends);
@@ -891,7 +891,7 @@ void TestDelegateFrame::filterGivesKeysBack()
     QVERIFY(reports.none());
 }
 
-void TestDelegateFrame::filterSparesTheDialogs_data()
+void TestDelegateFrame::eventFilterIgnoresDialogs_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("spared");
@@ -902,7 +902,7 @@ void TestDelegateFrame::filterSparesTheDialogs_data()
     QTest::newRow("no name") << QString() << false;
 }
 
-void TestDelegateFrame::filterSparesTheDialogs()
+void TestDelegateFrame::eventFilterIgnoresDialogs()
 {
     QFETCH(QString, name);
     QFETCH(bool, spared);

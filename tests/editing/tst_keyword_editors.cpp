@@ -58,36 +58,36 @@ class TestKeywordEditors : public EditingTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void onlyRowMayHaveAnyKeyword();
-    void listOfKeywordsLooks();
-    void usedKeywordIsNotOffered_data();
-    void usedKeywordIsNotOffered();
-    void toolTipsGoByPosition();
-    void fontOfTheEditorIsTheUsers();
+    void onlyRowOffersAllKeywords();
+    void lookOfTheKeywordComboBox();
+    void keywordsOfOtherRowsAreNotOffered_data();
+    void keywordsOfOtherRowsAreNotOffered();
+    void toolTipsAreLookedUpByPosition();
+    void editorsUseTheFontOfThePreferences();
 
     void keywordOpensOn_data();
     void keywordOpensOn();
-    void emptyKeywordOpensOnTheFirst();
+    void editorOfAnEmptyKeywordShowsTheFirstItem();
     void keywordIsStoredAs_data();
     void keywordIsStoredAs();
     void pickedKeywordIsStoredAtOnce_data();
     void pickedKeywordIsStoredAtOnce();
     void pickingTheFirstKeywordNeedsReturn();
-    void newKeywordCallsForAnotherEditor();
+    void changedKeywordChangesTheEditorOfItsValue();
 
     void dialogOffers_data();
     void dialogOffers();
     void numberHasLimits();
-    void numberOfAWrongTextIsZero();
-    void emptiedNumberStays();
-    void typedTextIsJudged_data();
-    void typedTextIsJudged();
-    void wrongTextIsStoredAllTheSame();
+    void editorOfAnInvalidNumberShowsZero();
+    void clearedNumberKeepsTheValue();
+    void typedTextIsValidated_data();
+    void typedTextIsValidated();
+    void invalidTextIsStored();
     void lineTakesAnyLength();
-    void placeholderOpensAnEmptyLine();
+    void editorOfAPlaceholderIsEmpty();
 
     void variableIsShownTrimmed();
-    void variableThatIsNoneStandsInTheLine();
+    void unknownVariableIsShownInTheLine();
     void pickedVariableIsStored();
     void variableOfAListIsShown_data() { addListKeywords(); }
     void variableOfAListIsShown();
@@ -107,7 +107,7 @@ private Q_SLOTS:
     void yesOrNoShows_data();
     void yesOrNoShows();
     void yesOrNoIsStoredAtOnce();
-    void neitherYesNorNoStaysOnReturn();
+    void returnKeepsATextThatIsNeitherYesNorNo();
 
     void eventOfAnAverageShowsItsText_data();
     void eventOfAnAverageShowsItsText();
@@ -121,7 +121,7 @@ private:
 
 // ---- The list of keywords ----------------------------------------------------------------------
 
-void TestKeywordEditors::onlyRowMayHaveAnyKeyword()
+void TestKeywordEditors::onlyRowOffersAllKeywords()
 {
     show(ONE_KEYWORD);
     const auto* const comboBox = openAs<QComboBox>(valueOf("@SCRIBON", 0));
@@ -132,7 +132,7 @@ void TestKeywordEditors::onlyRowMayHaveAnyKeyword()
         QCOMPARE(comboBox->itemData(i, Qt::ToolTipRole).toString(), tips.at(i));
 }
 
-void TestKeywordEditors::listOfKeywordsLooks()
+void TestKeywordEditors::lookOfTheKeywordComboBox()
 {
     show(ONE_KEYWORD + "\n# note\n");
     for (int row = 0; row < 2; ++row) {
@@ -146,7 +146,7 @@ void TestKeywordEditors::listOfKeywordsLooks()
     }
 }
 
-void TestKeywordEditors::usedKeywordIsNotOffered_data()
+void TestKeywordEditors::keywordsOfOtherRowsAreNotOffered_data()
 {
     QTest::addColumn<QString>("otherRow");
     QTest::addColumn<QString>("missing");
@@ -158,7 +158,7 @@ void TestKeywordEditors::usedKeywordIsNotOffered_data()
     QTest::newRow("none in the list") << text("@SCAN_LIST") << QString();
 }
 
-void TestKeywordEditors::usedKeywordIsNotOffered()
+void TestKeywordEditors::keywordsOfOtherRowsAreNotOffered()
 {
     QFETCH(QString, otherRow);
     QFETCH(QString, missing);
@@ -172,7 +172,7 @@ void TestKeywordEditors::usedKeywordIsNotOffered()
     QCOMPARE(comboBox->currentText(), text("scribon"));
 }
 
-void TestKeywordEditors::toolTipsGoByPosition()
+void TestKeywordEditors::toolTipsAreLookedUpByPosition()
 {
     show(ONE_KEYWORD + "\n@ENABLE\ntake_data\n");
     const auto* const comboBox = openAs<QComboBox>(cell(DE_TAB1, 0, 0));
@@ -184,7 +184,7 @@ void TestKeywordEditors::toolTipsGoByPosition()
                  i < missing ? tips.at(i) : QString());
 }
 
-void TestKeywordEditors::fontOfTheEditorIsTheUsers()
+void TestKeywordEditors::editorsUseTheFontOfThePreferences()
 {
     show(ONE_KEYWORD);
     QFont font = m_window->myPrefs.editorFont;
@@ -224,7 +224,7 @@ void TestKeywordEditors::keywordOpensOn()
     QCOMPARE(comboBox->currentText(), shown);
 }
 
-void TestKeywordEditors::emptyKeywordOpensOnTheFirst()
+void TestKeywordEditors::editorOfAnEmptyKeywordShowsTheFirstItem()
 {
     show(ONE_KEYWORD);
     const QModelIndex keyword = cell(DE_TAB1, 0, 0);
@@ -323,7 +323,7 @@ void TestKeywordEditors::pickingTheFirstKeywordNeedsReturn()
     QCOMPARE(keyword.data().toString(), text("@CLEAR_STATISTICS_EVENT"));
 }
 
-void TestKeywordEditors::newKeywordCallsForAnotherEditor()
+void TestKeywordEditors::changedKeywordChangesTheEditorOfItsValue()
 {
     show(ONE_KEYWORD + "\n@REG_NAME\nname\n");
     QVERIFY(openAs<QLineEdit>(cell(DE_TAB1, 1, 1)) != nullptr);
@@ -404,7 +404,7 @@ void TestKeywordEditors::numberHasLimits()
     QCOMPARE(value.data().toString(), text("1000000"));
 }
 
-void TestKeywordEditors::numberOfAWrongTextIsZero()
+void TestKeywordEditors::editorOfAnInvalidNumberShowsZero()
 {
     show(ONE_KEYWORD + "\n@REG_NAME\nname\n");
     edit(DE_TAB1, 1, 0, text("@MAX_SCANS"));
@@ -413,7 +413,7 @@ void TestKeywordEditors::numberOfAWrongTextIsZero()
     QCOMPARE(spinBox->value(), 0);
 }
 
-void TestKeywordEditors::emptiedNumberStays()
+void TestKeywordEditors::clearedNumberKeepsTheValue()
 {
     show(ONE_KEYWORD + "\n@MAX_SCANS\n72000\n");
     const QModelIndex value = cell(DE_TAB1, 1, 1);
@@ -424,7 +424,7 @@ void TestKeywordEditors::emptiedNumberStays()
     QCOMPARE(stack()->count(), 0);
 }
 
-void TestKeywordEditors::typedTextIsJudged_data()
+void TestKeywordEditors::typedTextIsValidated_data()
 {
     QTest::addColumn<QByteArray>("keyword");
     QTest::addColumn<int>("column");
@@ -469,7 +469,7 @@ void TestKeywordEditors::typedTextIsJudged_data()
     add("Some text", text("any thing"), true, 2);
 }
 
-void TestKeywordEditors::typedTextIsJudged()
+void TestKeywordEditors::typedTextIsValidated()
 {
     QFETCH(QByteArray, keyword);
     QFETCH(int, column);
@@ -485,7 +485,7 @@ void TestKeywordEditors::typedTextIsJudged()
     QCOMPARE(modelAt(value)->errorCode(value).toInt(), good ? DE_NOERROR : DE_SYNTAX_ERR);
 }
 
-void TestKeywordEditors::wrongTextIsStoredAllTheSame()
+void TestKeywordEditors::invalidTextIsStored()
 {
     show(ONE_KEYWORD + "\n@FIFO_POST_TRIGGER_INTERVAL\n10[msec]\n");
     const QModelIndex value = cell(DE_TAB1, 1, 1);
@@ -511,7 +511,7 @@ void TestKeywordEditors::lineTakesAnyLength()
     QCOMPARE(value.data().toString(), longText);
 }
 
-void TestKeywordEditors::placeholderOpensAnEmptyLine()
+void TestKeywordEditors::editorOfAPlaceholderIsEmpty()
 {
     show(ONE_KEYWORD);
     edit(DE_TAB1, 0, 1, text("FILLER_TXT"));
@@ -530,7 +530,7 @@ void TestKeywordEditors::variableIsShownTrimmed()
              dialog->variableComboBox()->findText(text("test_id")));
 }
 
-void TestKeywordEditors::variableThatIsNoneStandsInTheLine()
+void TestKeywordEditors::unknownVariableIsShownInTheLine()
 {
     auto* const dialog = dialogOf("@TEST_ID", text("no_such_variable"));
     QCOMPARE(dialog->variableComboBox()->currentText(), text("no_such_variable"));
@@ -733,7 +733,7 @@ void TestKeywordEditors::yesOrNoIsStoredAtOnce()
     QCOMPARE(stack()->count(), 2);
 }
 
-void TestKeywordEditors::neitherYesNorNoStaysOnReturn()
+void TestKeywordEditors::returnKeepsATextThatIsNeitherYesNorNo()
 {
     show(ONE_KEYWORD + "\n@LOG_STATISTICS\nyes\n");
     edit(DE_TAB1, 1, 1, text("maybe"));

@@ -84,36 +84,36 @@ class TestListEditors : public EditingTest {
 private Q_SLOTS:
     void variableIsSplit_data();
     void variableIsSplit();
-    void emptyVariableOpensEmpty();
+    void dialogOfAnEmptyVariableIsEmpty();
     void scanListsVariableIsStored_data();
     void scanListsVariableIsStored();
     void memberWithoutAFullStopInTheVariable();
-    void unitsOfTheVariablesOwnAreLeftOut_data();
-    void unitsOfTheVariablesOwnAreLeftOut();
-    void emptiedVariableStays_data();
-    void emptiedVariableStays();
-    void untouchedDialogStores_data();
-    void untouchedDialogStores();
+    void defaultUnitsAreNotStored_data();
+    void defaultUnitsAreNotStored();
+    void clearedVariableKeepsTheValue_data();
+    void clearedVariableKeepsTheValue();
+    void unchangedDialogStores_data();
+    void unchangedDialogStores();
 
     void membersAreOffered();
     void memberOpensOn_data();
     void memberOpensOn();
     void memberIsStored_data();
     void memberIsStored();
-    void fileHasNoMemberAfterTheEmptyItem();
+    void emptyItemRemovesTheMemberFromTheFile();
 
     void channelsAreOffered_data();
     void channelsAreOffered();
-    void channelsOfOtherRowsAreNot_data();
-    void channelsOfOtherRowsAreNot();
-    void channelOfTwoUnitsIsTakenTwice_data();
-    void channelOfTwoUnitsIsTakenTwice();
+    void channelsOfOtherRowsAreNotOffered_data();
+    void channelsOfOtherRowsAreNotOffered();
+    void channelOfTwoVariablesIsOfferedTwice_data();
+    void channelOfTwoVariablesIsOfferedTwice();
     void channelsNeedAVariable_data();
     void channelsNeedAVariable();
     void channelOpensOn_data();
     void channelOpensOn();
     void channelIsStored();
-    void channelsOutlastThePlatform();
+    void channelsAreOfferedAfterThePlatformEnded();
 
     void parametersAreOffered_data();
     void parametersAreOffered();
@@ -123,27 +123,27 @@ private Q_SLOTS:
     void literalOrVariable();
     void metaDataIsStored_data();
     void metaDataIsStored();
-    void wrongLiteralIsMarkedAndStored();
+    void invalidLiteralIsMarkedAndStored();
 
     void alternateNameFollowsTheVariable_data();
     void alternateNameFollowsTheVariable();
-    void emptiedVariableLeavesNoMark_data();
-    void emptiedVariableLeavesNoMark();
+    void clearedVariableHasNoErrorCode_data();
+    void clearedVariableHasNoErrorCode();
     void alternateNameShowsItsText_data();
     void alternateNameShowsItsText();
-    void alternateNameIsUnmarkedAndStored();
-    void alternateNameIsUnmarkedFirst();
+    void invalidAlternateNameIsStoredWithoutAnErrorCode();
+    void alternateNameIsStoredAfterItsErrorCodeIsCleared();
 
     void ecmNumberOpens_data();
     void ecmNumberOpens();
     void ecmNumberIsStored_data();
     void ecmNumberIsStored();
-    void ecmCommentIsJudged();
+    void ecmCommentIsValidated();
     void ecmListOpensOn_data();
     void ecmListOpensOn();
     void ecmListIsStored();
     void ecmListIsTrimmedAsAWhole();
-    void untouchedEcmListStoresNothing();
+    void unchangedEcmListStoresNothing();
     void ecmDialogWithoutAFileStoresNothing();
     void cancelledEcmListStoresNothing();
 
@@ -249,7 +249,7 @@ void TestListEditors::variableIsSplit()
     }
 }
 
-void TestListEditors::emptyVariableOpensEmpty()
+void TestListEditors::dialogOfAnEmptyVariableIsEmpty()
 {
     for (const int tab : {DE_TAB2, DE_TAB4}) {
         const QModelIndex variable = showEntry(tab, {text("x"), FILLER});
@@ -334,7 +334,7 @@ void TestListEditors::memberWithoutAFullStopInTheVariable()
 }
 
 // If the cell names other units, the default ones are not offered, so they have to be typed.
-void TestListEditors::unitsOfTheVariablesOwnAreLeftOut_data()
+void TestListEditors::defaultUnitsAreNotStored_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("stored");
@@ -343,7 +343,7 @@ void TestListEditors::unitsOfTheVariablesOwnAreLeftOut_data()
     QTest::newRow("unknown") << text("turns") << text("eng_speed[turns]");
 }
 
-void TestListEditors::unitsOfTheVariablesOwnAreLeftOut()
+void TestListEditors::defaultUnitsAreNotStored()
 {
     QFETCH(QString, typed);
     QFETCH(QString, stored);
@@ -359,7 +359,7 @@ void TestListEditors::unitsOfTheVariablesOwnAreLeftOut()
 }
 
 // An edit never makes a cell empty: it adds a step that changes nothing.
-void TestListEditors::emptiedVariableStays_data()
+void TestListEditors::clearedVariableKeepsTheValue_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("member");
@@ -375,7 +375,7 @@ void TestListEditors::emptiedVariableStays_data()
         << text("eng_speed_stat.") << text("SD") << text("HZ") << text("SD") << 2;
 }
 
-void TestListEditors::emptiedVariableStays()
+void TestListEditors::clearedVariableKeepsTheValue()
 {
     QFETCH(QString, typed);
     QFETCH(QString, member);
@@ -399,7 +399,7 @@ void TestListEditors::emptiedVariableStays()
     QCOMPARE(textAt(DE_TAB2, 1, 2), text(".IV"));
 }
 
-void TestListEditors::untouchedDialogStores_data()
+void TestListEditors::unchangedDialogStores_data()
 {
     QTest::addColumn<QString>("variable");
     QTest::addColumn<QString>("member");
@@ -420,7 +420,7 @@ void TestListEditors::untouchedDialogStores_data()
     add("a comment", "# A note", ".SD", "# A note", ".SD");
 }
 
-void TestListEditors::untouchedDialogStores()
+void TestListEditors::unchangedDialogStores()
 {
     QFETCH(QString, variable);
     QFETCH(QString, member);
@@ -505,7 +505,7 @@ void TestListEditors::memberIsStored()
     QCOMPARE(openEditors(), 0);
 }
 
-void TestListEditors::fileHasNoMemberAfterTheEmptyItem()
+void TestListEditors::emptyItemRemovesTheMemberFromTheFile()
 {
     auto* const comboBox = openAs<QComboBox>(showEntry(DE_TAB2, {}).siblingAtColumn(2));
     QVERIFY(comboBox != nullptr);
@@ -548,7 +548,7 @@ void TestListEditors::channelsAreOffered()
     QCOMPARE(itemsOf(comboBox), offered);
 }
 
-void TestListEditors::channelsOfOtherRowsAreNot_data()
+void TestListEditors::channelsOfOtherRowsAreNotOffered_data()
 {
     QTest::addColumn<QStringList>("others");
     QTest::addColumn<QStringList>("offered");
@@ -566,7 +566,7 @@ void TestListEditors::channelsOfOtherRowsAreNot_data()
     QTest::newRow("unknown") << QStringList({text("NOTHING")}) << rpm;
 }
 
-void TestListEditors::channelsOfOtherRowsAreNot()
+void TestListEditors::channelsOfOtherRowsAreNotOffered()
 {
     QFETCH(QStringList, others);
     QFETCH(QStringList, offered);
@@ -579,7 +579,7 @@ void TestListEditors::channelsOfOtherRowsAreNot()
     QCOMPARE(textAt(DE_TAB2, 1, 3), text("N_ENG"));
 }
 
-void TestListEditors::channelOfTwoUnitsIsTakenTwice_data()
+void TestListEditors::channelOfTwoVariablesIsOfferedTwice_data()
 {
     QTest::addColumn<int>("uses");
     QTest::newRow("unused") << 0;
@@ -589,7 +589,7 @@ void TestListEditors::channelOfTwoUnitsIsTakenTwice_data()
 }
 
 // Each of the other rows uses one of the two entries.
-void TestListEditors::channelOfTwoUnitsIsTakenTwice()
+void TestListEditors::channelOfTwoVariablesIsOfferedTwice()
 {
     QFETCH(int, uses);
     const RenamedKeyword oilTemperature(m_desk, "T_OIL", "N_DYNO");
@@ -665,7 +665,7 @@ void TestListEditors::channelIsStored()
 }
 
 // The keyword area stays attached; without a platform the variable's units are unknown.
-void TestListEditors::channelsOutlastThePlatform()
+void TestListEditors::channelsAreOfferedAfterThePlatformEnded()
 {
     const QModelIndex index = showEntry(DE_TAB2, {text("eng_speed")}).siblingAtColumn(3);
     QVERIFY(openAs<QComboBox>(index) != nullptr);
@@ -803,7 +803,7 @@ void TestListEditors::metaDataIsStored()
     QCOMPARE(stack()->count(), stored == text("old") ? 0 : 1);
 }
 
-void TestListEditors::wrongLiteralIsMarkedAndStored()
+void TestListEditors::invalidLiteralIsMarkedAndStored()
 {
     const QModelIndex index = showEntry(DE_TAB3, {text("BORE"), text("bore")}).siblingAtColumn(2);
     auto* const dialog = openAs<VariableSelectionDialog>(index);
@@ -848,7 +848,7 @@ void TestListEditors::alternateNameFollowsTheVariable()
     QCOMPARE(stack()->count(), follows ? 2 : 1);
 }
 
-void TestListEditors::emptiedVariableLeavesNoMark_data()
+void TestListEditors::clearedVariableHasNoErrorCode_data()
 {
     QTest::addColumn<QString>("units");
     QTest::addColumn<QString>("alternate");
@@ -861,7 +861,7 @@ void TestListEditors::emptiedVariableLeavesNoMark_data()
 }
 
 // The alternate name keeps its text, like the variable.
-void TestListEditors::emptiedVariableLeavesNoMark()
+void TestListEditors::clearedVariableHasNoErrorCode()
 {
     QFETCH(QString, units);
     QFETCH(QString, alternate);
@@ -900,7 +900,7 @@ void TestListEditors::alternateNameShowsItsText()
 }
 
 // Typed text is validated at once, stored text at the next validation.
-void TestListEditors::alternateNameIsUnmarkedAndStored()
+void TestListEditors::invalidAlternateNameIsStoredWithoutAnErrorCode()
 {
     const QModelIndex name = showEntry(DE_TAB4, {text("x"), text("other")}).siblingAtColumn(2);
     const TreeModel* const model = modelAt(name);
@@ -915,7 +915,7 @@ void TestListEditors::alternateNameIsUnmarkedAndStored()
 }
 
 // When dataChanged() is emitted, the mark is cleared already.
-void TestListEditors::alternateNameIsUnmarkedFirst()
+void TestListEditors::alternateNameIsStoredAfterItsErrorCodeIsCleared()
 {
     const QModelIndex name = showEntry(DE_TAB4, {text("x"), text("other")}).siblingAtColumn(2);
     const TreeModel* const model = modelAt(name);
@@ -991,7 +991,7 @@ void TestListEditors::ecmNumberIsStored()
     QCOMPARE(stack()->count(), 1);
 }
 
-void TestListEditors::ecmCommentIsJudged()
+void TestListEditors::ecmCommentIsValidated()
 {
     const QModelIndex index = showEntry(DE_TAB5, {text("# A note")});
     QVERIFY(open(index) != nullptr);
@@ -1085,7 +1085,7 @@ void TestListEditors::ecmListIsTrimmedAsAWhole()
     QCOMPARE(index.data().toString(), ENGINE + text(" : ECM1:0"));
 }
 
-void TestListEditors::untouchedEcmListStoresNothing()
+void TestListEditors::unchangedEcmListStoresNothing()
 {
     const QModelIndex index =
         showEntry(DE_TAB5, {text("1"), ENGINE + text(":ECM0:1")}).siblingAtColumn(2);

@@ -71,28 +71,28 @@ private Q_SLOTS:
     void saveAsWritesTheText();
     void unsavedTextIsAskedFor_data() { addCellEditors(); }
     void unsavedTextIsAskedFor();
-    void closingCanSaveTheText();
+    void textOfAnOpenEditorCanBeSavedOnClose();
     void insertRowKeepsTheText_data() { addCellEditors(); }
     void insertRowKeepsTheText();
     void removedRowComesBackWithTheText_data() { addCellEditors(); }
     void removedRowComesBackWithTheText();
     void newRowIsRemovedFromItsOpenEditor();
     void rowThatBecomesRequiredStays();
-    void editMenuTakesTheTextOver_data() { addCellEditors(); }
-    void editMenuTakesTheTextOver();
-    void undoOfAnOlderTextLosesNothing_data() { addCellEditors(); }
-    void undoOfAnOlderTextLosesNothing();
+    void editMenuCommitsTheOpenEditor_data() { addCellEditors(); }
+    void editMenuCommitsTheOpenEditor();
+    void redoRestoresTheLatestText_data() { addCellEditors(); }
+    void redoRestoresTheLatestText();
 
     void secondSaveChangesNothing();
-    void retypedTextIsNoWork();
-    void untouchedEditorStoresWhatLeavingItStores_data();
-    void untouchedEditorStoresWhatLeavingItStores();
-    void droppedDownListGoesWithItsEditor();
+    void retypingTheSameTextIsNoChange();
+    void editMenuStoresWhatFocusOutStores_data();
+    void editMenuStoresWhatFocusOutStores();
+    void popupClosesWithItsEditor();
 
     void variableDialogStaysOpenAndUncommitted();
     void ecmDialogStaysOpenAndUncommitted();
-    void editMenuClosesAKeywordsDialogUncommitted();
-    void withNothingLoadedNothingHappens();
+    void editMenuClosesAKeywordsDialogWithoutCommit();
+    void actionsWithoutADocumentDoNothing();
 
 private:
     // Starts answering modal dialogs again, which show() has stopped.
@@ -167,7 +167,7 @@ void TestOpenEditors::unsavedTextIsAskedFor()
     QVERIFY(dialogs->fileDialogs.isEmpty());
 }
 
-void TestOpenEditors::closingCanSaveTheText()
+void TestOpenEditors::textOfAnOpenEditorCanBeSavedOnClose()
 {
     show();
     answering()->answerBox(QMessageBox::Save);
@@ -242,7 +242,7 @@ void TestOpenEditors::rowThatBecomesRequiredStays()
 
 // ---- The Edit menu -----------------------------------------------------------------------------
 
-void TestOpenEditors::editMenuTakesTheTextOver()
+void TestOpenEditors::editMenuCommitsTheOpenEditor()
 {
     QFETCH(QString, stored);
     show();
@@ -255,7 +255,7 @@ void TestOpenEditors::editMenuTakesTheTextOver()
 }
 
 // Undo reverts what was typed last, and Redo applies it again.
-void TestOpenEditors::undoOfAnOlderTextLosesNothing()
+void TestOpenEditors::redoRestoresTheLatestText()
 {
     QFETCH(QString, stored);
     show();
@@ -286,7 +286,7 @@ void TestOpenEditors::secondSaveChangesNothing()
     QCOMPARE(stack()->count(), 1);
 }
 
-void TestOpenEditors::retypedTextIsNoWork()
+void TestOpenEditors::retypingTheSameTextIsNoChange()
 {
     show();
     const ModalDialogs* const dialogs = answering();
@@ -296,7 +296,7 @@ void TestOpenEditors::retypedTextIsNoWork()
     QVERIFY(dialogs->boxes.isEmpty());
 }
 
-void TestOpenEditors::untouchedEditorStoresWhatLeavingItStores_data()
+void TestOpenEditors::editMenuStoresWhatFocusOutStores_data()
 {
     QTest::addColumn<Place>("place");
     QTest::addColumn<int>("steps");
@@ -308,7 +308,7 @@ void TestOpenEditors::untouchedEditorStoresWhatLeavingItStores_data()
     }
 }
 
-void TestOpenEditors::untouchedEditorStoresWhatLeavingItStores()
+void TestOpenEditors::editMenuStoresWhatFocusOutStores()
 {
     QFETCH(Place, place);
     QFETCH(int, steps);
@@ -330,7 +330,7 @@ void TestOpenEditors::untouchedEditorStoresWhatLeavingItStores()
 }
 
 // The program may be asked to end while a popup list is open.
-void TestOpenEditors::droppedDownListGoesWithItsEditor()
+void TestOpenEditors::popupClosesWithItsEditor()
 {
     show();
     answering()->answerBox(QMessageBox::Cancel);
@@ -384,7 +384,7 @@ void TestOpenEditors::ecmDialogStaysOpenAndUncommitted()
     QCOMPARE(index.data().toString(), QStringLiteral("/specs/asam3_specs.engine:ECM1:0"));
 }
 
-void TestOpenEditors::editMenuClosesAKeywordsDialogUncommitted()
+void TestOpenEditors::editMenuClosesAKeywordsDialogWithoutCommit()
 {
     show();
     const QStringList before = document();
@@ -396,7 +396,7 @@ void TestOpenEditors::editMenuClosesAKeywordsDialogUncommitted()
     QCOMPARE(stack()->count(), 0);
 }
 
-void TestOpenEditors::withNothingLoadedNothingHappens()
+void TestOpenEditors::actionsWithoutADocumentDoNothing()
 {
     QVERIFY(!m_window->save());
     m_window->updateActions();

@@ -95,7 +95,7 @@ private Q_SLOTS:
     void quotedTextEndsAtItsQuote();
     void statementStaysText();
     void cursorStaysInPlace();
-    void textOfTheCellStays();
+    void lineBreaksOfTheCellsTextAreKept();
 
 private:
     static QWidget* fieldOf(QWidget* editor, Field field);
@@ -210,7 +210,7 @@ void TestPastedLineBreaks::cursorStaysInPlace()
 }
 
 // Line breaks from the file are kept, even where none can be pasted.
-void TestPastedLineBreaks::textOfTheCellStays()
+void TestPastedLineBreaks::lineBreaksOfTheCellsTextAreKept()
 {
     show();
     const QModelIndex index = cellAt({DE_TAB2, 1, "eng_running", 3});
