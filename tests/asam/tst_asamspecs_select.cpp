@@ -374,7 +374,7 @@ void tst_AsamspecsSelect::listsTheCellsFileOnce_data()
     QTest::addColumn<QString>("cell");
     QTest::addColumn<QStringList>("listed");
     QTest::newRow("no file") << QString() << QStringList({ENGINE, OTHER});
-    QTest::newRow("one that was found") << ENGINE << QStringList({ENGINE, OTHER});
+    QTest::newRow("a found file") << ENGINE << QStringList({ENGINE, OTHER});
     for (const char* const name :
          {"/specs/nothing", " ", "/specs//asam3_specs.engine", "a b", "other"})
         QTest::newRow(name) << QString::fromLatin1(name)
@@ -402,8 +402,8 @@ void tst_AsamspecsSelect::showsTheCellsInstance_data()
     };
     row("the first", "ECM0:0", "ECM0:0");
     row("the last", "ECM0:2", "ECM0:2");
-    row("one that the file has not", "ECM0:3", "ECM0:0");
-    row("one in another case", "ecm1:0", "ECM0:0");
+    row("an instance that the file does not have", "ECM0:3", "ECM0:0");
+    row("an instance in another case", "ecm1:0", "ECM0:0");
     row("none", "", "ECM0:0");
 }
 
@@ -478,7 +478,7 @@ void tst_AsamspecsSelect::pickedFileKeepsTheCellsInstance()
 void tst_AsamspecsSelect::invalidFileKeepsTheInstances_data()
 {
     QTest::addColumn<QByteArray>("text");
-    QTest::newRow("no mark of a register") << asamFile("A").mid(1);
+    QTest::newRow("no @REG_NAME") << asamFile("A").mid(1);
     QTest::newRow("a long preamble")
         << "@REG_NAME\n2\n3\n" + QByteArray("x\n").repeated(6) + "$\n" + section("A b c");
     QTest::newRow("no sections") << opening();

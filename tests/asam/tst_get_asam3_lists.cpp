@@ -108,11 +108,11 @@ void tst_GetAsam3Lists::entriesOfSections_data()
     row("a name that an earlier one begins does not", "ECM1 ECM10", "ECM1:0 ECM10:0");
     row("case matters", "ecm ECM", "ecm:0 ECM:0");
     row("a name that is an earlier entry", "A A:0", "A:0 A:0:1");
-    row("names like formats", "%s%n %d %s%n", "%s%n:0 %d:0 %s%n:1");
+    row("names with printf conversions", "%s%n %d %s%n", "%s%n:0 %d:0 %s%n:1");
     row("a number as name", "12 1", "12:0 1:1");
     row("an empty name in quotes begins every entry", "A \"\"", "A:0 :1");
     row("the fifth section is left out", "A B C D E", "A:0 B:0 C:0 D:0");
-    row("and all behind it", "A B C D E F G", "A:0 B:0 C:0 D:0");
+    row("sections behind the fifth are left out", "A B C D E F G", "A:0 B:0 C:0 D:0");
 }
 
 void tst_GetAsam3Lists::entriesOfSections()
@@ -324,10 +324,10 @@ void tst_GetAsam3Lists::pathsThatAreNotRegularFiles_data()
     row("a link to nothing", "/specs/dangling", NO_FILE);
     row("a socket", "/specs/socket", NO_FILE);
     row("a directory", "/specs", WRONG_FORM);
-    row("a device without end", "/dev/zero", WRONG_FORM);
+    row("an endless device", "/dev/zero", WRONG_FORM);
     row("an empty device", "/dev/null", WRONG_FORM);
-    row("a pipe that nobody writes", "/specs/pipe", WRONG_FORM);
-    row("a link to a pipe", "/specs/link", WRONG_FORM);
+    row("a FIFO without a writer", "/specs/pipe", WRONG_FORM);
+    row("a link to a FIFO", "/specs/link", WRONG_FORM);
     QTest::newRow("a path longer than any") << QString(1 << 16, QLatin1Char('/')) << NO_FILE;
 }
 
@@ -374,7 +374,7 @@ void tst_GetAsam3Lists::leavesNoFileOpen_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::newRow("a good file") << asamFile("A B");
-    QTest::newRow("no mark") << QByteArray("x\n");
+    QTest::newRow("no @REG_NAME") << QByteArray("x\n");
     QTest::newRow("no preamble") << QByteArray("@REG_NAME\n2\n3\n");
     QTest::newRow("no sections") << opening();
     QTest::newRow("a bad head") << opening() + section("A");

@@ -331,7 +331,7 @@ void tst_CellWalk::addScanListRows()
         {"a scanned statistic with its member", 1, VARIABLE, "eng_speed RPM", "eng_speed_stat.", {{1, "eng_speed_stat."}, {2, ".AV"}}, 2, "eng_speed_stat.\t\t.AV\t\tN_ENG_AVG"},
         {"a scanned variable that is emptied", 1, VARIABLE, "eng_speed RPM", "", {}, 1},
         {"a statistical member", 2, MEMBERS, ".SD", ".AV", {{2, "  .AV"}}, 1, "eng_speed\t\t.AV\t\tN_ENG_AVG"},
-        {"a statistical member that there is not", 2, MEMBERS, ".SD", ".XY", {{2, "  .XY"}}, 1, "eng_speed\t\t.XY\t\tN_ENG_AVG"},
+        {"an unknown statistical member", 2, MEMBERS, ".SD", ".XY", {{2, "  .XY"}}, 1, "eng_speed\t\t.XY\t\tN_ENG_AVG"},
         {"a channel keyword", 3, CHANNELS, "N_ENG_AVG", "N_DYNO", {{3, "N_DYNO"}}, 1, "eng_speed\t\t.SD\t\tN_DYNO"},
     });
     addCells({listFile("SCAN_LIST", "# a note"), DE_TAB2, 1, "# a note"}, {
@@ -390,7 +390,7 @@ void tst_CellWalk::addAuxUserRows()
     addCells({listFile("SCAN_LIST_AUX_USER", "eng_speed"), DE_TAB4, 1, "eng_speed"}, {
         {"an aux user's variable that its alternate name follows", 1, VARIABLE, "eng_speed RPM", "oil_press", {{1, "oil_press"}, {2, "oil_press"}}, 2, "oil_press\t\toil_press"},
         {"an aux user's variable without an alternate name that is emptied", 1, VARIABLE, "eng_speed RPM", "", {}, 1},
-        {"an alternate name that there is not", 2, LINE, "FILLER_TXT", "third_speed", {{2, "third_speed"}}, 1, "eng_speed\t\tthird_speed"},
+        {"a missing alternate name", 2, LINE, "FILLER_TXT", "third_speed", {{2, "third_speed"}}, 1, "eng_speed\t\tthird_speed"},
     });
     addCells({listFile("SCAN_LIST_AUX_USER", "# a note"), DE_TAB4, 1, "# a note"}, {
         {"no keyword of a comment in the Aux User list", 0},

@@ -357,13 +357,13 @@ void TestVariableDialog::cellText_data()
     row("a variable is selected", "oil_temp", "oil_temp", "oil_temp");
     row("an alias is selected", "T_oil", "T_oil", "T_oil");
     row("an unknown variable is shown", "nobody", "nobody", "");
-    row("a variable is known by its case", "OIL_TEMP", "OIL_TEMP", "");
-    row("the beginning of a variable is none", "oil", "oil", "");
+    row("a variable in another case is unknown", "OIL_TEMP", "OIL_TEMP", "");
+    row("the beginning of a variable is unknown", "oil", "oil", "");
     row("an empty cell", "", "", "");
     row("an absent field", "FILLER_TXT", "", "");
     row("an absent field in other case is a text", "filler_txt", "filler_txt", "");
-    row("a remark", "# a remark", "", "");
-    row("a remark behind a blank is a text", " # remark", " # remark", "");
+    row("a comment", "# a remark", "", "");
+    row("a comment behind a blank is a text", " # remark", " # remark", "");
     row("a suffix is shown whole", "oil_temp:2:x", "oil_temp:2:x", "oil_temp");
     row("an empty suffix", "oil_temp:", "oil_temp:", "oil_temp");
     row("a suffix of an unknown variable", "nobody:2", "nobody:2", "");
@@ -400,8 +400,8 @@ void TestVariableDialog::memberOfTheCell_data()
                                                 << "AV";
     QTest::newRow("the first for an unknown member") << "speed_stat.XX"
                                                      << "AV";
-    QTest::newRow("a member is known by its case") << "speed_stat.mx"
-                                                   << "AV";
+    QTest::newRow("a member in another case is unknown") << "speed_stat.mx"
+                                                         << "AV";
     QTest::newRow("what follows a member is dropped") << "speed_stat.MX.MN"
                                                       << "MX";
     QTest::newRow("a member of a composition") << "exhaust.CO"

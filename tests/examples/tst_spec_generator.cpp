@@ -100,7 +100,7 @@ void TestSpecGenerator::loadsWithExactCounts_data()
     QTest::addColumn<SpecShape>("shape");
 
     SpecShape shape;
-    QTest::newRow("as it comes") << shape;
+    QTest::newRow("the default shape") << shape;
     shape.scanRows = 0;
     QTest::newRow("lists without rows") << shape;
     shape = SpecShape();
@@ -118,13 +118,13 @@ void TestSpecGenerator::loadsWithExactCounts_data()
     QTest::newRow("the demo cell more than twice over, with units") << shape;
     shape = distinctShape(10000, 2000);
     shape.keywords = KeywordSet::All;
-    QTest::newRow("10,000 rows of made-up names of many shapes") << shape;
+    QTest::newRow("10,000 rows of generated names of all forms") << shape;
     shape = distinctShape(500, 500);
     shape.auxRows = 500;
     shape.maxName = SpecShape::MIN_NAME_LENGTH;
     QTest::newRow("shortest names") << shape;
     shape.maxName = 12;
-    QTest::newRow("names so short that some shapes do not fit") << shape;
+    QTest::newRow("names too short for some forms") << shape;
     shape = distinctShape(100000, 0);
     shape.withUnits = false;
     shape.maxName = 20;
@@ -212,7 +212,7 @@ void TestSpecGenerator::everyFifthNameHasASpecialForm()
 void TestSpecGenerator::withoutUnitsAllNamesArePlain_data()
 {
     QTest::addColumn<bool>("distinct");
-    QTest::newRow("made-up names") << true;
+    QTest::newRow("generated names") << true;
     QTest::newRow("the demo cell") << false;
 }
 
@@ -287,13 +287,13 @@ void TestSpecGenerator::programRejectsInvalidOptions_data()
     QTest::addColumn<QString>("options");
     QTest::addColumn<QString>("complaint");
 
-    QTest::newRow("rows below none")
+    QTest::newRow("a negative number of rows")
         << QStringLiteral("--scan-rows=-1") << QStringLiteral("--scan-rows does not take '-1'");
-    QTest::newRow("rows beyond the most") << QStringLiteral("--meta-rows 250001")
-                                          << QStringLiteral("--meta-rows does not take '250001'");
-    QTest::newRow("rows that are no number")
+    QTest::newRow("too many rows") << QStringLiteral("--meta-rows 250001")
+                                   << QStringLiteral("--meta-rows does not take '250001'");
+    QTest::newRow("rows that are not a number")
         << QStringLiteral("--aux-rows 10k") << QStringLiteral("--aux-rows does not take '10k'");
-    QTest::newRow("rows that are nothing")
+    QTest::newRow("an empty number of rows")
         << QStringLiteral("--ecm-rows=") << QStringLiteral("--ecm-rows does not take ''");
     QTest::newRow("names too short")
         << QStringLiteral("--max-name 5") << QStringLiteral("--max-name does not take '5'");

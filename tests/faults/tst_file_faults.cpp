@@ -277,7 +277,7 @@ void tst_FileFaults::loadAtTheStartIsCompleteOrFails_data()
     QTest::addColumn<FileFault>("fault");
     QTest::newRow("the nth open") << FileFault{FileCall::Open, EACCES, true};
     QTest::newRow("the nth read") << FileFault{FileCall::Read, EIO, true};
-    QTest::newRow("the nth read that comes back short") << FileFault{FileCall::Read, 0, true};
+    QTest::newRow("the nth read is short") << FileFault{FileCall::Read, 0, true};
 }
 
 // The file is given on the command line, so there is no document before it.

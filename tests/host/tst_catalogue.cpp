@@ -305,7 +305,7 @@ private Q_SLOTS:
         QTest::newRow("areas without tables")
             << QByteArray(R"({"areas":{"AI_REAL_MEM":{},"CONTROL_MEM":{}}})");
         QTest::newRow("a label of 79 bytes") << inputs(label(79));
-        QTest::newRow("the last of the largest table")
+        QTest::newRow("the last record of the largest table")
             << QByteArray(R"({"areas":{"AI_REAL_MEM":{"real":[{"index":65534,"label":"a"}]}}})");
         QTest::newRow("the largest arrays")
             << QByteArray(R"({"counts":{"real_arrays":65535},"areas":{"REAL_ARRAY_MEM":{}}})");

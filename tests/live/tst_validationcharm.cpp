@@ -206,10 +206,10 @@ void TestValidationCharm::typedTextIsValidated_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("code");
     const auto name = QStringLiteral("[a-z]{3}");
-    QTest::newRow("what matches") << name << QStringLiteral("abc") << 0;
-    QTest::newRow("what can never match") << name << QStringLiteral("1") << 1;
-    QTest::newRow("the beginning of what matches") << name << QStringLiteral("ab") << 1;
-    QTest::newRow("more than what matches") << name << QStringLiteral("abcd") << 1;
+    QTest::newRow("a matching text") << name << QStringLiteral("abc") << 0;
+    QTest::newRow("a text that can never match") << name << QStringLiteral("1") << 1;
+    QTest::newRow("the beginning of a matching text") << name << QStringLiteral("ab") << 1;
+    QTest::newRow("a matching text with more behind it") << name << QStringLiteral("abcd") << 1;
     QTest::newRow("a match with a blank before it") << name << QStringLiteral(" abc") << 1;
     QTest::newRow("a match with a blank behind it") << name << QStringLiteral("abc ") << 1;
     QTest::newRow("blanks that belong to it")
@@ -297,8 +297,8 @@ void TestValidationCharm::pastedLineBreaks_data()
     const auto add = [](const char* row, const char* pasted, const char* text, int code) {
         QTest::newRow(row) << QString::fromLatin1(pasted) << QString::fromLatin1(text) << code;
     };
-    add("one in what would match", "a\nbc", "abc", 1);
-    add("one in what would not", "12\n3", "123", 1);
+    add("one in a matching text", "a\nbc", "abc", 1);
+    add("one in another text", "12\n3", "123", 1);
     add("several", "a\n\nb\nc", "abc", 1);
     add("one in and blanks around", "  a\nbc \t", "abc", 1);
     add("in the text and around it", "\na\nb\n", "ab", 1);

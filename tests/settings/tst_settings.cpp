@@ -158,17 +158,17 @@ void tst_Settings::storedValue_data()
                             << expected;
     };
 
-    row("a place", "pos=@Point(31 47)", QPoint(31, 47));
-    row("a place left of and above the screen", "pos=@Point(-31 -47)", QPoint(-31, -47));
-    row("an extent", "size=@Size(812 723)", QSize(812, 723));
+    row("a position", "pos=@Point(31 47)", QPoint(31, 47));
+    row("a position left of and above the screen", "pos=@Point(-31 -47)", QPoint(-31, -47));
+    row("a size", "size=@Size(812 723)", QSize(812, 723));
     row("a colour by its name", "syntaxfgcolor=blue", QColor(Qt::blue));
     row("a colour by its number", "syntaxfgcolor=#0000ff", QColor(Qt::blue));
-    row("a family for syntax", "syntaxFont=DejaVu Serif", QStringLiteral("DejaVu Serif"));
-    row("a family for the editor", "editorFont=DejaVu Serif", QStringLiteral("DejaVu Serif"));
+    row("a syntax font family", "syntaxFont=DejaVu Serif", QStringLiteral("DejaVu Serif"));
+    row("an editor font family", "editorFont=DejaVu Serif", QStringLiteral("DejaVu Serif"));
     row("bold", "syntaxBold=true", true);
     row("italic", "syntaxItalic=true", true);
-    row("a size for syntax", "syntaxFontSize=19", 19);
-    row("a size for the editor", "editorFontSize=19", 19);
+    row("a syntax font size", "syntaxFontSize=19", 19);
+    row("an editor font size", "editorFontSize=19", 19);
 }
 
 // If the file has only one key, the others have their defaults.
@@ -194,14 +194,13 @@ void tst_Settings::storedFile_data()
 
     QTest::newRow("all keys") << "[General]\n" + otherSettings() << otherFacts();
     QTest::newRow("all keys in reverse") << "[General]\n" + lines.join('\n') << otherFacts();
-    QTest::newRow("without a group's line") << otherSettings() << otherFacts();
-    QTest::newRow("with the line ends of another system")
+    QTest::newRow("without a group header") << otherSettings() << otherFacts();
+    QTest::newRow("with CRLF line ends")
         << QByteArray("[General]\n" + otherSettings()).replace("\n", "\r\n") << otherFacts();
-    QTest::newRow("in a group of another name")
-        << "[scriboneditor]\n" + otherSettings() << defaultFacts();
-    QTest::newRow("keys in other letters")
+    QTest::newRow("in another group") << "[scriboneditor]\n" + otherSettings() << defaultFacts();
+    QTest::newRow("keys in another case")
         << "[General]\n" + otherSettings().toUpper() << defaultFacts();
-    QTest::newRow("keys that nobody knows")
+    QTest::newRow("unknown keys")
         << QByteArrayLiteral("[General]\nposition=@Point(1 2)\n[more]\npos=@Point(1 2)\n")
         << defaultFacts();
 }
@@ -226,25 +225,25 @@ void tst_Settings::invalidSettingsValue_data()
     };
     const QString applicationFamily = QApplication::font().family();
 
-    row("a word for a place", "pos=here", QPoint());
-    row("a place that breaks off", "pos=@Point(31", QPoint());
-    row("an escape that breaks off", "pos=\\x", QPoint());
-    row("an extent for a place", "pos=@Size(31 47)", QPoint());
-    row("a word for an extent", "size=large", QSize(600, 600));
-    row("an extent that breaks off", "size=@Size(", QSize(600, 600));
-    row("a negative extent", "size=@Size(-812 -723)", QSize(600, 600));
+    row("a word as position", "pos=here", QPoint());
+    row("a truncated position", "pos=@Point(31", QPoint());
+    row("a truncated escape sequence", "pos=\\x", QPoint());
+    row("a size as position", "pos=@Size(31 47)", QPoint());
+    row("a word as size", "size=large", QSize(600, 600));
+    row("a truncated size", "size=@Size(", QSize(600, 600));
+    row("a negative window size", "size=@Size(-812 -723)", QSize(600, 600));
     row("no colour", "syntaxfgcolor=reddish", QColor());
     row("an empty colour", "syntaxfgcolor=", QColor());
-    row("a point for a colour", "syntaxfgcolor=@Point(1 2)", QColor());
-    row("a list for syntax's font", "syntaxFont=DejaVu Serif, 12", applicationFamily);
-    row("a list for the editor's font", "editorFont=DejaVu Serif, 12", applicationFamily);
-    row("a point for the editor's font", "editorFont=@Point(1 2)", applicationFamily);
-    row("a word for bold", "syntaxBold=0", false);
-    row("a point for italic", "syntaxItalic=@Point(1 2)", false);
-    row("a word for syntax's size", "syntaxFontSize=large", 0);
-    row("a word for the editor's size", "editorFontSize=large", 0);
-    row("a negative size", "editorFontSize=-12", -12);
-    row("a size that no integer holds", "editorFontSize=99999999999999999999", 0);
+    row("a point as colour", "syntaxfgcolor=@Point(1 2)", QColor());
+    row("a list as syntax font", "syntaxFont=DejaVu Serif, 12", applicationFamily);
+    row("a list as editor font", "editorFont=DejaVu Serif, 12", applicationFamily);
+    row("a point as editor font", "editorFont=@Point(1 2)", applicationFamily);
+    row("a word as bold", "syntaxBold=0", false);
+    row("a point as italic", "syntaxItalic=@Point(1 2)", false);
+    row("a word as syntax font size", "syntaxFontSize=large", 0);
+    row("a word as editor font size", "editorFontSize=large", 0);
+    row("a negative font size", "editorFontSize=-12", -12);
+    row("a font size beyond the range of int", "editorFontSize=99999999999999999999", 0);
 }
 
 void tst_Settings::invalidSettingsValue()
@@ -270,15 +269,15 @@ void tst_Settings::invalidSettingsFile_data()
     QTest::newRow("empty") << QByteArray();
     QTest::newRow("no text") << everyByte;
     QTest::newRow("zeros") << QByteArray(100000, '\0');
-    QTest::newRow("one endless line") << QByteArray(1000000, 'x');
-    QTest::newRow("a group that does not end") << QByteArrayLiteral("[General\npos");
-    QTest::newRow("bytes of a colour that break off")
+    QTest::newRow("one very long line") << QByteArray(1000000, 'x');
+    QTest::newRow("an unclosed group header") << QByteArrayLiteral("[General\npos");
+    QTest::newRow("truncated bytes of a colour")
         << QByteArrayLiteral("[General]\neditorFont=@Variant(\\0\\0\\0\\x43\\x1)\n");
-    QTest::newRow("bytes of a text that say it is too long") << QByteArrayLiteral(
+    QTest::newRow("bytes of a text with a length that is too large") << QByteArrayLiteral(
         "[General]\neditorFont=@Variant(\\0\\0\\0\\n\\0\\x7f\\xff\\xff\\xfe)\n");
-    QTest::newRow("bytes of a kind that nobody knows")
+    QTest::newRow("bytes of an unknown type")
         << QByteArrayLiteral("[General]\neditorFont=@Variant(\\0\\0\\x7f\\x7f\\0\\0\\0\\0)\n");
-    QTest::newRow("a quote that does not end")
+    QTest::newRow("an unclosed quote")
         << QByteArrayLiteral("[General]\nsyntaxFont=\"DejaVu Serif\nsyntaxBold=true\n");
 }
 
@@ -307,11 +306,12 @@ void tst_Settings::hugeFontSizes_data()
 {
     QTest::addColumn<QByteArray>("lines");
 
-    QTest::newRow("a size of a thousand") << QByteArrayLiteral("editorFontSize=1000\n");
-    QTest::newRow("a size of a million") << QByteArrayLiteral("editorFontSize=1000000\n");
-    QTest::newRow("the largest size") << QByteArrayLiteral("editorFontSize=2147483647\n");
-    QTest::newRow("the largest extent") << QByteArrayLiteral("size=@Size(2147483647 2147483647)\n");
-    QTest::newRow("the farthest place")
+    QTest::newRow("font size 1000") << QByteArrayLiteral("editorFontSize=1000\n");
+    QTest::newRow("font size 1000000") << QByteArrayLiteral("editorFontSize=1000000\n");
+    QTest::newRow("the largest font size") << QByteArrayLiteral("editorFontSize=2147483647\n");
+    QTest::newRow("the largest window size")
+        << QByteArrayLiteral("size=@Size(2147483647 2147483647)\n");
+    QTest::newRow("the largest position")
         << QByteArrayLiteral("pos=@Point(2147483647 -2147483648)\n");
 }
 
