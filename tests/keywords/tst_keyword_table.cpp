@@ -111,5 +111,6 @@ void tst_KeywordTable::grammarHasTheSameKeywords()
     QCOMPARE(actual, expected);
 }
 
-QTEST_APPLESS_MAIN(tst_KeywordTable)
+#include "area_test.h"
+AREA_TEST(QTEST_APPLESS_MAIN, tst_KeywordTable)
 #include "tst_keyword_table.moc"
