@@ -118,6 +118,7 @@ private Q_SLOTS:
     void marksCommentsThatAreTooLong();
     void wrongValueKeepsTheKeywordsErrorCode();
     void validatesOnlyIfDirty();
+    void validationWithoutChangesClearsDirtyToo();
     void overwritesCodesSetInBetween();
     void duplicateIsValidAfterTheFirstIsRemoved();
     void emitsDataChangedForChangedCodes();
@@ -294,6 +295,16 @@ void TestTabValidation::validatesOnlyIfDirty()
     const auto model = modelOfRows(EDIT_TAB1, lines({"@MAX_SCANS | many | FILLER_TXT"}));
     model->validate_model();
     QCOMPARE(codesOf(*model), lines({UNTOUCHED}));
+    judge(model.get());
+    QVERIFY(!model->isDirty());
+    QCOMPARE(model->getErrorCount(), 1);
+}
+
+// No row or code has changed since the first validation, so the second has nothing to do.
+void TestTabValidation::validationWithoutChangesClearsDirtyToo()
+{
+    const auto model = modelOfRows(EDIT_TAB1, lines({"@MAX_SCANS | many | FILLER_TXT"}));
+    judge(model.get());
     judge(model.get());
     QVERIFY(!model->isDirty());
     QCOMPARE(model->getErrorCount(), 1);
