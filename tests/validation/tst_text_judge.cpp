@@ -1,6 +1,8 @@
 // TextJudge answers many texts without QRegExpValidator or the lexer. Compares its answers with
 // theirs, for random texts near the limits of the patterns.
 
+#include <malloc.h>
+
 #include <QRandomGenerator>
 #include <QRegExp>
 #include <QtTest>
@@ -78,6 +80,7 @@ private Q_SLOTS:
     void agreesAtTheLengthLimits();
     void cachedAnswersAreTheSame();
     void longWordIsFast();
+    void memoryDoesNotGrowWithTheTexts();
 
 private:
     void compare(const QString& text);
@@ -182,6 +185,23 @@ void TestTextJudge::longWordIsFast()
     QVERIFY(!m_judge.accepts(Event_Name_VF, word, m_validators));
     QVERIFY(m_judge.accepts(ChannelName_VF, word, m_validators));
     QCOMPARE(m_judge.classify(word), int(TEXT_BLOCK));
+}
+
+// While the editor runs, any number of texts is typed and loaded.
+void TestTextJudge::memoryDoesNotGrowWithTheTexts()
+{
+    constexpr int WARM_UP = 10000;
+    constexpr int TEXTS = 60000;
+    constexpr size_t MAX_GROWTH = size_t{4} << 20;
+    size_t before = 0;
+    for (int i = 0; i < TEXTS; ++i) {
+        if (i == WARM_UP)
+            before = mallinfo2().uordblks;
+        m_judge.accepts(Interval_VF, QStringLiteral("%1[sec]").arg(i));
+        m_judge.editorType(QStringLiteral("@%1").arg(i));
+    }
+    const size_t after = mallinfo2().uordblks;
+    QVERIFY2(after < before + MAX_GROWTH, qPrintable(QString::number(after - before)));
 }
 
 #include "area_test.h"
