@@ -79,6 +79,7 @@ private Q_SLOTS:
     void toolTipsAndArrowsDependOnTheModelsName();
     void modelWithAnotherNameHasNoToolTipsAndArrows_data();
     void modelWithAnotherNameHasNoToolTipsAndArrows();
+    void blanksBehindAKeywordDoNotHideItsHelp();
     void missingToolTipsAreCached();
     void noToolTipsWhileLoading();
     void fontBackgroundAndAlignmentAreNotSet();
@@ -368,6 +369,17 @@ void TestCellLooks::modelWithAnotherNameHasNoToolTipsAndArrows()
             }
         }
     }
+}
+
+void TestCellLooks::blanksBehindAKeywordDoNotHideItsHelp()
+{
+    loadGoodFile(spec());
+    TreeModel* const model = modelOf(*m_window, 0);
+    const QModelIndex keyword = model->index(GROUP, 0);
+    const QVariant help = keyword.data(Qt::ToolTipRole);
+    QVERIFY(!help.toString().isEmpty());
+    QVERIFY(model->setData(keyword, QStringLiteral("@GROUP ")));
+    QCOMPARE(keyword.data(Qt::ToolTipRole), help);
 }
 
 void TestCellLooks::missingToolTipsAreCached()
