@@ -50,6 +50,7 @@ private Q_SLOTS:
     void undoMenuEntriesFollowTheTab();
     void rowActionsAreConnected();
     void rowActionsByKey();
+    void selectionDecidesOnRemoveRow_data();
     void removeActionsNeedASelection();
     void removeActionsUseTheSelectionOfTheCurrentTab();
     void editMenuUpdatesTheActions();
@@ -350,16 +351,25 @@ void tst_WindowRows::rowActionsByKey()
     QCOMPARE(view->model()->rowCount(), 9);
 }
 
+void tst_WindowRows::selectionDecidesOnRemoveRow_data()
+{
+    QTest::addColumn<int>("tab");
+    for (int tab = 0; tab < TAB_COUNT; ++tab)
+        QTest::addRow("tab %d", tab) << tab;
+}
+
 void tst_WindowRows::removeActionsNeedASelection()
 {
+    QFETCH(int, tab);
     loadGoodFile();
+    tabsOf(*m_window)->setCurrentIndex(tab);
     const QAction* const remove = actionOf(*m_window, "removeRowAction");
     const QAction* const removeColumn = actionOf(*m_window, "removeColumnAction");
     QVERIFY(!remove->isEnabled());
-    goTo(viewOf(*m_window, 0), 3, 1);
+    goTo(viewOf(*m_window, tab), 1, 1);
     QVERIFY(remove->isEnabled());
     QVERIFY(removeColumn->isEnabled());
-    viewOf(*m_window, 0)->clearSelection();
+    viewOf(*m_window, tab)->clearSelection();
     QVERIFY(!remove->isEnabled());
     QVERIFY(!removeColumn->isEnabled());
     QVERIFY(actionOf(*m_window, "insertRowAction")->isEnabled());
