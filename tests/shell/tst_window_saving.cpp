@@ -17,6 +17,30 @@ const auto GOOD = QStringLiteral("/specs/good");
 const auto SPECIFICATIONS = QStringLiteral("Scribon Specifications Editor");
 const auto ONLY_OK = QMessageBox::StandardButtons(QMessageBox::Ok);
 
+// UTF-8 that notes whether the wait cursor is shown when a text is encoded. Qt owns it.
+class CursorWitness : public QTextCodec {
+public:
+    QByteArray name() const override { return "cursor-witness"; }
+    int mibEnum() const override { return -4711; }
+
+    static bool sawWaitCursor;
+
+protected:
+    QString convertToUnicode(const char* bytes, int size, ConverterState* state) const override
+    {
+        return codecForName("UTF-8")->toUnicode(bytes, size, state);
+    }
+
+    QByteArray convertFromUnicode(const QChar* text, int size, ConverterState* state) const override
+    {
+        const QCursor* const cursor = QGuiApplication::overrideCursor();
+        sawWaitCursor = sawWaitCursor || (cursor != nullptr && cursor->shape() == Qt::WaitCursor);
+        return codecForName("UTF-8")->fromUnicode(text, size, state);
+    }
+};
+
+bool CursorWitness::sawWaitCursor = false;
+
 }  // namespace
 
 class tst_WindowSaving : public WindowTest {
@@ -30,6 +54,7 @@ private Q_SLOTS:
     void saveWritesTheTabsInOrder();
     void repeatedSaveGivesTheSameFile();
     void saveShowsAMessageAndClearsTheFlags();
+    void waitCursorIsShownDuringASave();
     void documentWithErrorsIsSaved();
     void latin1FileStaysInLatin1();
     void allTabsAreSavedInOneEncoding();
@@ -143,6 +168,19 @@ void tst_WindowSaving::saveShowsAMessageAndClearsTheFlags()
     QCOMPARE(titleOf(*m_window), GOOD);
     QVERIFY(m_window->uStack()->canUndo());
     QVERIFY(m_dialogs->boxes.isEmpty());
+    QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+}
+
+void tst_WindowSaving::waitCursorIsShownDuringASave()
+{
+    loadGoodFile();
+    QTextCodec* const before = QTextCodec::codecForLocale();
+    QTextCodec::setCodecForLocale(new CursorWitness);
+    CursorWitness::sawWaitCursor = false;
+    const bool saved = m_window->save();
+    QTextCodec::setCodecForLocale(before);
+    QVERIFY(saved);
+    QVERIFY(CursorWitness::sawWaitCursor);
     QVERIFY(QGuiApplication::overrideCursor() == nullptr);
 }
 
