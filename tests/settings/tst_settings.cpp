@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QHeaderView>
 
 #include "settings_file.h"
 #include "window_test.h"
@@ -108,6 +109,7 @@ private Q_SLOTS:
     void missingFontFamilyIsKept();
     void windowIsNeverSmallerThanItsForm();
     void viewsMeasureInTheEditorFont();
+    void headersKeepTheirFont();
 
     void everyKeyIsWritten();
     void textOfTheFile();
@@ -371,6 +373,17 @@ void tst_Settings::viewsMeasureInTheEditorFont()
     QVERIFY(writeSettingsLines("editorFontSize=40\n"));
     m_window->readSettings();
     QVERIFY(viewOf(*m_window, 0)->columnWidth(1) > 2 * width);
+}
+
+void tst_Settings::headersKeepTheirFont()
+{
+    QVERIFY(writeSettingsLines("editorFontSize=40\n"));
+    m_window->readSettings();
+    for (int tab = 0; tab < TAB_COUNT; ++tab) {
+        const QTreeView* const view = viewOf(*m_window, tab);
+        QCOMPARE(view->font().pointSize(), 40);
+        QCOMPARE(view->header()->font().pointSize(), 10);
+    }
 }
 
 // ---- Writing -----------------------------------------------------------------------------------
