@@ -13,7 +13,7 @@ class TestCellDialogs : public EditingTest {
 private Q_SLOTS:
     void staysBesideItsCell_data();
     void staysBesideItsCell();
-    void staysOnTheScreen_data() { staysBesideItsCell_data(); }
+    void staysOnTheScreen_data();
     void staysOnTheScreen();
     void cancelledDialogHasNoErrorCode_data();
     void cancelledDialogHasNoErrorCode();
@@ -70,14 +70,30 @@ void TestCellDialogs::staysBesideItsCell()
     QCOMPARE(dialog->geometry().topLeft(), placeOf(index, below));
 }
 
-// Otherwise the buttons would be off the screen for a cell at its lower right.
+void TestCellDialogs::staysOnTheScreen_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<bool>("lowerRight");
+    for (const bool lowerRight : {true, false}) {
+        const char* const corner = lowerRight ? "lower right" : "upper left";
+        QTest::addRow("a variable, %s", corner) << int{DE_TAB2} << 1 << lowerRight;
+        QTest::addRow("a literal, %s", corner) << int{DE_TAB3} << 2 << lowerRight;
+        QTest::addRow("an ECM list, %s", corner) << int{DE_TAB5} << 2 << lowerRight;
+    }
+}
+
+// The window is partly off the screen. The dialog at its cell must not be: its buttons and its
+// title bar would be out of reach.
 void TestCellDialogs::staysOnTheScreen()
 {
     QFETCH(int, tab);
     QFETCH(int, column);
+    QFETCH(bool, lowerRight);
     show();
     const QRect area = m_window->screen()->availableGeometry();
-    m_window->move(area.bottomRight() - QPoint(250, 150));
+    const QPoint upperLeft = area.topLeft() - QPoint(m_window->width(), m_window->height()) * 3 / 4;
+    m_window->move(lowerRight ? area.bottomRight() - QPoint(250, 150) : upperLeft);
     const QModelIndex index = cell(tab, 2, column);
     const auto* const dialog = openAs<QDialog>(index);
     QVERIFY(dialog != nullptr);
