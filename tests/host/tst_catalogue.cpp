@@ -39,6 +39,15 @@ QByteArray withUnits(const QByteArray& units)
     return R"({"units":)" + units + R"(,"areas":{}})";
 }
 
+// An array of this many different names of units.
+QByteArray manyUnits(int count)
+{
+    QByteArrayList names;
+    for (int i = 0; i < count; ++i)
+        names.append("\"U" + QByteArray::number(i) + '"');
+    return '[' + names.join(',') + ']';
+}
+
 QByteArray withCounts(const QByteArray& counts)
 {
     return R"({"counts":)" + counts + R"(,"areas":{}})";
@@ -120,6 +129,9 @@ void addBadUnits()
            withUnits("{\"d\":[\"\xc2\xb0"
                      "C\"]}"),
            ": /units/d/0: ", "ASCII");
+    addBad("more units than a 16-bit integer counts",
+           withUnits(R"({"d":)" + manyUnits(32768) + "}"),
+           ": /units/d/32767: ", "more than 32767 units", OnlyTheProcessSeesIt);
     addBad("units in two dimensions", withUnits(R"({"a":["RPM"],"b":["rpm"]})"),
            ": /units/b/0: ", "there already", OnlyTheProcessSeesIt);
 }
@@ -311,6 +323,10 @@ private Q_SLOTS:
             << QByteArray(R"({"counts":{"real_arrays":65535},"areas":{"REAL_ARRAY_MEM":{}}})");
         QTest::newRow("units of 15 bytes in another case") << QByteArray(
             R"({"units":{"d":["ABCDEFGHIJKLMNO"]},"areas":{"LOGI_MEM":{"logical":[{"label":"a","units":"abcdefghijklmno"}]}}})");
+        QTest::newRow("as many units as a 16-bit integer counts")
+            << withUnits(R"({"d":)" + manyUnits(32767) + "}");
+        QTest::newRow("names of the first and the last printable character") << QByteArray(
+            R"({"units":{"d":["!~"]},"areas":{},"keywords":[{"name":"!~","kind":"channel"}]})");
         QTest::newRow("a keyword of 79 bytes in the last place") << withKeywords(
             R"([{"index":7999,"name":")" + QByteArray(79, '$') + R"(","kind":"parameter"}])");
     }
