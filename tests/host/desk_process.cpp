@@ -87,6 +87,16 @@ bool DeskProcess::startWith(const QByteArray& catalogue)
            start(catalogue_.fileName());
 }
 
+void DeskProcess::startUnread(const QString& fifo, const QString& catalogueFile)
+{
+    // The shell is the FIFO's reader until it has opened it for writing.
+    const auto script =
+        QStringLiteral("mkfifo \"$1\" && exec 3<>\"$1\" >\"$1\" 3<&- && shift && exec \"$@\"");
+    process_.start(QStringLiteral("/bin/sh"),
+                   {QStringLiteral("-c"), script, QStringLiteral("sh"), fifo, program(),
+                    QStringLiteral("--name"), name_, catalogueFile});
+}
+
 bool DeskProcess::end(int signal)
 {
     ::kill(static_cast<pid_t>(process_.processId()), signal);

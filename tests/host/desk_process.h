@@ -38,6 +38,10 @@ public:
     bool start(const QString& catalogueFile);
     bool startWith(const QByteArray& catalogue);
 
+    // Starts with an output that nobody can read any more, so that there is nothing to wait for.
+    // Makes a FIFO of this name.
+    void startUnread(const QString& fifo, const QString& catalogueFile);
+
     // Each waits for the end of the process. True if it ended by this signal for a kill, otherwise
     // by itself with status 0.
     bool end(int signal);

@@ -33,6 +33,11 @@ bool isFound(const char* label)
     return find_variable(label, &handle) == 0;
 }
 
+QString demoCatalogue()
+{
+    return qEnvironmentVariable("SCRIBON_EXAMPLES") + QStringLiteral("/catalogue.json");
+}
+
 QString firstLabel(void* area)
 {
     return QString::fromLatin1(static_cast<const _real_variable*>(area)->label);
@@ -141,13 +146,38 @@ private Q_SLOTS:
         QVERIFY(left.open(QIODevice::WriteOnly) && left.write("x") == 1 && left.flush());
         const QByteArray directory = QFileInfo(left).path().toLocal8Bit();
         QCOMPARE(chmod(directory.constData(), 0555), 0);
-        const auto result = DeskProcess::run(
-            {QStringLiteral("--name"), desk_->name(),
-             qEnvironmentVariable("SCRIBON_EXAMPLES") + QStringLiteral("/catalogue.json")});
+        const auto result =
+            DeskProcess::run({QStringLiteral("--name"), desk_->name(), demoCatalogue()});
         QCOMPARE(chmod(directory.constData(), 01777), 0);
         QCOMPARE(result.status, 1);
         QVERIFY(result.complaints.contains("Permission denied"));
         QCOMPARE(result.complaints.count('\n'), 1);
+    }
+
+    void closedOutputDoesNotEndIt()
+    {
+        const QTemporaryDir folder;
+        desk_->startUnread(folder.filePath(QStringLiteral("output")), demoCatalogue());
+        QTRY_VERIFY(isPlatformThere());
+        QVERIFY(desk_->terminate());
+        QCOMPARE(sharedMemoryOf(desk_->name()), QStringList());
+    }
+
+    // It must not write into an object that others may have open, and that it could not remove.
+    void leftAreaThatCannotBeRemovedIsNotUsed()
+    {
+        for (const char* const object : {"directory", "SYS_ATTR_MEM"}) {
+            QFile left(sharedMemoryPath(desk_->name(), QString::fromLatin1(object)));
+            QVERIFY(left.open(QIODevice::WriteOnly));
+        }
+        QCOMPARE(chmod("/dev/shm", 0555), 0);
+        const auto result =
+            DeskProcess::run({QStringLiteral("--name"), desk_->name(), demoCatalogue()});
+        QCOMPARE(chmod("/dev/shm", 01777), 0);
+        QCOMPARE(result.status, 1);
+        QVERIFY2(result.complaints.contains("SYS_ATTR_MEM: File exists"), result.complaints);
+        const QString area = sharedMemoryPath(desk_->name(), QStringLiteral("SYS_ATTR_MEM"));
+        QCOMPARE(QFileInfo(area).size(), 0);
     }
 
     void clientGoesOverToTheNextPlatform_data() { endOfThePlatform_data(); }
@@ -170,9 +200,8 @@ private Q_SLOTS:
     {
         QVERIFY(desk_->startWith(catalogueWith("eng_speed")));
         const QStringList objects = sharedMemoryOf(desk_->name());
-        const auto second = DeskProcess::run(
-            {QStringLiteral("--name"), desk_->name(),
-             qEnvironmentVariable("SCRIBON_EXAMPLES") + QStringLiteral("/catalogue.json")});
+        const auto second =
+            DeskProcess::run({QStringLiteral("--name"), desk_->name(), demoCatalogue()});
         QCOMPARE(second.status, 1);
         QCOMPARE(second.output, QByteArray());
         QCOMPARE(second.complaints.count('\n'), 1);
@@ -218,8 +247,7 @@ private Q_SLOTS:
     void processTakesItsNameFromTheEnvironment()
     {
         QVERIFY(desk_->startWith(catalogueWith("eng_speed")));
-        const auto second = DeskProcess::run(
-            {qEnvironmentVariable("SCRIBON_EXAMPLES") + QStringLiteral("/catalogue.json")});
+        const auto second = DeskProcess::run({demoCatalogue()});
         QCOMPARE(second.status, 1);
         QVERIFY(second.complaints.contains("running already"));
     }
