@@ -50,7 +50,7 @@ private Q_SLOTS:
     void undoMenuEntriesFollowTheTab();
     void rowActionsAreConnected();
     void rowActionsByKey();
-    void selectionDecidesOnRemoveRow_data();
+    void removeActionsNeedASelection_data();
     void removeActionsNeedASelection();
     void removeActionsUseTheSelectionOfTheCurrentTab();
     void editMenuUpdatesTheActions();
@@ -351,7 +351,7 @@ void tst_WindowRows::rowActionsByKey()
     QCOMPARE(view->model()->rowCount(), 9);
 }
 
-void tst_WindowRows::selectionDecidesOnRemoveRow_data()
+void tst_WindowRows::removeActionsNeedASelection_data()
 {
     QTest::addColumn<int>("tab");
     for (int tab = 0; tab < TAB_COUNT; ++tab)

@@ -197,8 +197,8 @@ void TestTextJudge::memoryDoesNotGrowWithTheTexts()
     for (int i = 0; i < TEXTS; ++i) {
         if (i == WARM_UP)
             before = mallinfo2().uordblks;
-        m_judge.accepts(Interval_VF, QStringLiteral("%1[sec]").arg(i));
-        m_judge.editorType(QStringLiteral("@%1").arg(i));
+        m_judge.accepts(Interval_VF, QStringLiteral("%1[sec]").arg(i), m_validators);
+        m_judge.classify(QStringLiteral("@%1").arg(i));
     }
     const size_t after = mallinfo2().uordblks;
     QVERIFY2(after < before + MAX_GROWTH, qPrintable(QString::number(after - before)));
