@@ -345,7 +345,7 @@ void tst_HelpEditors::listsTakeOverTheirFirstEntryAsTheHelpSays()
     showComments();
     QVERIFY(m_help.page(page).text.contains(
         QRegularExpression(QStringLiteral("opens on (its|the) first .*Escape does nothing.*Undo "
-                                          "brings the old \\w+ back"))));
+                                          "restores the old \\w+"))));
     const QModelIndex index = modelOf(*m_window, tab)->index(row, column);
     modelOf(*m_window, tab)->setData(index, text);
     auto* const list = qobject_cast<QComboBox*>(openEditor(index));
