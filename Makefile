@@ -8,12 +8,15 @@ SHELL := /bin/bash
 SPEC ?= scrib_engine_mapping
 # How long `make fuzz` stays with each target.
 FUZZ_SECONDS ?= 60
+# How many mutations `make mutate` tries; another seed chooses others.
+MUTATIONS ?= 200
+SEED ?= 1
 # What it takes to show the window: nothing more where there is an X display.
 DISPLAY_PACKAGES := $(if $(DISPLAY),,$(if $(WAYLAND_DISPLAY),wayland,display))
 
 install = @scripts/install-packages $(1)
 
-.PHONY: help run test bench fuzz asan lint lint-quick package package-test clean
+.PHONY: help run test bench fuzz asan mutate lint lint-quick package package-test clean
 
 help:
 	@echo 'make run           open an example in the editor, beside a demo platform (SPEC=NAME another)'
@@ -21,6 +24,7 @@ help:
 	@echo 'make asan          the same with AddressSanitizer and UndefinedBehaviorSanitizer'
 	@echo 'make bench         measure how the time grows with the document'
 	@echo 'make fuzz          feed each fuzzer for FUZZ_SECONDS=$(FUZZ_SECONDS)'
+	@echo 'make mutate        change MUTATIONS=$(MUTATIONS) single lines and see whether the tests notice'
 	@echo 'make lint          check the format and the habits of the sources'
 	@echo 'make lint-quick    the part of it that takes seconds'
 	@echo 'make package       make the Debian packages, in build/packages'
@@ -59,6 +63,11 @@ fuzz:
 	cmake --preset fuzz
 	cmake --build --preset fuzz
 	. scripts/sanitizer-options && scripts/run-fuzzers build/fuzz $(FUZZ_SECONDS)
+
+mutate:
+	$(call install,build display test mutate)
+	@scripts/in-namespace --check
+	scripts/mutate --count $(MUTATIONS) --seed $(SEED)
 
 lint:
 	$(call install,build fuzz format lint)
