@@ -8,6 +8,7 @@
 #include <cstring>
 #include <limits>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -158,6 +159,20 @@ int tokenTypeOf(const char* value, size_t size)
     return firstTokenType(buffer.data(), size);
 }
 
+constexpr std::array<bool, 256> makeWordTable()
+{
+    std::array<bool, 256> table{};
+    for (const unsigned char c : std::string_view("$%()-./:<>@[]_"))
+        table[c] = true;
+    for (const auto& [first, last] : {std::pair{'0', '9'}, {'A', 'Z'}, {'a', 'z'}}) {
+        for (int c = first; c <= last; ++c)
+            table[static_cast<size_t>(c)] = true;
+    }
+    return table;
+}
+
+constexpr std::array<bool, 256> IS_WORD_CHARACTER = makeWordTable();
+
 bool isRequiredKeyword(int tokenType)
 {
     const ScribonKeyword* const keyword = scribonKeyword(tokenType);
@@ -303,6 +318,16 @@ void LAntlrErrorHandler(pANTLR3_BASE_RECOGNIZER recognizer)
         return;
     last->nextException->freeEx(last->nextException);
     last->nextException = nullptr;
+}
+
+void skipWordCharacters(pANTLR3_INPUT_STREAM input)
+{
+    const auto* const begin = static_cast<const ANTLR3_UINT8*>(input->nextChar);
+    const auto* const end = static_cast<const ANTLR3_UINT8*>(input->data) + input->sizeBuf;
+    const auto* const next =
+        std::find_if_not(begin, end, [](ANTLR3_UINT8 c) { return IS_WORD_CHARACTER[c]; });
+    input->nextChar = const_cast<ANTLR3_UINT8*>(next);
+    input->charPositionInLine += static_cast<ANTLR3_INT32>(next - begin);
 }
 
 void* AntlrErrorNode(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_TOKEN_STREAM /*ctnstream*/,

@@ -517,11 +517,13 @@ RESPNS
 
 DIGITS : ('0'..'9')+ ;
 
+// The generated code takes some 300 instructions for each character of a word. So the loop takes one
+// character, and the action all those that follow.
 TEXT_BLK
     :   ( '$' | '%' | '(' | ')' | '-' | '.' | '/' | '0'..'9' | ':' | '<' | '>' | 'A'..'Z' | 'a'..'z'
         | '[' | ']' | '_' )
-        ( '$' | '%' | '(' | ')' | '-' | '.' | '/' | '0'..'9' | ':' | '<' | '>' | 'A'..'Z' | 'a'..'z'
-        | '[' | ']' | '_' | '@' )*
+        ( ( '$' | '%' | '(' | ')' | '-' | '.' | '/' | '0'..'9' | ':' | '<' | '>' | 'A'..'Z'
+          | 'a'..'z' | '[' | ']' | '_' | '@' ) { skipWordCharacters(INPUT); } )*
     ;
 
 DESCRIP

@@ -20,6 +20,9 @@ void* AntlrErrorNode(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_TOKEN_STREAM ctn
                      pANTLR3_COMMON_TOKEN startToken, pANTLR3_COMMON_TOKEN endToken,
                      pANTLR3_EXCEPTION e);
 
+/* Consumes the characters at the current position that continue a TEXT_BLK. */
+void skipWordCharacters(pANTLR3_INPUT_STREAM input);
+
 /* Skips the tokens that cannot follow at the parser's current position. */
 void syncToSet(void);
 

@@ -80,14 +80,14 @@ std::string token(const char* name, const std::string& text)
     return std::string(name) + "(" + escapedText(text) + ")";
 }
 
-// The tokens of a byte between the words x and y.
-std::string betweenWords(int byte)
+// The tokens of a byte between a word and the word y.
+std::string betweenWords(const std::string& word, int byte)
 {
     const std::string c(1, static_cast<char>(byte));
-    std::string x = token("TEXT_BLK", "x");
+    const std::string x = token("TEXT_BLK", word);
     const std::string y = token("TEXT_BLK", "y");
     if (isWordStart(byte) || byte == '@')
-        return token("TEXT_BLK", "x" + c + "y");
+        return token("TEXT_BLK", word + c + "y");
     if (isBlank(byte))
         return x + " " + token("WS", c) + " " + y;
     if (byte == '\n')
@@ -299,7 +299,8 @@ void tst_Lexer::byteBetweenWords()
 {
     QFETCH(int, byte);
     const std::string c(1, static_cast<char>(byte));
-    QCOMPARE(printed("x" + c + "y"), betweenWords(byte));
+    for (const char* const word : {"x", "xx", "xxx"})
+        QCOMPARE(printed(word + c + "y"), betweenWords(word, byte));
 }
 
 void tst_Lexer::byteAlone_data()
