@@ -7,6 +7,7 @@
 #include <QModelIndex>
 #include <QVariant>
 #include <QVector>
+#include <array>
 
 #include "editor_antlr3.h"
 
@@ -18,6 +19,21 @@ constexpr QLatin1String FILLER_TEXT("FILLER_TXT", 10);
 
 // Lets a node of the syntax tree travel in a QVariant.
 Q_DECLARE_METATYPE(pANTLR3_BASE_TREE)
+
+// What the last validation found in a row. It holds until a text or an error code of the row
+// changes, so that a validation need not look at the texts of all rows.
+struct RowVerdict {
+    // A text that must be unique in its column.
+    struct UniqueText {
+        uint hash = 0;
+        qint8 column = -1;     // none
+        qint8 code = 0;        // the error code that it got
+        bool isMarked = true;  // false: makes equal texts duplicates, but is never marked as one
+    };
+
+    int faults = 0;  // wrong cells, without the duplicates
+    std::array<UniqueText, 2> uniqueTexts;
+};
 
 // A model's root is a TreeItem too: its cells are the column headers, its children the rows.
 class TreeItem {
@@ -67,6 +83,9 @@ public:
     bool isDirty() const;
     void clrDirty();
 
+    // Belongs to the validation.
+    RowVerdict& verdict() { return m_verdict; }
+
     // A number that no other row has. A row that undo or redo restores gets the number of the row
     // that was removed, so that commands can find it again.
     quint64 identity() const;
@@ -79,4 +98,5 @@ private:
     bool dirty = true;
     TreeItem* parentItem;
     quint64 m_identity;
+    RowVerdict m_verdict;
 };

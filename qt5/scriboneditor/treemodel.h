@@ -134,9 +134,9 @@ private:
     bool startPass();
     bool startListPass(int keywordEditor);
 
-    // Validates the rows from `first` on.
-    template <typename JudgeRow>
-    void validateRows(int first, JudgeRow judgeRow);
+    // Validates the rows from `first` on: judges the changed ones and compares the texts of all.
+    template <typename JudgeRow, typename IsDuplicate>
+    void validateRows(int first, JudgeRow judgeRow, IsDuplicate isDuplicate);
 
     // Validates a list, in which row 0 holds the keyword of the section.
     template <typename JudgeEntry>

@@ -1,8 +1,12 @@
 // Validation of the five tabs: a pass sets the error codes of the cells that it checks; all other
 // cells keep theirs.
 
+#include <QHash>
 #include <QSet>
+#include <QtMath>
 #include <array>
+#include <limits>
+#include <vector>
 
 #include "keyword_words.h"
 #include "textjudge.h"
@@ -12,6 +16,12 @@
 
 namespace {
 
+// Numbers of the texts of a row that must be unique.
+enum UniqueSlot { NAME = 0, PATH = 1 };  // channel, parameter, alternate name, instance; ECM path
+
+// The code of a text before it is compared with the others.
+constexpr qint8 NOT_COMPARED = std::numeric_limits<qint8>::min();
+
 // The row that is being validated, and the results of the pass so far.
 class RowJudgement {
 public:
@@ -20,23 +30,10 @@ public:
     int errors() const { return m_errors; }
     bool changedCodes() const { return m_changedCodes; }
 
-    // Ends the current row and starts the next one.
     void startRow(TreeItem* row) { m_row = row; }
-    void endRow() { m_row->clrDirty(); }
 
     QString text(int column) const { return m_row->data(column).toString(); }
 
-    // Whether the cell passes the test. For a row whose texts have not changed, the error code of
-    // the last pass gives the answer.
-    template <typename Test>
-    bool passes(int column, Test test) const
-    {
-        return m_row->isDirty() ? test() : code(column) != DE_SYNTAX_ERR;
-    }
-    bool matches(int column, VaidatorFormat format, const QString& text) const
-    {
-        return passes(column, [&] { return accepts(format, text); });
-    }
     bool accepts(VaidatorFormat format, const QString& text) const
     {
         return textJudge().accepts(format, text, m_validators);
@@ -44,26 +41,65 @@ public:
 
     void clean(int column) { setCode(column, DE_NOERROR); }
     void noField(int column) { setCode(column, DE_NOFIELD); }
-    void fault(int column) { count(column, DE_SYNTAX_ERR); }
-    void duplicate(int column) { count(column, DE_DUPLICATE_ERR); }
+    void fault(int column)
+    {
+        setCode(column, DE_SYNTAX_ERR);
+        ++m_row->verdict().faults;
+    }
     void faultOrClean(int column, bool good) { good ? clean(column) : fault(column); }
 
-    // For a cell whose text must be unique in the tab, if it is good and the row is an entry: only
-    // the first one is without error.
-    void unique(int column, bool good, bool entry, const QString& text, QSet<QString>* seen)
+    // The text of the cell is good; whether it is a duplicate is up to compareTexts().
+    void mustBeUnique(int column, const QString& text, UniqueSlot slot = NAME, bool isMarked = true)
     {
-        if (!good || !entry) {
+        m_row->verdict().uniqueTexts[slot] = {qHash(text), static_cast<qint8>(column), NOT_COMPARED,
+                                              isMarked};
+    }
+
+    // For a cell whose text must be unique if the row is an entry.
+    void uniqueOrFault(int column, bool good, bool entry, const QString& text)
+    {
+        if (good && entry)
+            mustBeUnique(column, text);
+        else
             faultOrClean(column, good);
-        } else if (seen->contains(text)) {
-            duplicate(column);
-        } else {
-            seen->insert(text);
-            clean(column);
+    }
+
+    // Judges the row if it has changed since the last pass.
+    template <typename JudgeRow>
+    void judgeIfChanged(JudgeRow judgeRow)
+    {
+        if (!m_row->isDirty())
+            return;
+        m_row->verdict() = {};
+        judgeRow(this);
+        m_row->clrDirty();
+    }
+
+    // Counts the errors of the row. Whether a text is a duplicate depends on the other rows.
+    template <typename IsDuplicate>
+    void compareTexts(IsDuplicate isDuplicate)
+    {
+        RowVerdict& verdict = m_row->verdict();
+        m_errors += verdict.faults;
+        for (int slot : {NAME, PATH}) {
+            RowVerdict::UniqueText& unique = verdict.uniqueTexts[static_cast<size_t>(slot)];
+            if (unique.column >= 0 && isDuplicate(slot))
+                mark(&unique, DE_DUPLICATE_ERR);
+            else if (unique.column >= 0)
+                mark(&unique, DE_NOERROR);
         }
     }
 
 private:
-    int code(int column) const { return m_row->errorCode(column).toInt(); }
+    void mark(RowVerdict::UniqueText* unique, int code)
+    {
+        if (!unique->isMarked)
+            return;
+        if (unique->code != code)
+            setCode(unique->column, code);
+        unique->code = static_cast<qint8>(code);
+        m_errors += code == DE_DUPLICATE_ERR ? 1 : 0;
+    }
 
     void setCode(int column, int value)
     {
@@ -72,12 +108,6 @@ private:
             return;
         if (m_row->setErrorCode(column, value))
             m_changedCodes = true;
-    }
-
-    void count(int column, int value)
-    {
-        setCode(column, value);
-        ++m_errors;
     }
 
     const FormatValidators& m_validators;
@@ -96,31 +126,22 @@ bool isGoodValue(const RowJudgement& row, int kind, const QString& value)
            (facts.choice.hasOptionalLine() && matches(facts.choice.optionalFormat));
 }
 
-// Each word of the list may occur once: it is removed from the list when it is found. Existing
-// behaviour, kept for compatibility: a keyword that was never in the list counts as a duplicate.
-void judgeKeyword(RowJudgement* row, const QString& keyword, QSet<QString>* words)
-{
-    if (!keyword.startsWith(QLatin1Char('@')))
-        row->fault(KeywordsTab::KEYWORD);
-    else if (words->remove(keywordWord(keyword)))
-        row->clean(KeywordsTab::KEYWORD);
-    else
-        row->duplicate(KeywordsTab::KEYWORD);
-}
-
 // Existing behaviour, kept for compatibility: a keyword whose value is wrong keeps its old error
-// code and stays in the list.
-void judgeStatement(RowJudgement* row, int kind, const QString& keyword, QSet<QString>* words)
+// code and may occur again.
+void judgeStatement(RowJudgement* row, int kind, const QString& keyword)
 {
     const int valueColumn = kind == COMMENT_LINE ? KeywordsTab::KEYWORD : KeywordsTab::VALUE;
-    const QString value = row->text(valueColumn);
-    if (!row->passes(valueColumn, [&] { return isGoodValue(*row, kind, value); })) {
+    if (!isGoodValue(*row, kind, row->text(valueColumn))) {
         row->fault(valueColumn);
         return;
     }
     row->clean(valueColumn);
-    if (kind != COMMENT_LINE)
-        judgeKeyword(row, keyword, words);
+    if (kind == COMMENT_LINE)
+        return;
+    if (keyword.startsWith(QLatin1Char('@')))
+        row->mustBeUnique(KeywordsTab::KEYWORD, keyword);
+    else
+        row->fault(KeywordsTab::KEYWORD);
 }
 
 void judgeSecondValue(RowJudgement* row, int kind)
@@ -129,18 +150,18 @@ void judgeSecondValue(RowJudgement* row, int kind)
     const SecondValue& second = valueKind(kind).second;
     const QString value = row->text(COLUMN);
     if (second.use == SecondValueUse::Checked && value != FILLER_TEXT)
-        row->faultOrClean(COLUMN, row->matches(COLUMN, second.line.format, value));
+        row->faultOrClean(COLUMN, row->accepts(second.line.format, value));
     else
         row->noField(COLUMN);
 }
 
-void judgeKeywordRow(RowJudgement* row, QSet<QString>* words)
+void judgeKeywordRow(RowJudgement* row)
 {
     const QString keyword = row->text(KeywordsTab::KEYWORD);
     if (keyword.isEmpty())
         return;
     const int kind = classify(keyword);
-    judgeStatement(row, kind, keyword, words);
+    judgeStatement(row, kind, keyword);
     judgeSecondValue(row, kind);
 }
 
@@ -152,51 +173,37 @@ bool isListRow(int kind)
     return kind == TEXT_BLOCK || kind == COMMENT_LINE;
 }
 
-// The texts of the columns whose texts must be unique, as far as the pass has come.
-struct SeenTexts {
-    explicit SeenTexts(int rows) { names.reserve(rows); }
-
-    QSet<QString> names;  // channels, parameters, alternate names, instances
-    QSet<QString> paths;
-};
-
-void judgeChannel(RowJudgement* row, QSet<QString>* channels)
+void judgeChannel(RowJudgement* row)
 {
-    constexpr int COLUMN = ScanListTab::CHANNEL;
-    const QString channel = row->text(COLUMN).trimmed();
+    const QString channel = row->text(ScanListTab::CHANNEL).trimmed();
     const int kind = classify(channel);
     if (!isListRow(kind))
         return;
     const bool entry = kind == TEXT_BLOCK;
-    const bool good = row->passes(COLUMN, [&] {
-        return row->accepts(entry ? ChannelName_VF : Comment_VF, channel) && channel != FILLER_TEXT;
-    });
-    row->unique(COLUMN, good, entry, channel, channels);
+    const bool good =
+        row->accepts(entry ? ChannelName_VF : Comment_VF, channel) && channel != FILLER_TEXT;
+    row->uniqueOrFault(ScanListTab::CHANNEL, good, entry, channel);
 }
 
 void judgeVariable(RowJudgement* row, int column, VaidatorFormat format, const QString& variable)
 {
-    row->faultOrClean(column, row->passes(column, [&] {
-        return row->accepts(format, variable) && variable != FILLER_TEXT;
-    }));
+    row->faultOrClean(column, row->accepts(format, variable) && variable != FILLER_TEXT);
 }
 
-void judgeScanListRow(RowJudgement* row, SeenTexts* seen)
+void judgeScanListRow(RowJudgement* row)
 {
     const QString variable = row->text(ScanListTab::VARIABLE);
     const int kind = classify(variable);
     if (variable.isEmpty() || !isListRow(kind))
         return;
     if (kind == COMMENT_LINE) {
-        row->faultOrClean(ScanListTab::VARIABLE,
-                          row->matches(ScanListTab::VARIABLE, Comment_VF, variable));
+        row->faultOrClean(ScanListTab::VARIABLE, row->accepts(Comment_VF, variable));
         return;
     }
     judgeVariable(row, ScanListTab::VARIABLE, VarName_VF, variable);
     const QString member = row->text(ScanListTab::MEMBER).trimmed();
-    row->faultOrClean(ScanListTab::MEMBER,
-                      member.isEmpty() || row->matches(ScanListTab::MEMBER, StatMem_VF, member));
-    judgeChannel(row, &seen->names);
+    row->faultOrClean(ScanListTab::MEMBER, member.isEmpty() || row->accepts(StatMem_VF, member));
+    judgeChannel(row);
 }
 
 bool isMetaDataValue(const RowJudgement& row, const QString& value)
@@ -206,23 +213,20 @@ bool isMetaDataValue(const RowJudgement& row, const QString& value)
 }
 
 // The second value is validated on comment rows too; their filler is a valid variable name.
-void judgeMetaDataRow(RowJudgement* row, SeenTexts* seen)
+void judgeMetaDataRow(RowJudgement* row)
 {
     const QString keyword = row->text(MetaDataTab::PARAMETER);
     const int kind = classify(keyword);
     if (keyword.isEmpty() || !isListRow(kind))
         return;
     const bool entry = kind == TEXT_BLOCK;
-    const auto format = entry ? ParameterName_VF : Comment_VF;
-    row->unique(MetaDataTab::PARAMETER, row->matches(MetaDataTab::PARAMETER, format, keyword),
-                entry, keyword, &seen->names);
-    const QString value = row->text(MetaDataTab::VARIABLE);
-    row->faultOrClean(MetaDataTab::VARIABLE, row->passes(MetaDataTab::VARIABLE, [&] {
-        return isMetaDataValue(*row, value);
-    }));
+    const bool good = row->accepts(entry ? ParameterName_VF : Comment_VF, keyword);
+    row->uniqueOrFault(MetaDataTab::PARAMETER, good, entry, keyword);
+    row->faultOrClean(MetaDataTab::VARIABLE,
+                      isMetaDataValue(*row, row->text(MetaDataTab::VARIABLE)));
 }
 
-void judgeAuxUserRow(RowJudgement* row, SeenTexts* seen)
+void judgeAuxUserRow(RowJudgement* row)
 {
     const QString variable = row->text(AuxUserTab::VARIABLE);
     const int kind = classify(variable);
@@ -231,36 +235,87 @@ void judgeAuxUserRow(RowJudgement* row, SeenTexts* seen)
     const bool entry = kind == TEXT_BLOCK;
     judgeVariable(row, AuxUserTab::VARIABLE, entry ? VarName_VF : Comment_VF, variable);
     const QString name = row->text(AuxUserTab::ALTERNATE_NAME);
-    const bool good = row->passes(AuxUserTab::ALTERNATE_NAME, [&] {
-        return row->accepts(VarName_VF, name) && !(entry && name == FILLER_TEXT);
-    });
-    row->unique(AuxUserTab::ALTERNATE_NAME, good, entry, name, &seen->names);
+    const bool good = row->accepts(VarName_VF, name) && !(entry && name == FILLER_TEXT);
+    row->uniqueOrFault(AuxUserTab::ALTERNATE_NAME, good, entry, name);
 }
 
 // A path on a comment row is never marked as a duplicate, but makes later ones duplicates.
-void judgeEcmPath(RowJudgement* row, bool entry, QSet<QString>* paths)
+void judgeEcmPath(RowJudgement* row, bool entry)
 {
     const QString path = row->text(EcmListTab::PATH);
     if (!entry && path == FILLER_TEXT)
         return;
-    const bool good = row->matches(EcmListTab::PATH, ECMFilepath_VF, path);
-    row->unique(EcmListTab::PATH, good, entry, path, paths);
+    const bool good = row->accepts(ECMFilepath_VF, path);
+    if (!good || !entry)
+        row->faultOrClean(EcmListTab::PATH, good);
     if (good)
-        paths->insert(path);
+        row->mustBeUnique(EcmListTab::PATH, path, PATH, entry);
 }
 
-void judgeEcmRow(RowJudgement* row, SeenTexts* seen)
+void judgeEcmRow(RowJudgement* row)
 {
     const QString instance = row->text(EcmListTab::INSTANCE);
     const int kind = classify(instance);
     if (!isListRow(kind))
         return;
     const bool entry = kind == TEXT_BLOCK;
-    const auto format = entry ? Integer_VF : Comment_VF;
-    row->unique(EcmListTab::INSTANCE, row->matches(EcmListTab::INSTANCE, format, instance), entry,
-                instance, &seen->names);
-    judgeEcmPath(row, entry, &seen->paths);
+    const bool good = row->accepts(entry ? Integer_VF : Comment_VF, instance);
+    row->uniqueOrFault(EcmListTab::INSTANCE, good, entry, instance);
+    judgeEcmPath(row, entry);
 }
+
+// The unique texts of a list in the rows that the pass has seen, as a hash table of the rows'
+// numbers: the hashes come from the verdicts, and the texts are read only where two are equal.
+class SeenTexts {
+public:
+    explicit SeenTexts(TreeItem* root) : m_root(root) {}
+
+    // Whether an earlier row has the text that this row has in this slot.
+    bool isRepeated(int row, int slot)
+    {
+        std::vector<Place>& table = tableOf(slot);
+        const uint hash = textOf(row, slot).hash;
+        for (size_t i = hash;; ++i) {
+            Place& place = table[i & (table.size() - 1)];
+            if (place.row == NO_ROW) {
+                place = {hash, row};
+                return false;
+            }
+            if (place.hash == hash && stringOf(place.row, slot) == stringOf(row, slot))
+                return true;
+        }
+    }
+
+private:
+    static constexpr int NO_ROW = 0;  // row 0 holds the keyword of the list
+
+    struct Place {
+        uint hash = 0;
+        int row = NO_ROW;
+    };
+
+    std::vector<Place>& tableOf(int slot)
+    {
+        std::vector<Place>& table = m_tables[static_cast<size_t>(slot)];
+        if (table.empty())
+            table.resize(qNextPowerOfTwo(2U * static_cast<uint>(m_root->childCount())));
+        return table;
+    }
+
+    const RowVerdict::UniqueText& textOf(int row, int slot) const
+    {
+        return m_root->child(row)->verdict().uniqueTexts[static_cast<size_t>(slot)];
+    }
+
+    // Blanks around a channel keyword do not count; the other texts have none, since no format
+    // accepts them.
+    QString stringOf(int row, int slot) const
+    {
+        return m_root->child(row)->data(textOf(row, slot).column).toString().trimmed();
+    }
+    TreeItem* m_root;
+    std::array<std::vector<Place>, 2> m_tables;
+};
 
 }  // namespace
 
@@ -295,14 +350,15 @@ bool TreeModel::startListPass(int keywordEditor)
     return !keyword.isEmpty() && classify(keyword) == keywordEditor;
 }
 
-template <typename JudgeRow>
-void TreeModel::validateRows(int first, JudgeRow judgeRow)
+template <typename JudgeRow, typename IsDuplicate>
+void TreeModel::validateRows(int first, JudgeRow judgeRow, IsDuplicate isDuplicate)
 {
     RowJudgement judgement(de_validator);
     for (int i = first; i < rootItem->childCount(); ++i) {
-        judgement.startRow(rootItem->child(i));
-        judgeRow(&judgement);
-        judgement.endRow();
+        TreeItem* const row = rootItem->child(i);
+        judgement.startRow(row);
+        judgement.judgeIfChanged(judgeRow);
+        judgement.compareTexts([&](int slot) { return isDuplicate(i, slot); });
     }
     errorCount = judgement.errors();
     if (judgement.changedCodes())
@@ -314,17 +370,22 @@ void TreeModel::validateList(int keywordEditor, JudgeEntry judgeEntry)
 {
     if (!startListPass(keywordEditor))
         return;
-    SeenTexts seen(rootItem->childCount());
-    validateRows(1, [&](RowJudgement* row) { judgeEntry(row, &seen); });
+    SeenTexts seen(rootItem.get());
+    validateRows(1, judgeEntry, [&](int row, int slot) { return seen.isRepeated(row, slot); });
 }
 
+// Each word may occur once: it is removed from the list when it is found. Existing behaviour, kept
+// for compatibility: a keyword that was never in the list counts as a duplicate.
 void TreeModel::validate_tab1()
 {
     if (!startPass())
         return;
     const QStringList offered = wordList();
     QSet<QString> words(offered.begin(), offered.end());
-    validateRows(0, [&words](RowJudgement* row) { judgeKeywordRow(row, &words); });
+    validateRows(0, judgeKeywordRow, [&](int row, int /*slot*/) {
+        const TreeItem* const item = rootItem->child(row);
+        return !words.remove(keywordWord(item->data(KeywordsTab::KEYWORD).toString()));
+    });
 }
 
 void TreeModel::validate_tab2()

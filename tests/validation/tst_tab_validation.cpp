@@ -6,10 +6,12 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include "editorundocommand.h"
 #include "golden_keywords.h"
 #include "model_text.h"
 #include "treeitem.h"
 #include "treemodel.h"
+#include "windowless_editing.h"
 
 namespace {
 
@@ -107,6 +109,26 @@ void changeAtRandom(QRandomGenerator* random, TreeModel* model, const QStringLis
     }
 }
 
+// Edits a cell, inserts or removes a row, or undoes or redoes up to three of these, at random.
+void changeByCommand(QRandomGenerator* random, TreeModel* model, QUndoStack* stack)
+{
+    const QStringList texts =
+        QStringLiteral("a b c #c 1 2 /a:b:1 /a:c:1 /a:b:123 1x FILLER_TXT @MAX_SCANS @MODE")
+            .split(QLatin1Char(' '));
+    const QModelIndex cell = model->index(1 + random->bounded(model->rowCount() - 1),
+                                          random->bounded(model->columnCount()));
+    const int lastColumn = model->columnCount() - 1;
+    const int kind = random->bounded(10);
+    if (kind == 0)
+        stack->push(new EditorUndoCommand(model, cell, cell.row() + 1, 0, lastColumn, uaddRow));
+    else if (kind == 1 && model->rowCount() > 10)
+        stack->push(new EditorUndoCommand(model, cell, cell.row(), 0, lastColumn, uremoveRow));
+    else if (kind < 5)
+        stack->setIndex(qBound(0, stack->index() + random->bounded(-3, 4), stack->count()));
+    else
+        model->undoredo_setData(cell, texts.at(random->bounded(texts.size())));
+}
+
 }  // namespace
 
 class TestTabValidation : public QObject {
@@ -127,6 +149,11 @@ private Q_SLOTS:
     void validatesNothingOnAnUnknownTab();
     void changedModelIsValidatedLikeANewOne_data();
     void changedModelIsValidatedLikeANewOne();
+    void undoneEditsAreValidatedLikeANewModel_data();
+    void undoneEditsAreValidatedLikeANewModel();
+
+private:
+    void compareWithANewModel(TreeModel* model, int tab);
 };
 
 void TestTabValidation::givesCodes_data()
@@ -404,6 +431,21 @@ void TestTabValidation::changedModelIsValidatedLikeANewOne_data()
         QTest::addRow("tab %d", tab - EDIT_TAB1 + 1) << tab;
 }
 
+void TestTabValidation::compareWithANewModel(TreeModel* model, int tab)
+{
+    judge(model);
+    const auto fresh = modelOfRows(tab, rowLines(*model));
+    judge(fresh.get());
+    QCOMPARE(model->getErrorCount(), fresh->getErrorCount());
+    for (int row = 0; row < model->rowCount(); ++row) {
+        for (int column = 0; column < model->columnCount(); ++column) {
+            const QVariant expected = fresh->errorCode(fresh->index(row, column));
+            if (expected.isValid())
+                QCOMPARE(model->errorCode(model->index(row, column)), expected);
+        }
+    }
+}
+
 // A validation uses the results of the one before. A new model of the same rows must have the same
 // codes and the same error count.
 void TestTabValidation::changedModelIsValidatedLikeANewOne()
@@ -425,17 +467,34 @@ void TestTabValidation::changedModelIsValidatedLikeANewOne()
         changeAtRandom(&random, model.get(), texts);
         if (random.bounded(3) == 0)
             continue;
-        judge(model.get());
-        const auto fresh = modelOfRows(tab, rowLines(*model));
-        judge(fresh.get());
-        QCOMPARE(model->getErrorCount(), fresh->getErrorCount());
-        for (int row = 0; row < model->rowCount(); ++row) {
-            for (int column = 0; column < model->columnCount(); ++column) {
-                const QVariant expected = fresh->errorCode(fresh->index(row, column));
-                if (expected.isValid())
-                    QCOMPARE(model->errorCode(model->index(row, column)), expected);
-            }
-        }
+        compareWithANewModel(model.get(), tab);
+        if (QTest::currentTestFailed())
+            return;
+    }
+}
+
+void TestTabValidation::undoneEditsAreValidatedLikeANewModel_data()
+{
+    changedModelIsValidatedLikeANewOne_data();
+}
+
+// A long list in which many texts are equal, changed as the user does: by undo commands, each
+// undone and redone at random.
+void TestTabValidation::undoneEditsAreValidatedLikeANewModel()
+{
+    QFETCH(int, tab);
+    constexpr int STEPS = 1000;
+    constexpr int ROWS = 40;
+    WindowlessEditing editing;
+    const QString keyword = QLatin1String(tab == EDIT_TAB5 ? "@ECM_LIST" : "@SCAN_LIST");
+    const QString cells = QLatin1String(tab == EDIT_TAB2 ? " | a | a | a" : " | a | a");
+    const auto model = modelOfRows(tab, QVector<QString>(ROWS, keyword + cells).toList());
+    QRandomGenerator random(static_cast<quint32>(tab));
+    for (int step = 0; step < STEPS; ++step) {
+        changeByCommand(&random, model.get(), editing.stack());
+        compareWithANewModel(model.get(), tab);
+        if (QTest::currentTestFailed())
+            return;
     }
 }
 
