@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QLineEdit>
 #include <QSpinBox>
+#include <algorithm>
 #include <cstring>
 
 #include "antlr3_basetreedelegate.h"
@@ -179,16 +180,31 @@ bool isOffered(const PAM_KEYWORD& entry, int32_t unitsCode, int keywordType)
            entry.keyword[0] != '\0';
 }
 
-// How often each channel keyword occurs in the other rows. No text on the Meta Data List, which has
-// no such column.
-QHash<QString, int> keywordsOfOtherRows(const QModelIndex& index)
+// The names of the keywords that fit, in the order of the platform's table.
+QStringList fittingKeywords(int32_t unitsCode, int keywordType)
+{
+    QStringList names;
+    for (const PAM_KEYWORD& entry : Keyword_memory->keyword_table) {
+        if (isOffered(entry, unitsCode, keywordType))
+            names.append(keywordName(entry));
+    }
+    return names;
+}
+
+// How often each of the names is a channel keyword of another row. None is on the Meta Data List,
+// which has no such column.
+QHash<QString, int> usesInOtherRows(const QStringList& names, const QModelIndex& index)
 {
     QHash<QString, int> uses;
+    for (const QString& name : names)
+        uses.insert(name, 0);
     const QAbstractItemModel& model = *index.model();
-    const int numRows = model.rowCount();
+    const int numRows = model.columnCount() > ScanListTab::CHANNEL ? model.rowCount() : 0;
     for (int row = 0; row < numRows; ++row) {
-        if (row != index.row())
-            ++uses[model.index(row, ScanListTab::CHANNEL).data(Qt::DisplayRole).toString()];
+        const QString text = model.index(row, ScanListTab::CHANNEL).data().toString();
+        const auto use = row == index.row() ? uses.end() : uses.find(text);
+        if (use != uses.end())
+            ++*use;
     }
     return uses;
 }
@@ -197,11 +213,8 @@ QHash<QString, int> keywordsOfOtherRows(const QModelIndex& index)
 // be used by two rows.
 bool takeOneUse(QHash<QString, int>* uses, const QString& name)
 {
-    const auto use = uses->find(name);
-    if (use == uses->end() || *use == 0)
-        return false;
-    --*use;
-    return true;
+    int& left = (*uses)[name];
+    return left > 0 && left-- > 0;
 }
 
 }  // namespace
@@ -209,18 +222,13 @@ bool takeOneUse(QHash<QString, int>* uses, const QString& name)
 QStringList Antlr3_BaseTreeDelegate::mPAM_Keywords(const QString& label, const QModelIndex& index,
                                                    int keywordType) const
 {
-    QStringList keywordList;
     if (!linkKeywordMemory())
-        return keywordList;
-    const int32_t unitsCode = unitsCodeFor(label);
-    QHash<QString, int> used = keywordsOfOtherRows(index);
-    for (const PAM_KEYWORD& entry : Keyword_memory->keyword_table) {
-        if (!isOffered(entry, unitsCode, keywordType))
-            continue;
-        const QString name = keywordName(entry);
-        if (!takeOneUse(&used, name))
-            keywordList.append(name);
-    }
+        return {};
+    QStringList keywordList = fittingKeywords(unitsCodeFor(label), keywordType);
+    QHash<QString, int> uses = usesInOtherRows(keywordList, index);
+    const auto isUsed = [&uses](const QString& name) { return takeOneUse(&uses, name); };
+    keywordList.erase(std::remove_if(keywordList.begin(), keywordList.end(), isUsed),
+                      keywordList.end());
     return keywordList;
 }
 

@@ -164,11 +164,6 @@ void TreeItem::setDirty()
     dirty = true;
 }
 
-bool TreeItem::isDirty() const
-{
-    return dirty;
-}
-
 void TreeItem::clrDirty()
 {
     dirty = false;

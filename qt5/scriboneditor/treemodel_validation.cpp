@@ -83,7 +83,7 @@ public:
         m_errors += verdict.faults;
         for (int slot : {NAME, PATH}) {
             RowVerdict::UniqueText& unique = verdict.uniqueTexts[static_cast<size_t>(slot)];
-            if (unique.column >= 0 && isDuplicate(slot))
+            if (unique.column >= 0 && isDuplicate(slot, unique.hash))
                 mark(&unique, DE_DUPLICATE_ERR);
             else if (unique.column >= 0)
                 mark(&unique, DE_NOERROR);
@@ -270,11 +270,10 @@ class SeenTexts {
 public:
     explicit SeenTexts(TreeItem* root) : m_root(root) {}
 
-    // Whether an earlier row has the text that this row has in this slot.
-    bool isRepeated(int row, int slot)
+    // Whether an earlier row has the text that this row has in this slot, and its hash.
+    bool isRepeated(int row, int slot, uint hash)
     {
         std::vector<Place>& table = tableOf(slot);
-        const uint hash = textOf(row, slot).hash;
         for (size_t i = hash;; ++i) {
             Place& place = table[i & (table.size() - 1)];
             if (place.row == NO_ROW) {
@@ -302,17 +301,15 @@ private:
         return table;
     }
 
-    const RowVerdict::UniqueText& textOf(int row, int slot) const
-    {
-        return m_root->child(row)->verdict().uniqueTexts[static_cast<size_t>(slot)];
-    }
-
     // Blanks around a channel keyword do not count; the other texts have none, since no format
     // accepts them.
     QString stringOf(int row, int slot) const
     {
-        return m_root->child(row)->data(textOf(row, slot).column).toString().trimmed();
+        TreeItem* const item = m_root->child(row);
+        const int column = item->verdict().uniqueTexts[static_cast<size_t>(slot)].column;
+        return item->data(column).toString().trimmed();
     }
+
     TreeItem* m_root;
     std::array<std::vector<Place>, 2> m_tables;
 };
@@ -350,15 +347,20 @@ bool TreeModel::startListPass(int keywordEditor)
     return !keyword.isEmpty() && classify(keyword) == keywordEditor;
 }
 
+// Rows are single objects in memory: waiting for them would take most of a pass.
+constexpr int PREFETCHED_ROWS = 16;
+
 template <typename JudgeRow, typename IsDuplicate>
 void TreeModel::validateRows(int first, JudgeRow judgeRow, IsDuplicate isDuplicate)
 {
     RowJudgement judgement(de_validator);
-    for (int i = first; i < rootItem->childCount(); ++i) {
+    const int rows = rootItem->childCount();
+    for (int i = first; i < rows; ++i) {
         TreeItem* const row = rootItem->child(i);
+        __builtin_prefetch(rootItem->child(i + PREFETCHED_ROWS));
         judgement.startRow(row);
         judgement.judgeIfChanged(judgeRow);
-        judgement.compareTexts([&](int slot) { return isDuplicate(i, slot); });
+        judgement.compareTexts([&](int slot, uint hash) { return isDuplicate(i, slot, hash); });
     }
     errorCount = judgement.errors();
     if (judgement.changedCodes())
@@ -371,7 +373,9 @@ void TreeModel::validateList(int keywordEditor, JudgeEntry judgeEntry)
     if (!startListPass(keywordEditor))
         return;
     SeenTexts seen(rootItem.get());
-    validateRows(1, judgeEntry, [&](int row, int slot) { return seen.isRepeated(row, slot); });
+    validateRows(1, judgeEntry, [&seen](int row, int slot, uint hash) {
+        return seen.isRepeated(row, slot, hash);
+    });
 }
 
 // Each word may occur once: it is removed from the list when it is found. Existing behaviour, kept
@@ -382,7 +386,7 @@ void TreeModel::validate_tab1()
         return;
     const QStringList offered = wordList();
     QSet<QString> words(offered.begin(), offered.end());
-    validateRows(0, judgeKeywordRow, [&](int row, int /*slot*/) {
+    validateRows(0, judgeKeywordRow, [&](int row, int /*slot*/, uint /*hash*/) {
         const TreeItem* const item = rootItem->child(row);
         return !words.remove(keywordWord(item->data(KeywordsTab::KEYWORD).toString()));
     });
