@@ -5,13 +5,13 @@
 #include <QListView>
 #include <QRegExpValidator>
 #include <QScrollBar>
-#include <QSortFilterProxyModel>
 #include <QStandardItemModel>
 #include <algorithm>
 #include <cstring>
 
 #include "dialog_place.h"
 #include "line_breaks.h"
+#include "sortednames.h"
 #include "stat_members.h"
 #include "treeitem.h"
 #include "ui_variableselectiondialog.h"
@@ -166,7 +166,8 @@ void VariableSelectionDialog::putProxyBehindVariables()
 {
     QComboBox* const comboBox = ui->variableComboBox;
     m_names = qobject_cast<QStandardItemModel*>(comboBox->model());
-    proxy_ = new QSortFilterProxyModel(comboBox);
+    m_lookup = new SortedNames(comboBox);
+    proxy_ = m_lookup;
     proxy_->setSourceModel(m_names);
     m_names->setParent(proxy_);
     comboBox->setModel(proxy_);
@@ -358,7 +359,7 @@ void VariableSelectionDialog::offerVariables(QStringList names)
     for (const QString& name : qAsConst(names))
         items.append(new QStandardItem(name));
     m_names->invisibleRootItem()->appendRows(items);
-    m_sortedNames = m_names->rowCount();
+    m_lookup->markSorted();
     fitList(*ui->variableComboBox, names);
 }
 
@@ -366,10 +367,10 @@ void VariableSelectionDialog::offerVariables(QStringList names)
 // case-insensitive order.
 void VariableSelectionDialog::sortInOwnName()
 {
-    if (m_names->rowCount() == m_sortedNames)
+    if (m_lookup->isSorted())
         return;
     proxy_->sort(0, Qt::AscendingOrder);
-    m_sortedNames = m_names->rowCount();
+    m_lookup->markSorted();
 }
 
 // Shows the cell's text: one with colons is a variable with a suffix and is shown whole, one with a

@@ -16,6 +16,7 @@ class QComboBox;
 class QLineEdit;
 class QSortFilterProxyModel;
 class QStandardItemModel;
+class SortedNames;
 
 namespace Ui {
 class VariableSelectionDialog;
@@ -104,7 +105,7 @@ private:
     std::shared_ptr<const VariablesByGroup> variables;
     QStandardItemModel* m_names = nullptr;  // source model of proxy_
     QSortFilterProxyModel* proxy_ = nullptr;
-    int m_sortedNames = 0;
+    SortedNames* m_lookup = nullptr;  // proxy_ by its own type
     UNITS_NAME m_units{};
     UNITS_NAME default_units{};
     bool initializingClass = false;  // the slots do nothing while it is set
