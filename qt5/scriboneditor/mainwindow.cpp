@@ -16,6 +16,9 @@
 #include <QUndoGroup>
 #include <QUndoStack>
 #include <algorithm>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 #include "antlr3_basetreedelegate.h"
 #include "documentguard.h"
@@ -113,6 +116,15 @@ bool openRegular(QFile* file, QIODevice::OpenMode mode, QString* error)
     const bool opened = file->open(mode | QIODevice::Text);
     *error = file->errorString();
     return opened;
+}
+
+// The C library keeps freed memory, so after a small document has replaced a large one the process
+// would stay as large as it was.
+void returnFreeMemory()
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
 }
 
 bool canBeOpened(const QString& fileName, QString* error)
@@ -408,6 +420,7 @@ void MainWindow::showDocument(const QString& fileName)
     updateErrorCount();
     const FileBytes file = getFileBytes();
     guard->loaded(fileName, QByteArray::fromRawData(file.data, static_cast<int>(file.size)));
+    returnFreeMemory();
 }
 
 // Destroy the old model last; setModel() still disconnects from it.
