@@ -7,6 +7,7 @@
 #include <QTreeView>
 #include <QUndoStack>
 
+#include "antlr3_basetreedelegate.h"
 #include "bench_document.h"
 #include "bench_platform.h"
 #include "editor_antlr3.h"
@@ -20,6 +21,7 @@ namespace {
 constexpr int SCAN_ROWS = 10000;
 constexpr int META_ROWS = 2000;
 constexpr int ALL_ROWS = SCAN_ROWS + META_ROWS;
+constexpr int MANY_ROWS = 100000 + META_ROWS;
 constexpr double SECONDS = 1.0;
 
 const std::string& liveFile()
@@ -32,11 +34,26 @@ void measure(benchmark::internal::Benchmark* measured)
     measured->Arg(ALL_ROWS)->MinTime(SECONDS);
 }
 
+void measureAlsoManyRows(benchmark::internal::Benchmark* measured)
+{
+    measured->Arg(ALL_ROWS)->Arg(MANY_ROWS)->MinTime(SECONDS);
+}
+
+int scanRowsOf(const benchmark::State& state)
+{
+    return static_cast<int>(state.range(0)) - META_ROWS;
+}
+
+const std::string& fileOf(const benchmark::State& state)
+{
+    return specFileOfRows(scanRowsOf(state), META_ROWS);
+}
+
 using Models = std::vector<std::unique_ptr<TreeModel>>;
 
-Models loadModels()
+Models loadModels(const std::string& file = liveFile())
 {
-    read_file(liveFile().c_str());
+    read_file(file.c_str());
     Models models = makeModels();
     free_resources();
     return models;
@@ -54,11 +71,11 @@ void judgeAll(const Models& models)
 void readFile(benchmark::State& state)
 {
     for (auto _ : state) {
-        benchmark::DoNotOptimize(read_file(liveFile().c_str()));
+        benchmark::DoNotOptimize(read_file(fileOf(state).c_str()));
         free_resources();
     }
 }
-BENCHMARK(readFile)->Apply(measure);
+BENCHMARK(readFile)->Apply(measureAlsoManyRows);
 
 void judgeAfterLoad(benchmark::State& state)
 {
@@ -90,17 +107,29 @@ BENCHMARK(judgeAgainWithErrors)->Apply(measure);
 
 void judgeAfterOneEdit(benchmark::State& state)
 {
-    const Models models = loadModels();
+    const Models models = loadModels(fileOf(state));
     TreeModel& scanList = *models[DE_TAB2];
     judgeAll(models);
-    const QModelIndex cell = scanList.index(SCAN_ROWS / 2, 1);
+    const QModelIndex cell = scanList.index(scanRowsOf(state) / 2, ScanListTab::VARIABLE);
     int edit = 0;
     for (auto _ : state) {
         scanList.setData(cell, QStringLiteral("edited_%1").arg(++edit));
         scanList.validate_model();
     }
 }
-BENCHMARK(judgeAfterOneEdit)->Apply(measure);
+BENCHMARK(judgeAfterOneEdit)->Apply(measureAlsoManyRows);
+
+// Creates the editor of a channel keyword, which looks for the keywords that no other row has.
+void openChannelList(benchmark::State& state)
+{
+    const Models models = loadModels(fileOf(state));
+    const QModelIndex cell = models[DE_TAB2]->index(scanRowsOf(state) / 2, ScanListTab::CHANNEL);
+    const Antlr3_BaseTreeDelegate delegate;
+    QWidget parent;
+    for (auto _ : state)
+        delete delegate.createEditor(&parent, QStyleOptionViewItem(), cell);
+}
+BENCHMARK(openChannelList)->Apply(measureAlsoManyRows);
 
 // Four actions a round: the command, undo, redo, undo.
 void changeRow(benchmark::State& state, ur_command command)

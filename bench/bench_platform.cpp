@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int ALIAS_EVERY = 2;
+constexpr int CHANNEL_KEYWORDS = 200;
 
 // A prime that does not divide any number of variables here, so that each index occurs once.
 constexpr qint64 SHUFFLE = 7919;
@@ -24,12 +25,22 @@ QByteArray record(int variables, int i)
     return text + '}';
 }
 
+QByteArray channelKeywords()
+{
+    QByteArray records;
+    for (int i = 0; i < CHANNEL_KEYWORDS; ++i)
+        records += (i == 0 ? "" : ",") + QByteArray("{\"name\":\"KEY_") + QByteArray::number(i) +
+                   "\",\"kind\":\"channel\"}";
+    return records;
+}
+
 QByteArray catalogueOf(int variables)
 {
     QByteArray records;
     for (int i = 0; i < variables; ++i)
         records += (i == 0 ? "" : ",") + record(variables, i);
-    return "{\"areas\":{\"GU_REAL_MEM\":{\"real\":[" + records + "]}}}";
+    return "{\"areas\":{\"GU_REAL_MEM\":{\"real\":[" + records + "]}},\"keywords\":[" +
+           channelKeywords() + "]}";
 }
 
 std::unique_ptr<DeskProcess> desk;

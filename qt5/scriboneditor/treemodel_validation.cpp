@@ -348,7 +348,7 @@ bool TreeModel::startListPass(int keywordEditor)
 }
 
 // Rows are single objects in memory: waiting for them would take most of a pass.
-constexpr int PREFETCHED_ROWS = 16;
+constexpr int PREFETCHED_ROWS = 8;
 
 template <typename JudgeRow, typename IsDuplicate>
 void TreeModel::validateRows(int first, JudgeRow judgeRow, IsDuplicate isDuplicate)
