@@ -28,6 +28,7 @@
 #include "scribon_keywords.h"
 #include "stat_members.h"
 #include "statusbarform.h"
+#include "tableview.h"
 #include "treemodel.h"
 #include "variablemaplist.h"
 #include "variableselectiondialog.h"
@@ -304,7 +305,7 @@ void MainWindow::setupView(int tab)
     layout->setSpacing(0);
     layout->setContentsMargins(0, 0, 0, 0);
 
-    auto* const tree = new QTreeView(page);
+    auto* const tree = new TableView(page);
     tree->setObjectName(QStringLiteral("view%1").arg(tab));
     tree->setAlternatingRowColors(true);
     tree->setSelectionBehavior(QAbstractItemView::SelectItems);
@@ -430,8 +431,7 @@ void MainWindow::showModel(int tab, std::unique_ptr<TreeModel> model)
     setDelegate(tab, std::make_unique<Antlr3_BaseTreeDelegate>());
     view[slot]->setEditTriggers(QAbstractItemView::DoubleClicked |
                                 QAbstractItemView::EditKeyPressed);
-    connect(model.get(), &TreeModel::codesChanged, view[slot]->viewport(),
-            qOverload<>(&QWidget::update));
+    connect(model.get(), &TreeModel::codesChanged, view[slot], &TableView::updateLooks);
     // Typing marks the cell; validate again in case the editor is closed without a commit.
     connect(delegates[slot].get(), &QAbstractItemDelegate::closeEditor, model.get(),
             &TreeModel::setDirty);

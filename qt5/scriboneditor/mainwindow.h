@@ -24,10 +24,10 @@ class QAbstractItemDelegate;
 class QCloseEvent;
 class QTabWidget;
 class QTimer;
-class QTreeView;
 class QUndoGroup;
 class QUndoStack;
 class StatusBarForm;
+class TableView;
 class TreeModel;
 
 class MainWindow : public QMainWindow, private Ui::MainWindow {
@@ -183,7 +183,7 @@ private:
     bool loadedFile = false;
     std::array<std::unique_ptr<TreeModel>, TAB_SLOTS> models;
     std::array<std::unique_ptr<QAbstractItemDelegate>, TAB_SLOTS> delegates;
-    std::array<QTreeView*, TAB_SLOTS> view{};
+    std::array<TableView*, TAB_SLOTS> view{};
     QTabWidget* tabWidget = nullptr;
 
     // Public members are used by models, delegates and dialogs through EditorAccess.

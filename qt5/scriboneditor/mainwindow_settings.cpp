@@ -6,13 +6,13 @@
 #include <QPoint>
 #include <QSettings>
 #include <QSize>
-#include <QTreeView>
 #include <algorithm>
 #include <array>
 #include <type_traits>
 
 #include "mainwindow.h"
 #include "preferences.h"
+#include "tableview.h"
 
 namespace {
 

@@ -1,0 +1,49 @@
+// The view of one tab: a QTreeView whose speed does not depend on the number of rows. Rows are as
+// tall, columns as wide as in a plain QTreeView. For a model without child rows, of which one cell
+// at a time is selected, scrolled by rows.
+#pragma once
+
+#include <QHash>
+#include <QTreeView>
+
+class TableView : public QTreeView {
+    Q_OBJECT
+
+public:
+    using QTreeView::QTreeView;
+
+    // The exact rectangle of a row that is in sight or has an open editor. For other rows, one that
+    // touches the viewport from above or below.
+    QRect visualRect(const QModelIndex& index) const override;
+
+    void doItemsLayout() override;
+
+public Q_SLOTS:
+    // To be called when error codes have changed: cells look different and have other widths.
+    void updateLooks();
+
+protected:
+    int sizeHintForColumn(int column) const override;
+
+    // In rows, since pixels would take the height of each row above.
+    int verticalOffset() const override;
+
+protected Q_SLOTS:
+    void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                     const QVector<int>& roles = QVector<int>()) override;
+
+private:
+    // What the rows whose cells are measured depend on, and whether these are empty.
+    struct Conditions {
+        int topRow;
+        int viewportHeight;
+        int loading;
+        bool operator==(const Conditions& other) const;
+    };
+
+    Conditions conditions() const;
+
+    // The widths that were measured under m_measuredUnder since the last change, by column.
+    mutable QHash<int, int> m_widths;
+    mutable Conditions m_measuredUnder{};
+};
