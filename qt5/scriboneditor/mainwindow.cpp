@@ -516,13 +516,17 @@ void MainWindow::fitColumns(int tab)
         tree->resizeColumnToContents(column);
 }
 
+void MainWindow::fitAllColumns()
+{
+    for (int tab = 0; tab < TAB_COUNT; ++tab)
+        fitColumns(tab);
+}
+
 // Five passes. Existing behaviour, kept for compatibility.
 void MainWindow::fitColumnsRepeatedly()
 {
-    for (int pass = 0; pass < FITTING_PASSES; ++pass) {
-        for (int tab = 0; tab < TAB_COUNT; ++tab)
-            fitColumns(tab);
-    }
+    for (int pass = 0; pass < FITTING_PASSES; ++pass)
+        fitAllColumns();
 }
 
 void MainWindow::loadChosenFile(const QString& fileName)

@@ -160,6 +160,7 @@ private:
     void setCurrentFile(const QString& fileName);
     void loadChosenFile(const QString& fileName);
     void fitColumns(int tab);
+    void fitAllColumns();
     void fitColumnsRepeatedly();
 
     bool saveFile(const QString& fileName);

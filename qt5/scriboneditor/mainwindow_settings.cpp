@@ -128,19 +128,20 @@ void MainWindow::readSettings()
     myPrefs.editorFont.setPointSize(myPrefs.editorFontSize);
     QApplication::setFont(myPrefs.editorFont);
     showEditorFont();
+    fitAllColumns();
     resize(stored.size);
     move(stored.pos);
 }
 
 // The delegate paints cells in the editor font, so the views must measure in it too, or texts would
-// be cut off. Headers keep the font of the central widget.
+// be cut off. Headers keep the font of the central widget. A new colour alone repaints nothing.
 void MainWindow::showEditorFont()
 {
     for (int tab = 0; tab < TAB_COUNT; ++tab) {
         QTreeView* const tree = view[static_cast<size_t>(tab)];
         tree->setFont(myPrefs.editorFont);
         tree->header()->setFont(centralwidget->font());
-        fitColumns(tab);
+        tree->viewport()->update();
     }
 }
 
@@ -150,11 +151,14 @@ void MainWindow::preferences()
     dialog->setDefaults(myPrefs);
     if (dialog->exec() != QDialog::Accepted)
         return;
+    const QFont fontBefore = myPrefs.editorFont;
     dialog->getResults(&myPrefs);
     myPrefs.editorFont.setPointSize(myPrefs.editorFontSize);
     myPrefs.syntaxFont.setPointSize(myPrefs.syntaxFontSize);
     QApplication::setFont(myPrefs.editorFont);
     showEditorFont();
+    if (myPrefs.editorFont != fontBefore)
+        fitAllColumns();
 }
 
 void MainWindow::writeSettings()

@@ -162,6 +162,7 @@ private Q_SLOTS:
     void okWithoutAChangeKeepsAMissingFontFamily();
     void okMarksWrongCellsInTheNewColor();
     void okFitsTheColumns();
+    void okWithTheSameFontKeepsTheColumns();
     void cancelChangesNothing_data();
     void cancelChangesNothing();
     void nothingIsStoredBeforeTheWindowCloses();
@@ -589,6 +590,22 @@ void tst_Preferences::okFitsTheColumns()
     const int fitted = view->columnWidth(1);
     view->resizeColumnToContents(1);
     QCOMPARE(view->columnWidth(1), fitted);
+}
+
+void tst_Preferences::okWithTheSameFontKeepsTheColumns()
+{
+    loadGoodFile();
+    m_window->readSettings();
+    QTreeView* const view = viewOf(*m_window, 0);
+    view->setColumnWidth(1, 321);
+    m_dialogs->answer([this](QDialog* dialog) {
+        m_dialogs->answer([](QDialog* colors) { chooseIn(colors, QColor(1, 2, 3)); });
+        pressColorButton(dialog);
+        pressButton(dialog, QDialogButtonBox::Ok);
+    });
+    m_window->preferences();
+    QCOMPARE(m_window->syntaxColor(), QColor(1, 2, 3));
+    QCOMPARE(view->columnWidth(1), 321);
 }
 
 void tst_Preferences::cancelChangesNothing_data()
