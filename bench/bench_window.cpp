@@ -140,6 +140,18 @@ void openFile(benchmark::State& state)
 }
 BENCHMARK(openFile)->Apply(atWindowSizes);
 
+// One fitting of the Scan List's columns after a change, which measures a thousand rows at most.
+void fitColumns(benchmark::State& state)
+{
+    ScanList list(fileOf(state));
+    for (auto _ : state) {
+        list.view().doItemsLayout();
+        for (int column = 0; column < list.model().columnCount(); ++column)
+            list.view().resizeColumnToContents(column);
+    }
+}
+BENCHMARK(fitColumns)->Apply(inFewRounds);
+
 // The keys End and Home, each up to its paint.
 void jumpToEndAndHome(benchmark::State& state)
 {

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QtGlobal>
+#include <algorithm>
 
 #include "editor_access.h"
 #include "treeitem.h"
@@ -66,17 +67,16 @@ bool isRemoval(int position, int count, int size)
 
 }  // namespace
 
-// Compares the whole object name.
+// Compares the whole object name. Called several times for each cell that is painted or measured.
 int tabOfModel(const QAbstractItemModel* model)
 {
     if (model == nullptr)
         return 0;
-    const QString name = model->objectName();
-    for (int tab = EDIT_TAB1; tab <= EDIT_TAB5; ++tab) {
-        if (name == nameOfTab(tab))
-            return tab;
-    }
-    return 0;
+    static const std::array<QString, TAB_COUNT> NAMES{nameOfTab(EDIT_TAB1), nameOfTab(EDIT_TAB2),
+                                                      nameOfTab(EDIT_TAB3), nameOfTab(EDIT_TAB4),
+                                                      nameOfTab(EDIT_TAB5)};
+    const auto found = std::find(NAMES.begin(), NAMES.end(), model->objectName());
+    return found == NAMES.end() ? 0 : EDIT_TAB1 + static_cast<int>(found - NAMES.begin());
 }
 
 // ---- Frame --------------------------------------------------------------------------------------

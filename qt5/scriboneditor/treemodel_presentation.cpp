@@ -89,7 +89,7 @@ QVariant TreeModel::colour(const QModelIndex& index) const
 {
     if (errorCode(index).toInt() != DE_NOERROR)
         return editorAccess().preferences().syntaxColor;
-    return QColor(QStringLiteral("black"));
+    return QColor(Qt::black);
 }
 
 // The arrow marks a cell without error whose editor is a list or a dialog.
