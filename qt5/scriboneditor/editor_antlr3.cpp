@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstring>
 #include <limits>
 #include <string>
@@ -41,14 +40,8 @@ std::vector<std::unique_ptr<char[]>> editedTokenTexts;
 constexpr ANTLR3_UINT32 FILE_TOKENS_HINT = 1025;
 constexpr ANTLR3_UINT32 CELL_TOKENS_HINT = 10;
 
-// Returns 0 or an errno; EFBIG for a file whose size does not fit into the 32 bits that the ANTLR
-// runtime has for it.
-int readBytes(const char* filename, std::string* bytes)
-{
-    const int error = readWholeFile(filename, bytes);
-    const bool tooLong = bytes->size() > std::numeric_limits<ANTLR3_UINT32>::max();
-    return error == 0 && tooLong ? EFBIG : error;
-}
+// The ANTLR runtime has 32 bits for the size of its input.
+constexpr size_t MAX_INPUT_SIZE = std::numeric_limits<ANTLR3_UINT32>::max();
 
 bool isRegularFile(const char* filename)
 {
@@ -62,7 +55,9 @@ bool takeFileBytes(const char* filename)
 {
     const bool known = std::exchange(preloaded.there, false) && preloaded.name == filename;
     fileBytes = std::exchange(preloaded.bytes, {});
-    return known ? isRegularFile(filename) : readBytes(filename, &fileBytes) == 0;
+    if (known)
+        return isRegularFile(filename);
+    return readWholeFile(filename, MAX_INPUT_SIZE, &fileBytes) == 0;
 }
 
 // A string stream on fileBytes, since the runtime's file stream ignores failed and short reads. The
@@ -186,7 +181,7 @@ bool isRequiredKeyword(int tokenType)
 int preload_file(const char* filename)
 {
     preloaded.name = filename;
-    const int error = readBytes(filename, &preloaded.bytes);
+    const int error = readWholeFile(filename, MAX_INPUT_SIZE, &preloaded.bytes);
     preloaded.there = error == 0;
     return error;
 }

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <cerrno>
+#include <limits>
 #include <string>
 
 #include "wholefile.h"
@@ -12,6 +13,8 @@ namespace {
 
 // A program that writes a file in many pieces sends an event for each of them.
 constexpr int LOOK_SOON_MS = 200;
+// The longest text that a QByteArray can hold, so that a longer file has changed.
+constexpr size_t MAX_SIZE = std::numeric_limits<int>::max();
 
 QByteArray digestOf(const QByteArray& bytes)
 {
@@ -76,7 +79,7 @@ void WatchedFile::look()
 WatchedFile::State WatchedFile::findState() const
 {
     std::string bytes;
-    const int error = readWholeFile(QFile::encodeName(m_fileName).constData(), &bytes);
+    const int error = readWholeFile(QFile::encodeName(m_fileName).constData(), MAX_SIZE, &bytes);
     if (error == ENOENT)
         return State::Gone;
     const QByteArray read = QByteArray::fromRawData(bytes.data(), static_cast<int>(bytes.size()));

@@ -30,8 +30,8 @@ private:
     int m_number;
 };
 
-// Appends to *bytes up to the end of the file.
-int readToEnd(int descriptor, std::string* bytes)
+// Appends to *bytes up to the end of the file, which may become longer meanwhile.
+int readToEnd(int descriptor, size_t maxSize, std::string* bytes)
 {
     constexpr size_t BLOCK = size_t(1) << 16;
     for (;;) {
@@ -43,6 +43,8 @@ int readToEnd(int descriptor, std::string* bytes)
             return 0;
         if (count < 0 && errno != EINTR)
             return errno;
+        if (bytes->size() > maxSize)
+            return EFBIG;
     }
 }
 
@@ -57,7 +59,7 @@ int checkLength(int descriptor, size_t size)
 
 }  // namespace
 
-int readWholeFile(const char* fileName, std::string* bytes)
+int readWholeFile(const char* fileName, size_t maxSize, std::string* bytes)
 {
     bytes->clear();
     const Descriptor file(fileName);
@@ -66,7 +68,10 @@ int readWholeFile(const char* fileName, std::string* bytes)
         return errno;
     if (!S_ISREG(status.st_mode))
         return EINVAL;
-    bytes->reserve(static_cast<size_t>(status.st_size) + 1);
-    const int error = readToEnd(file.number(), bytes);
+    const auto size = static_cast<size_t>(status.st_size);
+    if (size > maxSize)
+        return EFBIG;
+    bytes->reserve(size + 1);
+    const int error = readToEnd(file.number(), maxSize, bytes);
     return error != 0 ? error : checkLength(file.number(), bytes->size());
 }

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <cerrno>
+#include <limits>
 #include <memory>
 
 #include "editor_antlr3.h"
@@ -16,6 +17,7 @@ namespace {
 
 const QByteArray GOOD = "@SCRIBON\ngood\n";
 const QByteArray OTHER = "@SCRIBON\nother\n@MODE\nm\n";
+constexpr size_t NO_LIMIT = std::numeric_limits<size_t>::max();
 
 QByteArray parsedBytes()
 {
@@ -37,6 +39,11 @@ private Q_SLOTS:
     void notARegularFile_data();
     void notARegularFile();
     void fifoDoesNotBlock();
+    void limitOfTheSize_data();
+    void limitOfTheSize();
+    void growingFileIsLimited();
+    void fileBeyondThirtyTwoBitsIsNotLoaded_data();
+    void fileBeyondThirtyTwoBitsIsNotLoaded();
 
     void preloadedBytesAreParsed();
     void removedFileIsNotParsed();
@@ -85,7 +92,7 @@ void tst_FileReading::content()
     QFETCH(QByteArray, bytes);
     write("file", bytes);
     std::string read = "what was there before";
-    QCOMPARE(readWholeFile(path("file").constData(), &read), 0);
+    QCOMPARE(readWholeFile(path("file").constData(), NO_LIMIT, &read), 0);
     QCOMPARE(QByteArray::fromStdString(read), bytes);
 }
 
@@ -105,7 +112,7 @@ void tst_FileReading::notARegularFile()
     QFETCH(QByteArray, name);
     QFETCH(int, error);
     std::string bytes;
-    QCOMPARE(readWholeFile(name.constData(), &bytes), error);
+    QCOMPARE(readWholeFile(name.constData(), NO_LIMIT, &bytes), error);
     QCOMPARE(preload_file(name.constData()), error);
     QCOMPARE(read_file(name.constData()), -1);
 }
@@ -115,7 +122,52 @@ void tst_FileReading::fifoDoesNotBlock()
 {
     QCOMPARE(mkfifo(path("pipe").constData(), 0600), 0);
     std::string bytes;
-    QCOMPARE(readWholeFile(path("pipe").constData(), &bytes), EINVAL);
+    QCOMPARE(readWholeFile(path("pipe").constData(), NO_LIMIT, &bytes), EINVAL);
+}
+
+void tst_FileReading::limitOfTheSize_data()
+{
+    QTest::addColumn<int>("limit");
+    QTest::addColumn<int>("error");
+    QTest::newRow("longer") << 100001 << 0;
+    QTest::newRow("equal") << 100000 << 0;
+    QTest::newRow("shorter") << 99999 << EFBIG;
+}
+
+void tst_FileReading::limitOfTheSize()
+{
+    QFETCH(int, limit);
+    QFETCH(int, error);
+    write("file", QByteArray(100000, 'x'));
+    std::string bytes = "what was there before";
+    QCOMPARE(readWholeFile(path("file").constData(), static_cast<size_t>(limit), &bytes), error);
+    QCOMPARE(bytes.size(), error == 0 ? size_t(100000) : size_t(0));
+}
+
+// The kernel tells the length 0 for a file whose content it makes while it is read.
+void tst_FileReading::growingFileIsLimited()
+{
+    std::string bytes;
+    QCOMPARE(readWholeFile("/proc/self/status", NO_LIMIT, &bytes), 0);
+    QVERIFY(!bytes.empty());
+    QCOMPARE(readWholeFile("/proc/self/status", 1, &bytes), EFBIG);
+}
+
+void tst_FileReading::fileBeyondThirtyTwoBitsIsNotLoaded_data()
+{
+    QTest::addColumn<qint64>("size");
+    QTest::newRow("4 GiB") << (qint64(1) << 32);
+    QTest::newRow("more than there is memory") << (qint64(1) << 43);
+}
+
+// The files have no content, so they need no room on the disk.
+void tst_FileReading::fileBeyondThirtyTwoBitsIsNotLoaded()
+{
+    QFETCH(qint64, size);
+    write("file", GOOD);
+    QVERIFY(QFile::resize(QFile::decodeName(path("file")), size));
+    QCOMPARE(preload_file(path("file").constData()), EFBIG);
+    QCOMPARE(read_file(path("file").constData()), -1);
 }
 
 void tst_FileReading::preloadedBytesAreParsed()

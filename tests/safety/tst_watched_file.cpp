@@ -57,6 +57,7 @@ void tst_WatchedFile::changesByOtherPrograms_data()
     QTest::newRow("write") << QStringLiteral("write") << State::Changed;
     QTest::newRow("make shorter") << QStringLiteral("truncate") << State::Changed;
     QTest::newRow("append") << QStringLiteral("append") << State::Changed;
+    QTest::newRow("make longer than there is memory") << QStringLiteral("extend") << State::Changed;
     QTest::newRow("put another in its place") << QStringLiteral("replace") << State::Changed;
     QTest::newRow("remove") << QStringLiteral("remove") << State::Gone;
     QTest::newRow("rename") << QStringLiteral("rename") << State::Gone;
@@ -73,6 +74,8 @@ void tst_WatchedFile::changesByOtherPrograms()
         QVERIFY(writeFile(NAME, OTHER));
     if (deed == QLatin1String("truncate"))
         QVERIFY(QFile::resize(NAME, 3));
+    if (deed == QLatin1String("extend"))
+        QVERIFY(QFile::resize(NAME, qint64(1) << 43));
     if (deed == QLatin1String("append"))
         QVERIFY(writeFile(NAME, KNOWN + OTHER));
     if (deed == QLatin1String("rename"))
