@@ -483,6 +483,7 @@ void TestListEditors::memberOpensOn()
     QVERIFY(comboBox != nullptr);
     QCOMPARE(comboBox->currentIndex(), item);
     QCOMPARE(comboBox->currentText(), comboBox->itemText(item));
+    QCOMPARE(comboBox->lineEdit()->selectedText(), comboBox->currentText());
 }
 
 void TestListEditors::memberIsStored_data()
