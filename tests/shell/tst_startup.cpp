@@ -181,6 +181,7 @@ void tst_Startup::applicationIsSetUp()
     const QJsonValue state = m_editor->ask(QStringLiteral("state"));
     QVERIFY(state[QLatin1String("styleSheet")].toString().contains(QLatin1String("#b9f8ff")));
     QVERIFY(state[QLatin1String("metaType")].toInt() != 0);
+    QVERIFY(state[QLatin1String("polishedHidden")].toBool());
     QVERIFY(state[QLatin1String("stylePropagation")].toBool());
 }
 

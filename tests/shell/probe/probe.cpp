@@ -166,6 +166,7 @@ void choose(const QString& file)
 class Probe : public PluginRequests {
 public:
     Probe();
+    bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
     QJsonValue answer(const QString& request) const override;
@@ -173,11 +174,22 @@ private:
 
     // The values before the QApplication is completely constructed.
     const int m_metaType = QMetaType::type("pANTLR3_BASE_TREE");
+
+    bool m_polishedHidden = false;  // the main window, before it was asked to show itself
 };
 
 Probe::Probe()
 {
     qCritical("the application object is being made");
+    qApp->installEventFilter(this);
+}
+
+bool Probe::eventFilter(QObject* object, QEvent* event)
+{
+    const auto* const widget = qobject_cast<const QWidget*>(object);
+    if (event->type() == QEvent::Polish && widget != nullptr && widget->inherits("QMainWindow"))
+        m_polishedHidden = !widget->testAttribute(Qt::WA_WState_ExplicitShowHide);
+    return PluginRequests::eventFilter(object, event);
 }
 
 QJsonObject Probe::state() const
@@ -189,6 +201,7 @@ QJsonObject Probe::state() const
             {QStringLiteral("settled"), QThread::currentThread()->loopLevel() == 1 ||
                                             QApplication::activeModalWidget() != nullptr},
             {QStringLiteral("metaType"), m_metaType},
+            {QStringLiteral("polishedHidden"), m_polishedHidden},
             {QStringLiteral("stylePropagation"),
              QApplication::testAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles)}};
 }
