@@ -6,7 +6,9 @@
 
 // ---- Rows that are out of sight ----------------------------------------------------------------
 
-// QTreeView adds up the heights of all rows in between, and measures the cells of each.
+// QTreeView adds up the heights of all rows in between, and measures the cells of each. Within a
+// page it may: a key's selection goes by the place of the new current row, which scrollTo() takes
+// for visible within the length of the last page, whatever the heights of the rows here.
 QRect TableView::visualRect(const QModelIndex& index) const
 {
     const QRect area = viewport()->rect();
@@ -16,9 +18,10 @@ QRect TableView::visualRect(const QModelIndex& index) const
     const QModelIndex bottom = indexAt(area.bottomLeft());
     QRect rect(columnViewportPosition(index.column()), 0, columnWidth(index.column()),
                rowHeight(index));
-    if (index.row() < top.row())
+    const int near = verticalScrollBar()->pageStep();
+    if (index.row() < top.row() - near)
         rect.moveBottom(area.top() - 1);
-    else if (bottom.isValid() && index.row() > bottom.row())
+    else if (bottom.isValid() && index.row() > bottom.row() + near)
         rect.moveTop(area.bottom() + 1);
     else
         return QTreeView::visualRect(index);

@@ -12,8 +12,8 @@ class TableView : public QTreeView {
 public:
     using QTreeView::QTreeView;
 
-    // The exact rectangle of a row that is in sight or has an open editor. For other rows, one that
-    // touches the viewport from above or below.
+    // The exact rectangle of a row that is in sight, within a page of it or has an open editor. For
+    // other rows, one that touches the viewport from above or below.
     QRect visualRect(const QModelIndex& index) const override;
 
     void doItemsLayout() override;

@@ -69,6 +69,8 @@ private Q_SLOTS:
     void jumpMeasuresNoRowsInBetween();
     void widthsAreMeasuredOnce();
     void newErrorCodesAreMeasured();
+    void newLayoutIsMeasured_data();
+    void newLayoutIsMeasured();
 
 private:
     void makeViews(int tab);
@@ -409,6 +411,33 @@ void TestTableView::newErrorCodesAreMeasured()
     view->resizeColumnToContents(1);
     QVERIFY(counting.taken() >= 10);
     view->setItemDelegate(own);
+}
+
+void TestTableView::newLayoutIsMeasured_data()
+{
+    QTest::addColumn<bool>("removes");
+    QTest::newRow("widest row removed") << true;
+    QTest::newRow("other font in the cells alone") << false;
+}
+
+// What is in sight stays as high as it was.
+void TestTableView::newLayoutIsMeasured()
+{
+    QFETCH(bool, removes);
+    loadGoodFile(mixedSpec(40));
+    makeViews(1);
+    onBoth(
+        [](QTreeView* view) { view->header()->setFont(QFont(QStringLiteral("DejaVu Sans"), 9)); });
+    QVERIFY(m_model->setData(m_model->index(5, 1), QString(90, QLatin1Char('w'))));
+    fitBoth();
+    const int before = m_view->columnWidth(1);
+    if (removes)
+        QVERIFY(m_model->removeRows(5, 1));
+    else
+        onBoth([](QTreeView* view) { view->setFont(QFont(QStringLiteral("DejaVu Sans"), 20)); });
+    fitBoth();
+    QVERIFY(m_view->columnWidth(1) != before);
+    compareColumns();
 }
 
 #include "area_test.h"
