@@ -89,6 +89,7 @@ private Q_SLOTS:
     void newDocumentIsDirtyAndUnmodified();
 
     void failedLoadKeepsTheOldModels();
+    void failedLoadDeletesDelegatesAndSelections();
     void failedLoadDisablesRowActions();
     void viewsCanPaintAfterAFailedLoad();
     void viewsAcceptKeysAfterAFailedLoad_data();
@@ -454,6 +455,20 @@ void tst_WindowDocument::failedLoadKeepsTheOldModels()
     QCOMPARE(titleOf(*m_window), BAD_TITLE);
     QVERIFY(modelOf(*m_window, 1) != nullptr);
     QCOMPARE(columnTexts(*modelOf(*m_window, 1), 1).last(), QStringLiteral("torque"));
+}
+
+void tst_WindowDocument::failedLoadDeletesDelegatesAndSelections()
+{
+    loadGoodFile();
+    QList<QPointer<QObject>> old;
+    for (int tab = 0; tab < 5; ++tab) {
+        old.append(viewOf(*m_window, tab)->itemDelegate());
+        old.append(viewOf(*m_window, tab)->selectionModel());
+    }
+    QVERIFY(writeFile(BAD, badSpec()));
+    m_window->loadFile(BAD, false);
+    for (const QPointer<QObject>& object : qAsConst(old))
+        QVERIFY(object.isNull());
 }
 
 void tst_WindowDocument::failedLoadDisablesRowActions()
