@@ -319,9 +319,12 @@ void tst_Preferences::opensWithoutAParent()
 {
     m_dialogs.reset();
     Preferences dialog;
+    dialog.move(20, 30);
     QSignalSpy mapped(&dialog, &Preferences::mapParent);
     dialog.show();
+    const QRect place = dialog.geometry();
     QTRY_COMPARE(mapped.count(), 1);
+    QCOMPARE(dialog.geometry(), place);
 }
 
 // ---- What goes in and out ----------------------------------------------------------------------
