@@ -84,6 +84,7 @@ private Q_SLOTS:
 
     void loadClearsTheUndoStacks();
     void failedLoadClearsTheUndoStacks();
+    void firstLoadGivesNoWarning();
     void reloadReplacesAllTabs();
     void loadsDoNotLeakObjects();
     void newDocumentIsDirtyAndUnmodified();
@@ -402,6 +403,18 @@ void tst_WindowDocument::failedLoadClearsTheUndoStacks()
     QVERIFY(writeFile(BAD, badSpec()));
     m_window->loadFile(BAD, false);
     QVERIFY(!m_window->undoGroup->canUndo());
+}
+
+// The views have no selection models yet that could be disconnected.
+void tst_WindowDocument::firstLoadGivesNoWarning()
+{
+    static QStringList warnings;
+    const auto collect = [](QtMsgType /*type*/, const QMessageLogContext& /*context*/,
+                            const QString& message) { warnings.append(message); };
+    const QtMessageHandler before = qInstallMessageHandler(collect);
+    loadGoodFile();
+    qInstallMessageHandler(before);
+    QCOMPARE(warnings, QStringList());
 }
 
 void tst_WindowDocument::reloadReplacesAllTabs()
