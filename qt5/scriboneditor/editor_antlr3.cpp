@@ -40,8 +40,8 @@ std::vector<std::unique_ptr<char[]>> editedTokenTexts;
 constexpr ANTLR3_UINT32 FILE_TOKENS_HINT = 1025;
 constexpr ANTLR3_UINT32 CELL_TOKENS_HINT = 10;
 
-// The ANTLR runtime has 32 bits for the size of its input.
-constexpr size_t MAX_INPUT_SIZE = std::numeric_limits<ANTLR3_UINT32>::max();
+// The ANTLR runtime counts columns, and Qt the bytes of an array, in an int.
+constexpr size_t MAX_INPUT_SIZE = std::numeric_limits<ANTLR3_INT32>::max();
 
 bool isRegularFile(const char* filename)
 {

@@ -156,6 +156,7 @@ void tst_FileReading::growingFileIsLimited()
 void tst_FileReading::fileBeyondThirtyTwoBitsIsNotLoaded_data()
 {
     QTest::addColumn<qint64>("size");
+    QTest::newRow("2 GiB") << (qint64(1) << 31);
     QTest::newRow("4 GiB") << (qint64(1) << 32);
     QTest::newRow("more than there is memory") << (qint64(1) << 43);
 }
