@@ -42,8 +42,8 @@ private Q_SLOTS:
     void limitOfTheSize_data();
     void limitOfTheSize();
     void growingFileIsLimited();
-    void fileBeyondThirtyTwoBitsIsNotLoaded_data();
-    void fileBeyondThirtyTwoBitsIsNotLoaded();
+    void tooLargeFileIsNotLoaded_data();
+    void tooLargeFileIsNotLoaded();
 
     void preloadedBytesAreParsed();
     void removedFileIsNotParsed();
@@ -153,7 +153,7 @@ void tst_FileReading::growingFileIsLimited()
     QCOMPARE(readWholeFile("/proc/self/status", 1, &bytes), EFBIG);
 }
 
-void tst_FileReading::fileBeyondThirtyTwoBitsIsNotLoaded_data()
+void tst_FileReading::tooLargeFileIsNotLoaded_data()
 {
     QTest::addColumn<qint64>("size");
     QTest::newRow("2 GiB") << (qint64(1) << 31);
@@ -162,7 +162,7 @@ void tst_FileReading::fileBeyondThirtyTwoBitsIsNotLoaded_data()
 }
 
 // The files have no content, so they need no room on the disk.
-void tst_FileReading::fileBeyondThirtyTwoBitsIsNotLoaded()
+void tst_FileReading::tooLargeFileIsNotLoaded()
 {
     QFETCH(qint64, size);
     write("file", GOOD);
