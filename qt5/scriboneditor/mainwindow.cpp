@@ -24,6 +24,7 @@
 #include "documentguard.h"
 #include "editor_antlr3.h"
 #include "editorundocommand.h"
+#include "errornavigation.h"
 #include "keyword_words.h"
 #include "scribon_keywords.h"
 #include "stat_members.h"
@@ -203,6 +204,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     fillKeywordHelp();
     rebuildMasterVariables(QT_MARVANE_ANY);
     addStatusBarForm();
+    addErrorNavigation();
     startErrorTimer();
 }
 
@@ -219,6 +221,7 @@ MainWindow::MainWindow(const QString& fileName, QWidget* parent) : QMainWindow(p
     setupActions();
     if (!loaded)
         updateActions();
+    addErrorNavigation();
     startErrorTimer();
 }
 
@@ -686,6 +689,15 @@ void MainWindow::addStatusBarForm()
 {
     statusBarform = new StatusBarForm;
     statusBar()->addPermanentWidget(statusBarform, 0);
+}
+
+void MainWindow::addErrorNavigation()
+{
+    new ErrorNavigation(this, tabWidget, view, statusBarform, [this] {
+        commitOpenEditors();
+        checkErrorCount();
+        return loadedFile;
+    });
 }
 
 void MainWindow::startErrorTimer()

@@ -138,6 +138,7 @@ private:
     void setupView(int tab);
     void setupActions();
     void addStatusBarForm();
+    void addErrorNavigation();
     void startErrorTimer();
     void updateErrorCount();
     void showErrorCounts(int tab);

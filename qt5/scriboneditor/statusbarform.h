@@ -26,7 +26,18 @@ public:
     void setTabIndex(int index);
     int getTabIndex() const;
 
+    // Also watches the parts of the counters for clicks.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    // The left mouse button has clicked on a counter or on its name.
+    void tabErrorsClicked();
+    void totalErrorsClicked();
+
 private:
+    void makeClickable(QWidget* part, const QString& toolTip);
+    void watch(QWidget* part);
+
     std::unique_ptr<Ui::StatusBarForm> ui;
     int tabIndex = -1;
 };

@@ -48,6 +48,15 @@ QVariant TreeItem::errorCode(int column) const
     return ecData.value(column);
 }
 
+// Reads in place: a search reads the cells of all rows with errors.
+bool TreeItem::isWrong(int column) const
+{
+    if (column >= ecData.size())
+        return false;
+    const int code = ecData.at(column).toInt();
+    return code == DE_SYNTAX_ERR || code == DE_DUPLICATE_ERR;
+}
+
 TreeItem* TreeItem::parent()
 {
     return parentItem;

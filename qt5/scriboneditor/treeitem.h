@@ -33,6 +33,12 @@ struct RowVerdict {
 
     int faults = 0;  // wrong cells, without the duplicates
     std::array<UniqueText, 2> uniqueTexts;
+
+    bool hasErrors() const
+    {
+        return faults > 0 || uniqueTexts[0].code == DE_DUPLICATE_ERR ||
+               uniqueTexts[1].code == DE_DUPLICATE_ERR;
+    }
 };
 
 // A model's root is a TreeItem too: its cells are the column headers, its children the rows.
@@ -85,6 +91,9 @@ public:
 
     // Belongs to the validation.
     RowVerdict& verdict() { return m_verdict; }
+
+    // Whether the cell's error code says that its text is wrong or a duplicate.
+    bool isWrong(int column) const;
 
     // A number that no other row has. A row that undo or redo restores gets the number of the row
     // that was removed, so that commands can find it again.

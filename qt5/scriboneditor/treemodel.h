@@ -10,6 +10,7 @@
 #include <QUndoStack>
 #include <QVariant>
 #include <array>
+#include <functional>
 #include <memory>
 
 #include "editor_antlr3.h"
@@ -101,6 +102,13 @@ public:
 
     int getErrorCount() const;
     void clearErrorCount();
+
+    // Calls visit(row, column) for each wrong cell, in the order of rows and columns. Rows in which
+    // the last validation counted no error are left out: their cells may still have old codes.
+    void visitErrors(const std::function<void(int row, int column)>& visit) const;
+
+    // What is wrong with the cell, in one line; empty if nothing is.
+    QString errorText(const QModelIndex& index) const;
 
     // Whether the rows have been changed since the last load or save.
     bool isModified() const;

@@ -69,6 +69,10 @@ constexpr std::array<CellTip, 18> CELL_TIPS{{
 
 constexpr CellTip NO_TIP{0, ANY_COLUMN, "", "", ""};
 
+// What is appended to the help on a keyword.
+constexpr const char* INVALID_KEYWORD = "\nInvalid keyword found! >>";
+constexpr const char* DUPLICATE_KEYWORD = "\n<< Duplicate entry found! >>";
+
 const CellTip& cellTip(int kind, int column)
 {
     for (const CellTip& row : CELL_TIPS) {
@@ -81,6 +85,29 @@ const CellTip& cellTip(int kind, int column)
 QString textAt(const QModelIndex& index, int column)
 {
     return index.siblingAtColumn(column).data(Qt::DisplayRole).toString();
+}
+
+// The tip of a cell that is not in column 0.
+const CellTip& valueTip(const QModelIndex& index, int tab)
+{
+    const int kind = tab == EDIT_TAB1 ? classify(textAt(index, KEYWORD_COLUMN)) : tab;
+    return cellTip(kind, index.column());
+}
+
+// What a tool tip appends for this error code.
+QString errorPart(const QModelIndex& index, int tab, int code)
+{
+    const bool syntax = code == DE_SYNTAX_ERR;
+    if (index.column() == KEYWORD_COLUMN)
+        return QString::fromLatin1(syntax ? INVALID_KEYWORD : DUPLICATE_KEYWORD);
+    const CellTip& row = valueTip(index, tab);
+    return QString::fromLatin1(syntax ? row.syntaxMsg : row.duplicateMsg);
+}
+
+QString firstLineWithoutBrackets(QString text)
+{
+    text.remove(QLatin1String("<<")).remove(QLatin1String(">>"));
+    return text.trimmed().section(QLatin1Char('\n'), 0, 0).trimmed();
 }
 
 }  // namespace
@@ -151,9 +178,9 @@ QVariant TreeModel::keywordToolTip(const QModelIndex& index) const
     QString help = editorAccess().keywordHelp(key);
     const int code = errorCode(index).toInt();
     if (code == DE_DUPLICATE_ERR)
-        help += QStringLiteral("\n<< Duplicate entry found! >>");
+        help += QString::fromLatin1(DUPLICATE_KEYWORD);
     if (code == DE_SYNTAX_ERR)
-        help += QStringLiteral("\nInvalid keyword found! >>");
+        help += QString::fromLatin1(INVALID_KEYWORD);
     return help;
 }
 
@@ -165,8 +192,7 @@ QVariant TreeModel::toolTip(const QModelIndex& index) const
     const int column = index.column();
     if (column == KEYWORD_COLUMN && index.data(Qt::DisplayRole).canConvert<QString>())
         return keywordToolTip(index);
-    const int kind = tab == EDIT_TAB1 ? classify(textAt(index, KEYWORD_COLUMN)) : tab;
-    const CellTip& row = column == KEYWORD_COLUMN ? NO_TIP : cellTip(kind, column);
+    const CellTip& row = column == KEYWORD_COLUMN ? NO_TIP : valueTip(index, tab);
     QString tip = QString::fromLatin1(row.tip);
     const int code = errorCode(index).toInt();
     if (code == DE_SYNTAX_ERR)
@@ -174,4 +200,13 @@ QVariant TreeModel::toolTip(const QModelIndex& index) const
     if (code == DE_DUPLICATE_ERR)
         tip += QStringLiteral("\n<< ") + QString::fromLatin1(row.duplicateMsg);
     return tip.isEmpty() ? QVariant() : tip;
+}
+
+QString TreeModel::errorText(const QModelIndex& index) const
+{
+    const int code = errorCode(index).toInt();
+    if (code != DE_SYNTAX_ERR && code != DE_DUPLICATE_ERR)
+        return {};
+    const QString text = firstLineWithoutBrackets(errorPart(index, tabOfModel(this), code));
+    return text.isEmpty() ? QStringLiteral("Syntax Error!") : text;
 }

@@ -367,6 +367,21 @@ void TreeModel::validateRows(int first, JudgeRow judgeRow, IsDuplicate isDuplica
         Q_EMIT codesChanged();
 }
 
+void TreeModel::visitErrors(const std::function<void(int row, int column)>& visit) const
+{
+    const int rows = rootItem->childCount();
+    for (int i = 0; i < rows; ++i) {
+        TreeItem* const row = rootItem->child(i);
+        __builtin_prefetch(rootItem->child(i + PREFETCHED_ROWS));
+        if (!row->verdict().hasErrors())
+            continue;
+        for (int column = 0; column < rootItem->columnCount(); ++column) {
+            if (row->isWrong(column))
+                visit(i, column);
+        }
+    }
+}
+
 template <typename JudgeEntry>
 void TreeModel::validateList(int keywordEditor, JudgeEntry judgeEntry)
 {
