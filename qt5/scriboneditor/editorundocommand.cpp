@@ -114,6 +114,15 @@ QModelIndex EditorUndoCommand::ownRow() const
     return m_model->index(m_row, 0, m_index.parent());
 }
 
+QModelIndex EditorUndoCommand::changedCell() const
+{
+    if (m_cmd == udata)
+        return m_index;
+    const bool done = m_cmd == uremoveRow ? m_removed : m_index.isValid();
+    const int row = qMin(m_row, m_model->rowCount() - 1);
+    return done ? m_model->index(row, m_indexColumn) : QModelIndex();
+}
+
 // The text of an unset cell, or of a column that the row does not have, is empty.
 QStringList EditorUndoCommand::rowTexts() const
 {

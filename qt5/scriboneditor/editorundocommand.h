@@ -31,6 +31,13 @@ public:
     // running.
     static bool isRunning();
 
+    // The cell that the last undo or redo has changed. For a row, a cell of it, or of the row that
+    // has taken its place. Invalid if nothing was changed or the cell's row is removed.
+    QModelIndex changedCell() const;
+
+    // Whether it is a row action.
+    bool changesRow() const { return m_cmd != udata; }
+
 private:
     void doAgain();
     void takeBack();

@@ -21,6 +21,7 @@
 #endif
 
 #include "antlr3_basetreedelegate.h"
+#include "changeview.h"
 #include "documentguard.h"
 #include "editor_antlr3.h"
 #include "editorundocommand.h"
@@ -349,6 +350,9 @@ void MainWindow::setupActions()
     helpAct->setShortcuts(QKeySequence::HelpContents);
     connect(helpAct, &QAction::triggered, this, &MainWindow::showDocumentation);
     connect(actionContents, &QAction::triggered, this, &MainWindow::showDocumentation);
+    // The actions are connected to the QUndoGroup first, so the change is made by then.
+    connect(undoAction, &QAction::triggered, this, [this] { showUndone(uStack(), currentView()); });
+    connect(redoAction, &QAction::triggered, this, [this] { showRedone(uStack(), currentView()); });
 }
 
 // ---- Loading -----------------------------------------------------------------------------------
@@ -756,6 +760,11 @@ void MainWindow::showErrorCounts(int tab)
 int MainWindow::currentTab() const
 {
     return tabWidget->currentIndex();
+}
+
+QTreeView* MainWindow::currentView() const
+{
+    return isTab(currentTab()) ? view[static_cast<size_t>(currentTab())] : nullptr;
 }
 
 TreeModel* MainWindow::modelOf(int tab) const

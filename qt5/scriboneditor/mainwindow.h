@@ -173,6 +173,7 @@ private:
     bool hasUnsavedWork() const;
 
     int currentTab() const;
+    QTreeView* currentView() const;
     TreeModel* modelOf(int tab) const;
     void commitOpenEditors();
     bool refusesRemoval(int tab, const QModelIndex& index, QString* keyword) const;
