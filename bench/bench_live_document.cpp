@@ -12,6 +12,7 @@
 #include "bench_platform.h"
 #include "editor_antlr3.h"
 #include "editorundocommand.h"
+#include "errornavigation.h"
 #include "mainwindow.h"
 #include "treemodel.h"
 #include "variablemaplist.h"
@@ -217,6 +218,20 @@ void editInWindow(benchmark::State& state)
         scanList->undoredo_setData(cell, QStringLiteral("edited_%1").arg(++edits));
 }
 BENCHMARK(editInWindow)->Apply(measure);
+
+// The way between two wrong cells, the first and the last of the list.
+void nextErrorInWindow(benchmark::State& state)
+{
+    const auto window = shownWindow(fileOf(state));
+    const auto* const view = window->findChild<QTreeView*>(QStringLiteral("view1"));
+    auto* const scanList = static_cast<TreeModel*>(view->model());
+    for (int row : {1, scanList->rowCount() - 1})
+        scanList->setData(scanList->index(row, 1), QStringLiteral("1st"));
+    auto* const navigation = window->findChild<ErrorNavigation*>();
+    for (auto _ : state)
+        navigation->go(ErrorNavigation::Next, ErrorNavigation::InFile);
+}
+BENCHMARK(nextErrorInWindow)->Apply(measureAlsoManyRows);
 
 // Writing the recovery copy and flushing it to the disk.
 void copyOfUnsavedWork(benchmark::State& state)

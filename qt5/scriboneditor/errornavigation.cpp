@@ -3,6 +3,7 @@
 #include <QFontMetrics>
 #include <QLayout>
 #include <QMainWindow>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -20,6 +21,27 @@ constexpr int NO_ERRORS_SHOWN_MS = 2000;
 
 // QStatusBar leaves this at the left of a message, and some more at its right.
 constexpr int MESSAGE_MARGINS = 12;
+
+// Clears the current cell where it is, and leaves the view as it was. A QTreeView repaints the cell
+// that is not current any more; were it far from the viewport, the view would first measure all
+// rows in between.
+void clearCurrent(QTreeView* view)
+{
+    const int row = view->verticalScrollBar()->value();
+    const int left = view->horizontalScrollBar()->value();
+    view->scrollTo(view->currentIndex());
+    view->selectionModel()->clear();
+    view->verticalScrollBar()->setValue(row);
+    view->horizontalScrollBar()->setValue(left);
+}
+
+void makeCurrent(QTreeView* view, const QModelIndex& cell)
+{
+    view->setUpdatesEnabled(false);
+    clearCurrent(view);
+    view->setCurrentIndex(cell);  // scrolls to it
+    view->setUpdatesEnabled(true);
+}
 
 }  // namespace
 
@@ -129,9 +151,7 @@ void ErrorNavigation::show(const Place& place)
 {
     QTreeView* const view = m_views[static_cast<size_t>(place.tab)];
     m_tabs->setCurrentIndex(place.tab);
-    const QModelIndex cell = view->model()->index(place.row, place.column);
-    view->setCurrentIndex(cell);
-    view->scrollTo(cell);
+    makeCurrent(view, view->model()->index(place.row, place.column));
     view->setFocus();
 }
 
@@ -161,12 +181,11 @@ void ErrorNavigation::tellOfNone(Scope scope)
         scope == InTab ? tr("No errors on this tab") : tr("No errors"), NO_ERRORS_SHOWN_MS);
 }
 
-// Lays out the counters first, which may have got the name of another tab.
+// Lays out the status bar first: the counters may have got the name of another tab.
 int ErrorNavigation::messageWidth() const
 {
     if (!m_counters->isVisible())
         return QWIDGETSIZE_MAX;
-    m_counters->layout()->activate();
     m_window->statusBar()->layout()->activate();
     return m_counters->x() - MESSAGE_MARGINS;
 }

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSpinBox>
 #include <QStatusBar>
@@ -78,6 +79,7 @@ private Q_SLOTS:
     void countersSayWhatAClickDoes();
     void tellsWhatIsWrong_data();
     void tellsWhatIsWrong();
+    void messageFitsBesideTheCounters_data();
     void messageFitsBesideTheCounters();
     void openEditorIsTakenOver();
     void editIsValidatedFirst();
@@ -88,6 +90,7 @@ private Q_SLOTS:
     void keysAreNotThoseOfActions();
     void changesNothing();
     void thousandsOfErrors();
+    void visibleErrorIsNotScrolled();
 
 private:
     void showWindow(const QByteArray& text, const QSize& size = {1600, 600});
@@ -330,9 +333,19 @@ void tst_WindowErrors::tellsWhatIsWrong()
     QTEST(newsOf(*m_window), "news");
 }
 
+// On the last tab but one the counters are widest.
+void tst_WindowErrors::messageFitsBesideTheCounters_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("many errors") << brokenExample();
+    QTest::newRow("from the first tab to the last but one")
+        << QByteArray("@SCRIBON\na-b\n@SCAN_LIST_AUX_USER\n1v name\n");
+}
+
 void tst_WindowErrors::messageFitsBesideTheCounters()
 {
-    showWindow(brokenExample(), {600, 600});
+    QFETCH(QByteArray, text);
+    showWindow(text, {600, 600});
     auto* const bar = m_window->findChild<QStatusBar*>(QStringLiteral("statusbar"));
     const auto* const counters = m_window->findChild<StatusBarForm*>();
     const int height = bar->height();
@@ -467,6 +480,29 @@ void tst_WindowErrors::thousandsOfErrors()
     QCOMPARE(currentPlace(), (Place{1, 1100, 1}));
     QVERIFY(showsCurrentCell());
     QVERIFY(newsOf(*m_window).startsWith(QStringLiteral("1100 of 1100: ")));
+}
+
+// The cell that was current is far from what is in view.
+void tst_WindowErrors::visibleErrorIsNotScrolled()
+{
+    QByteArray text = "@SCRIBON\ncell\n@SCAN_LIST\n1bad A\n";
+    for (int i = 2; i < 500; ++i)
+        text += "good N" + QByteArray::number(i) + "\n";
+    showWindow(text, {600, 600});
+    press();
+    QCOMPARE(currentPlace(), (Place{1, 1, 1}));
+    edit(1, 250, 2, QStringLiteral("wrong"));
+    QTreeView* const view = viewOf(*m_window, 1);
+    for (int column : {1, 3})
+        view->setColumnWidth(column, 500);
+    QTRY_VERIFY(view->horizontalScrollBar()->maximum() > 400);
+    view->verticalScrollBar()->setValue(247);
+    view->horizontalScrollBar()->setValue(400);
+    press();
+    QCOMPARE(currentPlace(), (Place{1, 250, 2}));
+    QVERIFY(showsCurrentCell());
+    QCOMPARE(view->verticalScrollBar()->value(), 247);
+    QCOMPARE(view->horizontalScrollBar()->value(), 400);
 }
 
 #include "area_test.h"
