@@ -47,7 +47,7 @@ QRect shownPart(const QJsonValue& items)
 SeenCell seenCell(const QJsonValue& facts)
 {
     return {facts[QLatin1String("text")].toString(), facts[QLatin1String("code")].toInt(),
-            rectOf(facts[QLatin1String("rect")])};
+            facts[QLatin1String("current")].toBool(), rectOf(facts[QLatin1String("rect")])};
 }
 
 // The point to click on to open the list of a combo box, which may be editable.
@@ -239,6 +239,11 @@ bool User::waitUntil(const std::function<bool()>& condition)
 
 // ---- Moving about ------------------------------------------------------------------------------
 
+void User::clickOn(const QString& name)
+{
+    m_screen->click(rectOf(widget(name)[QLatin1String("rect")]).center());
+}
+
 void User::press(const QString& keys)
 {
     m_screen->press(keys);
@@ -249,12 +254,25 @@ void User::type(const QString& text)
     m_screen->type(text);
 }
 
+int User::currentTab()
+{
+    return look()[QLatin1String("tab")].toInt();
+}
+
+bool User::seesCell(int tab, int row, int column)
+{
+    const SeenTable seen = table(tab);
+    const QRect place = seen.rows.value(row).value(column).place;
+    return currentTab() == tab && !place.isEmpty() && seen.viewport.contains(place.topLeft()) &&
+           place.bottom() <= seen.viewport.bottom();
+}
+
 bool User::goToTab(int tab)
 {
     const QJsonObject seen = look();
     if (seen[QLatin1String("tab")].toInt() != tab)
         m_screen->click(rectOf(seen[QLatin1String("tabs")][tab]).center());
-    return waitUntil([=] { return look()[QLatin1String("tab")].toInt() == tab; });
+    return waitUntil([=] { return currentTab() == tab; });
 }
 
 // Turns the wheel by one step. Returns whether the table scrolled.

@@ -15,6 +15,7 @@
 struct SeenCell {
     QString text;
     int code = 0;  // error code: above 0 for a wrong cell
+    bool isCurrent = false;
     QRect place;
 };
 
@@ -64,6 +65,9 @@ public:
     QRect windowPlace(const QString& widgetClass);
     bool waitUntil(const std::function<bool()>& condition);
     bool seesErrors(int ofTab, int all);
+    int currentTab();
+    // Whether the cell, or the left end of one that is wider than the table, is in view.
+    bool seesCell(int tab, int row, int column);
 
     // ---- Moving about ----
 
@@ -71,6 +75,8 @@ public:
     bool select(int tab, int row, int column);
     void press(const QString& keys);
     void type(const QString& text);
+    // Clicks on the visible widget with this object name.
+    void clickOn(const QString& name);
     bool chooseFromMenu(const QString& menu, const QString& action);
     bool chooseFromContextMenu(int tab, int row, int column, const QString& action);
     // Open a menu by the mouse. The right click also makes the cell current.
