@@ -79,11 +79,25 @@ QString code(const QString& text)
     return QStringLiteral("`%1`").arg(text);
 }
 
+QString escaped(QString text)
+{
+    return text.replace(QRegularExpression(QStringLiteral("([!-/:-@\\[-`{-~])")),
+                        QStringLiteral("\\\\1"));
+}
+
 // A text of the program without its line breaks.
 QString prose(const char* text)
 {
-    return QString::fromUtf8(text).simplified().replace(
-        QRegularExpression(QStringLiteral("([!-/:-@\\[-`{-~])")), QStringLiteral("\\\\1"));
+    return escaped(QString::fromUtf8(text).simplified());
+}
+
+// A text of the program with its line breaks, each as a backslash at the end of the line.
+QString proseLines(const char* text)
+{
+    QStringList lines = QString::fromUtf8(text).split(QLatin1Char('\n'));
+    for (QString& line : lines)
+        line = escaped(line.simplified());
+    return lines.join(QStringLiteral("\\\n"));
 }
 
 constexpr const ListTab* listTabOf(const ScribonKeyword& keyword)
@@ -163,7 +177,7 @@ QString purpose(const ScribonKeyword& keyword)
     const char* const help = keyword.choiceHelp == SAME_AS_HELP ? keyword.help : keyword.choiceHelp;
     if (help == nullptr)
         return {};
-    return QStringLiteral("## What it is for\n\n%1\n\n").arg(prose(help));
+    return QStringLiteral("## What it is for\n\n%1\n\n").arg(proseLines(help));
 }
 
 // The keyword's line and those behind it, up to a blank one.

@@ -5,6 +5,7 @@
 #include <QHelpContentWidget>
 #include <QHelpIndexWidget>
 #include <QHelpLink>
+#include <QRegularExpression>
 #include <QTest>
 
 #include "golden_keywords.h"
@@ -66,9 +67,12 @@ private Q_SLOTS:
     void everyPageIsReachedByALink();
     void contentsNameEveryPageOnce();
     void indexLinksAreValid();
+    void linesOfExamplesAreApart();
 
     void everyKeywordIsDescribed_data() { addKeywords(); }
     void everyKeywordIsDescribed();
+    void linesOfAToolTipAreLinesOfThePage_data() { addKeywords(); }
+    void linesOfAToolTipAreLinesOfThePage();
     void everyKeywordHasAnExampleOfAGoodFile_data() { addKeywords(); }
     void everyKeywordHasAnExampleOfAGoodFile();
     void everyKeywordIsFoundInTheIndex_data() { addKeywords(); }
@@ -205,6 +209,30 @@ void tst_HelpCollection::everyKeywordIsDescribed()
                       : QStringLiteral("Offered no")),
              QString());
     QCOMPARE(says(helpOf(keyword)), QString());
+}
+
+void tst_HelpCollection::linesOfAToolTipAreLinesOfThePage()
+{
+    QFETCH(const GoldenKeyword*, keyword);
+    QStringList lines = QString::fromLatin1(keyword->choiceHelp()).split(QLatin1Char('\n'));
+    for (QString& line : lines)
+        line = line.simplified().toHtmlEscaped();
+    const QString page =
+        QString::fromUtf8(m_help.engine().fileData(helpUrl(pageOf(spellingOf(keyword)))));
+    QVERIFY2(page.contains(lines.join(QStringLiteral("<br />\n"))), qPrintable(page));
+}
+
+// The viewer paints the background of each line over the one above. Without room between the lines,
+// it covers the underscores there.
+void tst_HelpCollection::linesOfExamplesAreApart()
+{
+    const QString style =
+        QString::fromUtf8(m_help.engine().fileData(helpUrl(QStringLiteral("help.css"))));
+    const auto height = QRegularExpression(QStringLiteral("\npre \\{.*line-height: (\\d+)%"))
+                            .match(style)
+                            .captured(1);
+    QVERIFY2(height.toInt() >= 120, qPrintable(style));
+    QVERIFY(style.contains(QLatin1String("\npre code { background-color: transparent;")));
 }
 
 void tst_HelpCollection::everyKeywordHasAnExampleOfAGoodFile()
