@@ -30,8 +30,10 @@ HelpPage parseHelpPage(const QByteArray& xhtml)
         const auto token = reader.readNext();
         if (reader.name() == QLatin1String("title") && token == QXmlStreamReader::StartElement)
             page.title = reader.readElementText();
-        if (reader.name() == QLatin1String("pre"))
+        if (reader.name() == QLatin1String("pre")) {
             preformatted = token == QXmlStreamReader::StartElement;
+            page.examples += preformatted ? QString() : QStringLiteral("\n");
+        }
         if (token == QXmlStreamReader::Characters) {
             page.text += reader.text();
             if (preformatted)

@@ -23,7 +23,7 @@ struct HelpPage {
     QString error;  // why it is not well-formed XML; empty if it is
     QString title;
     QString text;      // with white space simplified
-    QString examples;  // text of the <pre> elements, unchanged
+    QString examples;  // text of the <pre> elements, each with a line break behind it
     QSet<QString> anchors;
     QStringList targets;  // targets of links, pictures and style sheets
 };
