@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
@@ -96,6 +97,7 @@ private:
     void take(const QString& name, const std::function<QRect()>& place);
     void takeTab(int tab, const QString& name);
     void takeTabs();
+    void takeNewFile();
     void takeWrongCells();
     void takeList(int tab, const QModelIndex& index, const QString& name);
     void takeCell(const QModelIndex& index, const QString& name, const QString& typed);
@@ -128,6 +130,7 @@ bool Photographer::takeAll()
     takeEditors();
     takeDialogs();
     takePreferences();
+    takeNewFile();
     takeWrongCells();
     if (!m_missing.isEmpty())
         QTextStream(stderr) << "help_pictures: not taken: " << m_missing.join(QStringLiteral(", "))
@@ -201,6 +204,25 @@ void Photographer::takeTabs()
     takeTab(DE_TAB3, QStringLiteral("meta_data_list"));
     takeTab(DE_TAB4, QStringLiteral("scan_list_aux_user"));
     takeTab(DE_TAB5, QStringLiteral("ecm_list"));
+}
+
+// The file dialog is modal: the action returns when it is closed.
+void Photographer::takeNewFile()
+{
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr)
+            return;
+        dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+            ->setText(QStringLiteral("/specs/scrib_idle"));
+        static_cast<QDialog*>(dialog)->accept();
+    });
+    look.start(SETTLING_MS);
+    m_window.findChild<QAction*>(QStringLiteral("action_New"))->trigger();
+    m_window.statusBar()->clearMessage();
+    letTimePass();
+    takeTab(DE_TAB1, QStringLiteral("first_file"));
 }
 
 void Photographer::takeWrongCells()
