@@ -48,8 +48,8 @@ const auto NOTHING_LOADED = QStringLiteral("Empty File");
 constexpr int STATUS_MESSAGE_MS = 2000;
 constexpr int FITTING_PASSES = 5;
 
-// The text of a new file: the required keywords and the Meta Data list. The names are placeholders,
-// marked as wrong until the user replaces them.
+// The text of a new file: the required keywords and the Meta Data list. The names are placeholders
+// for the user to replace; only the first of them is marked as wrong.
 constexpr std::array<const char*, 10> NEW_FILE_BLOCKS{
     "@SCRIBON\n<new_scribon>\n\n",         "@DESCRIPTION\n'This is a description of my test'\n\n",
     "@GROUP\nmarvane_str_var\n\n",         "@MODE\nmarvane_str_var\n\n",

@@ -2,14 +2,12 @@
 // that has stopped with the program.
 
 #include <QComboBox>
-#include <QDir>
 #include <QIcon>
 #include <QRegularExpression>
 #include <QtTest>
 
 #include "asamspecs_select.h"
 #include "help_collection.h"
-#include "statusbarform.h"
 #include "window_test.h"
 
 namespace {
