@@ -3,15 +3,14 @@
 #include <QFontMetrics>
 #include <QLayout>
 #include <QMainWindow>
-#include <QScrollBar>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTabWidget>
-#include <QTreeView>
 #include <tuple>
 #include <utility>
 
 #include "statusbarform.h"
+#include "tableview.h"
 #include "treemodel.h"
 
 namespace {
@@ -21,27 +20,6 @@ constexpr int NO_ERRORS_SHOWN_MS = 2000;
 
 // QStatusBar leaves this at the left of a message, and some more at its right.
 constexpr int MESSAGE_MARGINS = 12;
-
-// Clears the current cell where it is, and leaves the view as it was. A QTreeView repaints the cell
-// that is not current any more; were it far from the viewport, the view would first measure all
-// rows in between.
-void clearCurrent(QTreeView* view)
-{
-    const int row = view->verticalScrollBar()->value();
-    const int left = view->horizontalScrollBar()->value();
-    view->scrollTo(view->currentIndex());
-    view->selectionModel()->clear();
-    view->verticalScrollBar()->setValue(row);
-    view->horizontalScrollBar()->setValue(left);
-}
-
-void makeCurrent(QTreeView* view, const QModelIndex& cell)
-{
-    view->setUpdatesEnabled(false);
-    clearCurrent(view);
-    view->setCurrentIndex(cell);  // scrolls to it
-    view->setUpdatesEnabled(true);
-}
 
 }  // namespace
 
@@ -149,9 +127,9 @@ void ErrorNavigation::addErrors(int tab, Search* search) const
 // The view gets the focus, so that F2 opens the cell's editor next.
 void ErrorNavigation::show(const Place& place)
 {
-    QTreeView* const view = m_views[static_cast<size_t>(place.tab)];
+    TableView* const view = m_views[static_cast<size_t>(place.tab)];
     m_tabs->setCurrentIndex(place.tab);
-    makeCurrent(view, view->model()->index(place.row, place.column));
+    view->setCurrentIndex(view->model()->index(place.row, place.column));
     view->setFocus();
 }
 

@@ -11,8 +11,8 @@
 
 class QMainWindow;
 class QTabWidget;
-class QTreeView;
 class StatusBarForm;
+class TableView;
 class TreeModel;
 
 class ErrorNavigation : public QObject {
@@ -22,7 +22,7 @@ public:
     enum Direction { Next, Previous };
     enum Scope { InFile, InTab };
 
-    using Views = std::array<QTreeView*, TAB_SLOTS>;
+    using Views = std::array<TableView*, TAB_SLOTS>;
 
     // Called before each search: commits open editors and validates what has changed. False if no
     // document is loaded.
