@@ -15,11 +15,6 @@ public:
         : descriptor_(std::exchange(other.descriptor_, -1))
     {
     }
-    FileDescriptor& operator=(FileDescriptor&& other) noexcept
-    {
-        std::swap(descriptor_, other.descriptor_);
-        return *this;
-    }
     FileDescriptor(const FileDescriptor&) = delete;
     FileDescriptor& operator=(const FileDescriptor&) = delete;
     ~FileDescriptor()

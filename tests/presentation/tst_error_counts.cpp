@@ -49,6 +49,8 @@ void TestErrorCounts::countersAreDisplaysWithoutFocus()
     auto* const form = part<StatusBarForm>("StatusBarForm");
     QVERIFY(form != nullptr);
     QCOMPARE(form->getTabIndex(), -1);
+    form->setTabIndex(DE_TAB3);
+    QCOMPARE(form->getTabIndex(), int(DE_TAB3));
     QCOMPARE(label(), QStringLiteral("Errors:"));
     QCOMPARE(part<QLabel>("label_2")->text(), QStringLiteral("Total Errors: "));
     for (const char* const name : {"tabErrs", "errors"}) {
