@@ -159,9 +159,10 @@ constexpr std::array<bool, 256> makeWordTable()
     std::array<bool, 256> table{};
     for (const unsigned char c : std::string_view("$%()-./:<>@[]_"))
         table[c] = true;
-    for (const auto& [first, last] : {std::pair{'0', '9'}, {'A', 'Z'}, {'a', 'z'}}) {
-        for (int c = first; c <= last; ++c)
-            table[static_cast<size_t>(c)] = true;
+    using Range = std::pair<unsigned char, unsigned char>;
+    for (const auto& [first, last] : {Range{'0', '9'}, {'A', 'Z'}, {'a', 'z'}}) {
+        for (size_t c = first; c <= last; ++c)
+            table[c] = true;
     }
     return table;
 }

@@ -414,10 +414,11 @@ void MainWindow::showDocument(const QString& fileName)
 {
     setCurrentFile(fileName);
     std::array<std::unique_ptr<TreeModel>, TAB_COUNT> made;
-    for (int tab = 0; tab < TAB_COUNT; ++tab)
+    for (int tab = 0; tab < TAB_COUNT; ++tab) {
         made[static_cast<size_t>(tab)] =
             std::make_unique<TreeModel>(headersOf(factsOf(tab).editTab), getTree(),
                                         static_cast<ANTLR3_UINT32>(factsOf(tab).editTab), nullptr);
+    }
     for (int tab = 0; tab < TAB_COUNT; ++tab)
         showModel(tab, std::move(made[static_cast<size_t>(tab)]));
     for (int tab = 0; tab < TAB_COUNT; ++tab)

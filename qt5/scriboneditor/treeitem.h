@@ -26,8 +26,8 @@ struct RowVerdict {
     // A text that must be unique in its column.
     struct UniqueText {
         uint hash = 0;
-        qint8 column = -1;     // none
-        qint8 code = 0;        // the error code that it got
+        qint16 column = -1;    // none
+        qint16 code = 0;       // the error code that it got
         bool isMarked = true;  // false: makes equal texts duplicates, but is never marked as one
     };
 

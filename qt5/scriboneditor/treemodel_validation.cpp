@@ -20,7 +20,7 @@ namespace {
 enum UniqueSlot { NAME = 0, PATH = 1 };  // channel, parameter, alternate name, instance; ECM path
 
 // The code of a text before it is compared with the others.
-constexpr qint8 NOT_COMPARED = std::numeric_limits<qint8>::min();
+constexpr qint16 NOT_COMPARED = std::numeric_limits<qint16>::min();
 
 // The row that is being validated, and the results of the pass so far.
 class RowJudgement {
@@ -51,8 +51,8 @@ public:
     // The text of the cell is good; whether it is a duplicate is up to compareTexts().
     void mustBeUnique(int column, const QString& text, UniqueSlot slot = NAME, bool isMarked = true)
     {
-        m_row->verdict().uniqueTexts[slot] = {qHash(text), static_cast<qint8>(column), NOT_COMPARED,
-                                              isMarked};
+        m_row->verdict().uniqueTexts[slot] = {qHash(text), static_cast<qint16>(column),
+                                              NOT_COMPARED, isMarked};
     }
 
     // For a cell whose text must be unique if the row is an entry.
@@ -97,7 +97,7 @@ private:
             return;
         if (unique->code != code)
             setCode(unique->column, code);
-        unique->code = static_cast<qint8>(code);
+        unique->code = static_cast<qint16>(code);
         m_errors += code == DE_DUPLICATE_ERR ? 1 : 0;
     }
 

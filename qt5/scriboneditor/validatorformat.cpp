@@ -38,7 +38,7 @@ constexpr std::array<char, 512> statMemberPattern()
 constexpr auto STAT_MEMBER_PATTERN = statMemberPattern();
 
 struct FormatPattern {
-    const char* pattern;
+    const char* pattern = nullptr;
     const char* fastPattern = nullptr;
 };
 

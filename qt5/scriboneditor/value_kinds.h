@@ -39,9 +39,9 @@ struct SecondValue {
 };
 
 struct ValueKind {
-    int editor;
-    ValueWidget widget;
-    bool hasArrow;
+    int editor = NOEDITOR;
+    ValueWidget widget = ValueWidget::None;
+    bool hasArrow = false;
     LineFormat value;
     VariableChoice choice;
     SecondValue second;

@@ -69,14 +69,12 @@ private:
     QModelIndexList wrongCellsWithoutIcon(int tab);
 
     HelpCollection m_help;
-    bool m_isOpen = false;  // QHelpEngine leaks if it is opened again at once
 };
 
 // Empty if the help cannot be opened.
 HelpPage tst_HelpGuide::page(const char* name)
 {
-    m_isOpen = m_isOpen || m_help.open();
-    return m_isOpen ? m_help.page(QLatin1String(name)) : HelpPage();
+    return m_help.open() ? m_help.page(QLatin1String(name)) : HelpPage();
 }
 
 int tst_HelpGuide::errors()

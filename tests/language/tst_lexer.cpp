@@ -84,7 +84,7 @@ std::string token(const char* name, const std::string& text)
 std::string betweenWords(const std::string& word, int byte)
 {
     const std::string c(1, static_cast<char>(byte));
-    const std::string x = token("TEXT_BLK", word);
+    std::string x = token("TEXT_BLK", word);
     const std::string y = token("TEXT_BLK", "y");
     if (isWordStart(byte) || byte == '@')
         return token("TEXT_BLK", word + c + "y");
