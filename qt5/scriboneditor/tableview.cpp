@@ -33,6 +33,78 @@ int TableView::verticalOffset() const
     return verticalScrollBar()->value();
 }
 
+// ---- Page keys ---------------------------------------------------------------------------------
+
+int TableView::heightOf(int row) const
+{
+    return rowHeight(model()->index(row, 0));
+}
+
+// The row at which the rows from this one on are together taller than the height, or the last one.
+int TableView::rowPageBelow(int row, int height) const
+{
+    const int last = model()->rowCount() - 1;
+    int sum = heightOf(row);
+    while (sum <= height && row < last)
+        sum += heightOf(++row);
+    return row;
+}
+
+// The row at which the rows from there to the one above this are at least as tall as the height, or
+// the first one.
+int TableView::rowPageAbove(int row, int height) const
+{
+    int sum = 0;
+    while (sum < height && row > 0)
+        sum += heightOf(--row);
+    return row;
+}
+
+// By more than a page.
+bool TableView::isFarAbove(int row, int top) const
+{
+    return row < top && rowPageBelow(row, viewport()->height()) < top;
+}
+
+bool TableView::isBelow(int row) const
+{
+    const QModelIndex bottom = indexAt(viewport()->rect().bottomLeft());
+    return bottom.isValid() && row > bottom.row();
+}
+
+// QTreeView looks for a place above the viewport with each row at the place of the next one, the
+// first of them with the height of the top row. Existing behaviour, kept for rows of mixed heights.
+int TableView::pageDown(int row, int top) const
+{
+    const int page = viewport()->height();
+    return row < top ? rowPageBelow(row, page + heightOf(top)) - 1 : rowPageBelow(row, page);
+}
+
+int TableView::pageUp(int row, int top) const
+{
+    const int page = viewport()->height();
+    const int found =
+        row < top ? rowPageAbove(row, page - heightOf(top)) - 1 : rowPageAbove(row, page);
+    const int first = isRowHidden(0, rootIndex()) ? 1 : 0;
+    return qMax(found, first);
+}
+
+// QTreeView adds up the heights of all rows between the viewport and a current row that was
+// scrolled out of sight.
+QModelIndex TableView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    const QModelIndex current = currentIndex();
+    const QModelIndex top = indexAt(viewport()->rect().topLeft());
+    const bool byPage = action == MovePageUp || action == MovePageDown;
+    if (!byPage || !current.isValid() || rowHeight(top) >= viewport()->height())
+        return QTreeView::moveCursor(action, modifiers);
+    if (!isFarAbove(current.row(), top.row()) && !isBelow(current.row()))
+        return QTreeView::moveCursor(action, modifiers);
+    const int row = action == MovePageDown ? pageDown(current.row(), top.row())
+                                           : pageUp(current.row(), top.row());
+    return current.sibling(row, current.column());
+}
+
 // ---- Widths of columns -------------------------------------------------------------------------
 
 // QTreeView measures up to a thousand cells. The five passes after a load and the fitting after the

@@ -25,6 +25,8 @@ public Q_SLOTS:
 protected:
     int sizeHintForColumn(int column) const override;
 
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+
     // In rows, since pixels would take the height of each row above.
     int verticalOffset() const override;
 
@@ -42,6 +44,14 @@ private:
     };
 
     Conditions conditions() const;
+
+    int heightOf(int row) const;
+    int rowPageBelow(int row, int height) const;
+    int rowPageAbove(int row, int height) const;
+    bool isFarAbove(int row, int top) const;
+    bool isBelow(int row) const;
+    int pageDown(int row, int top) const;
+    int pageUp(int row, int top) const;
 
     // The widths that were measured under m_measuredUnder since the last change, by column.
     mutable QHash<int, int> m_widths;

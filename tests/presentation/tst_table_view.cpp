@@ -62,6 +62,8 @@ private Q_SLOTS:
     void sameAsAPlainView();
     void sameAfterRandomActions_data();
     void sameAfterRandomActions();
+    void pageKeysFromAnyRow_data();
+    void pageKeysFromAnyRow();
     void rowOutOfSightTouchesTheViewport();
     void openEditorOutOfSightKeepsItsPlace();
     void hiddenRowHasNoPlace();
@@ -278,6 +280,41 @@ void TestTableView::sameAfterRandomActions()
     }
 }
 
+// ---- Page keys ---------------------------------------------------------------------------------
+
+void TestTableView::pageKeysFromAnyRow_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<int>("height");
+    for (const int height : {40, 400}) {
+        QTest::addRow("Page Down, %d pixels", height) << Qt::Key_PageDown << height;
+        QTest::addRow("Page Up, %d pixels", height) << Qt::Key_PageUp << height;
+    }
+}
+
+void TestTableView::pageKeysFromAnyRow()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(int, height);
+    QRandomGenerator random(1);
+    loadGoodFile(mixedSpec(200));
+    makeViews(1);
+    onBoth([height](QTreeView* view) { view->resize(300, height); });
+    for (int i = 0; i < 40; ++i)
+        m_model->setData(randomCell(*m_model, &random), cellTexts().at(2 + random.bounded(2)));
+    for (int i = 0; i < 600; ++i) {
+        const int row = random.bounded(1, m_model->rowCount());
+        const int scrolled = random.bounded(m_model->rowCount());
+        onBoth([&](QTreeView* view) {
+            view->setCurrentIndex(m_model->index(row, 1));
+            view->verticalScrollBar()->setValue(scrolled);
+            QTest::keyClick(view, key);
+        });
+        QCOMPARE(m_view->currentIndex(), m_plain->currentIndex());
+        QCOMPARE(m_view->verticalScrollBar()->value(), m_plain->verticalScrollBar()->value());
+    }
+}
+
 // ---- Rows out of sight -------------------------------------------------------------------------
 
 void TestTableView::rowOutOfSightTouchesTheViewport()
@@ -344,6 +381,19 @@ void clickLast(QTreeView* view, const QModelIndex& last)
     QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(last).center());
 }
 
+void pressPageDownFarFromTheViewport(QTreeView* view, const QModelIndex& /*last*/)
+{
+    view->scrollToBottom();
+    QTest::keyClick(view, Qt::Key_PageDown);
+}
+
+void pressPageUpFarFromTheViewport(QTreeView* view, const QModelIndex& last)
+{
+    view->setCurrentIndex(last);
+    view->scrollToTop();
+    QTest::keyClick(view, Qt::Key_PageUp);
+}
+
 void editLast(QTreeView* view, const QModelIndex& last)
 {
     view->model()->setData(last, QStringLiteral("edited"));
@@ -363,6 +413,8 @@ void TestTableView::jumpMeasuresNoRowsInBetween_data()
     QTest::addColumn<Jump>("jump");
     QTest::newRow("key End") << Jump{pressEnd};
     QTest::newRow("click on the last row") << Jump{clickLast};
+    QTest::newRow("key Page Down, first row current") << Jump{pressPageDownFarFromTheViewport};
+    QTest::newRow("key Page Up, last row current") << Jump{pressPageUpFarFromTheViewport};
     QTest::newRow("edit of the last row") << Jump{editLast};
     QTest::newRow("last row becomes current") << Jump{makeCurrent};
 }
