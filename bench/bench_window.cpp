@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QTabWidget>
 #include <QTimer>
 #include <QTreeView>
@@ -14,6 +15,7 @@
 #include "bench_platform.h"
 #include "editor_antlr3.h"
 #include "mainwindow.h"
+#include "textnavigation.h"
 #include "treemodel.h"
 
 namespace {
@@ -246,6 +248,28 @@ void insertRowAndPaint(benchmark::State& state)
     }
 }
 BENCHMARK(insertRowAndPaint)->Apply(inFewRounds);
+
+// A text typed into the line of Find, letter by letter and up to the paints, and erased again. The
+// time is that of one letter on average.
+void findWhileTyping(benchmark::State& state, const QString& text)
+{
+    ScanList list(fileOf(state));
+    list.goTo(list.lastRow() / 2);
+    list.window().findChild<TextNavigation*>()->open();
+    auto* const line = list.window().findChild<QLineEdit*>(QStringLiteral("findText"));
+    for (auto _ : state) {
+        for (const QChar letter : text) {
+            line->insert(letter);
+            QApplication::processEvents();
+        }
+        state.PauseTiming();
+        line->clear();
+        QApplication::processEvents();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK_CAPTURE(findWhileTyping, everywhere, QStringLiteral("a"))->Apply(inFewRounds);
+BENCHMARK_CAPTURE(findWhileTyping, nowhere, QStringLiteral("%"))->Apply(inFewRounds);
 
 QString programStyle()
 {

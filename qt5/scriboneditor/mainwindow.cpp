@@ -31,6 +31,7 @@
 #include "stat_members.h"
 #include "statusbarform.h"
 #include "tableview.h"
+#include "textnavigation.h"
 #include "treemodel.h"
 #include "variablemaplist.h"
 #include "variableselectiondialog.h"
@@ -206,6 +207,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     rebuildMasterVariables(QT_MARVANE_ANY);
     addStatusBarForm();
     addErrorNavigation();
+    addTextNavigation();
     startErrorTimer();
 }
 
@@ -223,6 +225,7 @@ MainWindow::MainWindow(const QString& fileName, QWidget* parent) : QMainWindow(p
     if (!loaded)
         updateActions();
     addErrorNavigation();
+    addTextNavigation();
     startErrorTimer();
 }
 
@@ -376,6 +379,8 @@ void MainWindow::loadFile(const QString& fileName, bool newFile)
 bool MainWindow::setupEditor(const QString& fileName, bool newFile)
 {
     clearUndoStacks();
+    if (textNavigation != nullptr)
+        textNavigation->close();
     if (loadedFile)
         releaseViews();
     const int readResult = newFile ? 0 : read_file(fileName.toLocal8Bit().constData());
@@ -701,6 +706,14 @@ void MainWindow::addErrorNavigation()
     new ErrorNavigation(this, tabWidget, view, statusBarform, [this] {
         commitOpenEditors();
         checkErrorCount();
+        return loadedFile;
+    });
+}
+
+void MainWindow::addTextNavigation()
+{
+    textNavigation = new TextNavigation(this, tabWidget, view, [this] {
+        commitOpenEditors();
         return loadedFile;
     });
 }

@@ -28,6 +28,7 @@ class QUndoGroup;
 class QUndoStack;
 class StatusBarForm;
 class TableView;
+class TextNavigation;
 class TreeModel;
 
 class MainWindow : public QMainWindow, private Ui::MainWindow {
@@ -139,6 +140,7 @@ private:
     void setupActions();
     void addStatusBarForm();
     void addErrorNavigation();
+    void addTextNavigation();
     void startErrorTimer();
     void updateErrorCount();
     void showErrorCounts(int tab);
@@ -201,6 +203,7 @@ private:
     int tabErrorCount = 0;
     QTimer* timer = nullptr;
     StatusBarForm* statusBarform = nullptr;
+    TextNavigation* textNavigation = nullptr;
     Assistant* assistant = makeAssistant();
     std::unique_ptr<DocumentGuard> guard;
 

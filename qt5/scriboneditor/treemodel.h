@@ -54,6 +54,16 @@ public:
     bool setHeaderData(int section, Qt::Orientation orientation, const QVariant& value,
                        int role = Qt::EditRole) override;
 
+    // Looks for texts like QAbstractItemModel. A search from QTreeView, for what the user types,
+    // also finds the beginning of a text as it is shown, and no placeholder.
+    QModelIndexList match(const QModelIndex& start, int role, const QVariant& value, int hits = 1,
+                          Qt::MatchFlags flags = Qt::MatchFlags(Qt::MatchStartsWith |
+                                                                Qt::MatchWrap)) const override;
+
+    // Calls visit(row, column, text) for each cell, in the order of rows and columns.
+    void visitTexts(
+        const std::function<void(int row, int column, const QString& text)>& visit) const;
+
     // Stores a text without an undo command: for the undo commands themselves.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 

@@ -6,8 +6,8 @@
 
 #include "editor_access.h"
 #include "keyword_words.h"
+#include "shown_text.h"
 #include "textjudge.h"
-#include "treeitem.h"
 #include "treemodel.h"
 #include "value_kinds.h"
 
@@ -102,6 +102,12 @@ QString errorPart(const QModelIndex& index, int tab, int code)
         return QString::fromLatin1(syntax ? INVALID_KEYWORD : DUPLICATE_KEYWORD);
     const CellTip& row = valueTip(index, tab);
     return QString::fromLatin1(syntax ? row.syntaxMsg : row.duplicateMsg);
+}
+
+bool beginsWith(const QString& text, const QString& typed)
+{
+    return text != FILLER_TEXT && (text.startsWith(typed, Qt::CaseInsensitive) ||
+                                   shownText(text).startsWith(typed, Qt::CaseInsensitive));
 }
 
 QString firstLineWithoutBrackets(QString text)
@@ -209,4 +215,32 @@ QString TreeModel::errorText(const QModelIndex& index) const
         return {};
     const QString text = firstLineWithoutBrackets(errorPart(index, tabOfModel(this), code));
     return text.isEmpty() ? QStringLiteral("Syntax Error!") : text;
+}
+
+// QTreeView::keyboardSearch() asks for one cell of the current column by these flags.
+QModelIndexList TreeModel::match(const QModelIndex& start, int role, const QVariant& value,
+                                 int hits, Qt::MatchFlags flags) const
+{
+    if (role != Qt::DisplayRole || hits != 1 || flags != (Qt::MatchStartsWith | Qt::MatchWrap))
+        return QAbstractItemModel::match(start, role, value, hits, flags);
+    const QString typed = value.toString();
+    const int rows = rowCount();
+    for (int i = 0; i < rows; ++i) {
+        const QModelIndex cell = index((start.row() + i) % rows, start.column());
+        if (beginsWith(cell.data(role).toString(), typed))
+            return {cell};
+    }
+    return {};
+}
+
+void TreeModel::visitTexts(
+    const std::function<void(int row, int column, const QString& text)>& visit) const
+{
+    const int rows = rootItem->childCount();
+    const int columns = rootItem->columnCount();
+    for (int i = 0; i < rows; ++i) {
+        const TreeItem* const row = rootItem->child(i);
+        for (int column = 0; column < columns; ++column)
+            visit(i, column, row->data(column).toString());
+    }
 }
