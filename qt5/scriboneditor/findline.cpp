@@ -115,7 +115,15 @@ void FindLine::moveOver(QAbstractItemView* table)
     m_table = table;
     m_table->installEventFilter(this);
     m_table->viewport()->installEventFilter(this);
+    takeFont();
     makeWay();
+}
+
+// Under a style sheet, widgets do not inherit a font.
+void FindLine::takeFont()
+{
+    m_line->setFont(m_table->font());
+    m_news->setFont(m_table->font());
 }
 
 void FindLine::tell(const QString& news, bool isFound)
@@ -208,6 +216,10 @@ bool FindLine::eventFilter(QObject* watched, QEvent* event)
     switch (event->type()) {
         case QEvent::KeyPress:
             return !isHidden() && takesKey(watched, *static_cast<QKeyEvent*>(event));
+        case QEvent::FontChange:
+            if (watched == m_table)
+                takeFont();
+            return false;
         case QEvent::Resize:
         case QEvent::Move:
         case QEvent::Show:

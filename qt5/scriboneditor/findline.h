@@ -1,5 +1,5 @@
 // The line of Find. It lies over the lower right of a table, beside its scroll bars, and follows
-// it; over the upper right where it would cover the current cell.
+// it; over the upper right where it would cover the current cell. It has the table's font.
 #pragma once
 
 #include <QFrame>
@@ -58,6 +58,7 @@ private:
     void setUpLine();
     void setUpNews();
     void setUpCloseButton();
+    void takeFont();
     QRect area() const;
     int newsWidth() const;
     QSize sizeWithin(int width);
