@@ -232,6 +232,16 @@ QJsonObject User::widget(const QString& name)
     return firstOf(look()[QLatin1String("widgets")], "name", name);
 }
 
+QString User::textOf(const QString& name)
+{
+    return textIn(widget(name), "text");
+}
+
+QRect User::widgetPlace(const QString& name)
+{
+    return rectOf(widget(name)[QLatin1String("rect")]);
+}
+
 bool User::waitUntil(const std::function<bool()>& condition)
 {
     return QTest::qWaitFor(condition, PATIENCE_MS);
@@ -241,7 +251,7 @@ bool User::waitUntil(const std::function<bool()>& condition)
 
 void User::clickOn(const QString& name)
 {
-    m_screen->click(rectOf(widget(name)[QLatin1String("rect")]).center());
+    m_screen->click(widgetPlace(name).center());
 }
 
 void User::press(const QString& keys)

@@ -62,6 +62,9 @@ public:
     // The text of the editor that has the focus, or its selected part.
     QString editorText();
     QString editorSelection();
+    // The text of the visible widget with this object name, and its rectangle.
+    QString textOf(const QString& name);
+    QRect widgetPlace(const QString& name);
     QRect windowPlace(const QString& widgetClass);
     bool waitUntil(const std::function<bool()>& condition);
     bool seesErrors(int ofTab, int all);
