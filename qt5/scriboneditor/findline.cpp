@@ -99,10 +99,9 @@ void FindLine::openOver(QAbstractItemView* table)
     m_line->selectAll();
 }
 
+// Qt moves the focus on by focusNextPrevChild().
 void FindLine::leave()
 {
-    if (m_line->hasFocus())
-        m_table->setFocus();
     hide();
 }
 

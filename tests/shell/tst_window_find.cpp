@@ -67,6 +67,7 @@ private Q_SLOTS:
     void movesNothing();
     void neverHidesTheCurrentCell();
     void matchInViewIsNotScrolled();
+    void matchBehindTheLineIsScrolled();
     void matchOutOfSightComesIntoTheMiddle();
     void hasTheFontOfTheTable();
     void staysOutOfTheTabOrder();
@@ -410,6 +411,13 @@ void tst_WindowFind::openEditorIsTakenOver()
     QCOMPARE(m_window->uStack()->count(), 1);
     QTest::keyClicks(line(), QStringLiteral("other"));
     QCOMPARE(news(), QStringLiteral("1 of 1"));
+
+    // The line can also get a text without the focus.
+    view()->edit(view()->currentIndex());
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("second"));
+    line()->setText(QStringLiteral("seco"));
+    QVERIFY(view()->indexWidget(view()->currentIndex()) == nullptr);
+    QCOMPARE(news(), QStringLiteral("1 of 1"));
 }
 
 void tst_WindowFind::changesAreCounted()
@@ -445,6 +453,9 @@ void tst_WindowFind::changesAreCountedBeforeTheNextStep()
     press(Qt::Key_Return);
     QCOMPARE(currentPlace(), (QVector<int>{0, 1, 1}));
     QCOMPARE(news(), QStringLiteral("3 of 5, 3 on other tabs"));
+    modelOf(*m_window, 0)->insertRows(0, 1);
+    press(Qt::Key_Return);
+    QCOMPARE(currentPlace(), (QVector<int>{0, 3, 1}));
 }
 
 void tst_WindowFind::clickOnACellIsCounted()
@@ -612,6 +623,23 @@ void tst_WindowFind::matchInViewIsNotScrolled()
     QCOMPARE(view()->verticalScrollBar()->value(), top);
 }
 
+void tst_WindowFind::matchBehindTheLineIsScrolled()
+{
+    showWindow(specWithRows(100), {600, 600});
+    tabsOf(*m_window)->setCurrentIndex(1);
+    view()->setColumnWidth(1, 560);
+    openLine();
+    int row = 1;
+    while (view()->visualRect(view()->model()->index(row + 1, 1)).bottom() <
+           view()->viewport()->height())
+        ++row;
+    line()->setText(QStringLiteral("name_%1").arg(row));
+    QCOMPARE(currentPlace(), (QVector<int>{1, row, 1}));
+    QVERIFY(view()->verticalScrollBar()->value() > 0);
+    QVERIFY(seesCurrentCell());
+    QCOMPARE(placeOf(frame()).bottomRight(), placeOf(view()->viewport()).bottomRight());
+}
+
 void tst_WindowFind::matchOutOfSightComesIntoTheMiddle()
 {
     showWindow(specWithRows(100), {600, 600});
@@ -619,8 +647,12 @@ void tst_WindowFind::matchOutOfSightComesIntoTheMiddle()
     for (const int column : {1, 2, 3})
         view()->setColumnWidth(column, 400);
     openLine();
+    line()->setText(QStringLiteral("N1"));
+    const int across = view()->horizontalScrollBar()->value();
+    QVERIFY(across > 0);
     for (const char* const text : {"N50", "N20", "N80"}) {
         line()->setText(QLatin1String(text));
+        QCOMPARE(view()->horizontalScrollBar()->value(), across);
         QVERIFY(seesCurrentCell());
         const QRect table = placeOf(view()->viewport());
         const int off = placeOfCurrentCell().center().y() - table.center().y();
