@@ -47,7 +47,6 @@ FindLine::FindLine(QWidget* parent)
     row->addWidget(m_news, 1);
     row->addWidget(m_close, 0, Qt::AlignTop);
     m_layout->addLayout(row, 1);
-    parent->installEventFilter(this);
 }
 
 // ClickFocus keeps the line out of the window's tab order.
@@ -93,7 +92,6 @@ void FindLine::openOver(QAbstractItemView* table)
 {
     moveOver(table);
     show();
-    m_layout->activate();
     makeWay();
     m_line->setFocus(Qt::ShortcutFocusReason);
     m_line->selectAll();
@@ -191,7 +189,6 @@ void FindLine::makeWay()
     if (wouldCover(m_table->visualRect(m_table->currentIndex())))
         place.moveTop(area().top());
     setGeometry(place);
-    raise();
 }
 
 // ---- Events ------------------------------------------------------------------------------------
@@ -212,22 +209,13 @@ bool FindLine::focusNextPrevChild(bool /*next*/)
 
 bool FindLine::eventFilter(QObject* watched, QEvent* event)
 {
-    switch (event->type()) {
-        case QEvent::KeyPress:
-            return !isHidden() && takesKey(watched, *static_cast<QKeyEvent*>(event));
-        case QEvent::FontChange:
-            if (watched == m_table)
-                takeFont();
-            return false;
-        case QEvent::Resize:
-        case QEvent::Move:
-        case QEvent::Show:
-            if (watched != m_line)
-                makeWay();
-            return false;
-        default:
-            return false;
-    }
+    if (event->type() == QEvent::KeyPress)
+        return !isHidden() && takesKey(watched, *static_cast<QKeyEvent*>(event));
+    if (event->type() == QEvent::FontChange && watched == m_table)
+        takeFont();
+    if (event->type() == QEvent::Resize && watched != m_line)
+        makeWay();
+    return false;
 }
 
 // Escape also closes the line while the table has the focus, but not the editor of a cell, whose

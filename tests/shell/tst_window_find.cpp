@@ -67,8 +67,10 @@ private Q_SLOTS:
     void movesNothing();
     void neverHidesTheCurrentCell();
     void matchInViewIsNotScrolled();
+    void matchBehindTheLineIsScrolled_data();
     void matchBehindTheLineIsScrolled();
     void matchOutOfSightComesIntoTheMiddle();
+    void currentMatchComesBackIntoView();
     void hasTheFontOfTheTable();
     void staysOutOfTheTabOrder();
     void keysOfALineEditStay();
@@ -339,6 +341,9 @@ void tst_WindowFind::escapeInTheTableCloses()
     press(Qt::Key_Escape);
     QVERIFY(!frame()->isVisible());
     QVERIFY(view()->hasFocus());
+    QKeyEvent another(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(view(), &another);
+    QVERIFY(!another.isAccepted());
 }
 
 void tst_WindowFind::closeButtonCloses()
@@ -623,18 +628,30 @@ void tst_WindowFind::matchInViewIsNotScrolled()
     QCOMPARE(view()->verticalScrollBar()->value(), top);
 }
 
+void tst_WindowFind::matchBehindTheLineIsScrolled_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("in view") << 1 << QStringLiteral("name_%1");
+    QTest::newRow("at the right of the view") << 3 << QStringLiteral("N%1");
+}
+
+// The last row that is all in view.
 void tst_WindowFind::matchBehindTheLineIsScrolled()
 {
+    QFETCH(int, column);
+    QFETCH(QString, text);
     showWindow(specWithRows(100), {600, 600});
     tabsOf(*m_window)->setCurrentIndex(1);
-    view()->setColumnWidth(1, 560);
+    for (const int wide : {1, 3})
+        view()->setColumnWidth(wide, 560);
     openLine();
     int row = 1;
     while (view()->visualRect(view()->model()->index(row + 1, 1)).bottom() <
            view()->viewport()->height())
         ++row;
-    line()->setText(QStringLiteral("name_%1").arg(row));
-    QCOMPARE(currentPlace(), (QVector<int>{1, row, 1}));
+    line()->setText(text.arg(row));
+    QCOMPARE(currentPlace(), (QVector<int>{1, row, column}));
     QVERIFY(view()->verticalScrollBar()->value() > 0);
     QVERIFY(seesCurrentCell());
     QCOMPARE(placeOf(frame()).bottomRight(), placeOf(view()->viewport()).bottomRight());
@@ -644,21 +661,36 @@ void tst_WindowFind::matchOutOfSightComesIntoTheMiddle()
 {
     showWindow(specWithRows(100), {600, 600});
     tabsOf(*m_window)->setCurrentIndex(1);
-    for (const int column : {1, 2, 3})
-        view()->setColumnWidth(column, 400);
+    const QVector<int> widths{0, 400, 150, 400};
+    for (int column = 1; column < widths.size(); ++column)
+        view()->setColumnWidth(column, widths[column]);
+    for (const int row : {20, 50, 80})
+        edit(1, row, 2, QStringLiteral("MEMBER%1").arg(row));
     openLine();
-    line()->setText(QStringLiteral("N1"));
-    const int across = view()->horizontalScrollBar()->value();
-    QVERIFY(across > 0);
-    for (const char* const text : {"N50", "N20", "N80"}) {
-        line()->setText(QLatin1String(text));
-        QCOMPARE(view()->horizontalScrollBar()->value(), across);
+    for (const int row : {50, 20, 80}) {
+        line()->setText(QStringLiteral("MEMBER%1").arg(row));
+        QCOMPARE(currentPlace(), (QVector<int>{1, row, 2}));
         QVERIFY(seesCurrentCell());
         const QRect table = placeOf(view()->viewport());
         const int off = placeOfCurrentCell().center().y() - table.center().y();
         QVERIFY(qAbs(off) < table.height() / 4);
-        QVERIFY(placeOfCurrentCell().right() <= table.right());
+        QCOMPARE(view()->horizontalScrollBar()->value(), 0);
     }
+}
+
+// The last row comes into view again, and the line gives way.
+void tst_WindowFind::currentMatchComesBackIntoView()
+{
+    showWindow(specWithRows(100), {600, 600});
+    tabsOf(*m_window)->setCurrentIndex(1);
+    view()->setColumnWidth(1, 560);
+    goTo(view(), 100, 1);
+    find(QStringLiteral("name_10"));
+    QCOMPARE(currentPlace(), (QVector<int>{1, 100, 1}));
+    view()->verticalScrollBar()->setValue(0);
+    QTest::keyClicks(line(), QStringLiteral("0"));
+    QCOMPARE(currentPlace(), (QVector<int>{1, 100, 1}));
+    QVERIFY(seesCurrentCell());
 }
 
 void tst_WindowFind::hasTheFontOfTheTable()
