@@ -22,6 +22,7 @@
 
 #include "antlr3_basetreedelegate.h"
 #include "changeview.h"
+#include "commentspans.h"
 #include "documentguard.h"
 #include "editor_antlr3.h"
 #include "editorundocommand.h"
@@ -301,6 +302,9 @@ void MainWindow::setupTables(QMainWindow* /*window*/)
     for (int tab = 0; tab < TAB_COUNT; ++tab)
         connect(view[static_cast<size_t>(tab)], &QWidget::customContextMenuRequested, this,
                 &MainWindow::ShowContextMenu);
+    commentSpans = new CommentSpans(view[DE_TAB1], [this](int row, bool span) {
+        setFirstColumnSpanned(DE_TAB1, row, QModelIndex(), span);
+    });
 }
 
 void MainWindow::setupView(int tab)
@@ -426,6 +430,7 @@ void MainWindow::showDocument(const QString& fileName)
     }
     for (int tab = 0; tab < TAB_COUNT; ++tab)
         showModel(tab, std::move(made[static_cast<size_t>(tab)]));
+    commentSpans->watch(modelOf(DE_TAB1));
     for (int tab = 0; tab < TAB_COUNT; ++tab)
         arrangeView(tab);
     loadedFile = true;
@@ -832,7 +837,7 @@ void MainWindow::setFirstColumnSpanned(int tabIndex, int row, const QModelIndex&
 {
     if (!isTab(tabIndex))
         return;
-    QTreeView* const tree = view[static_cast<size_t>(tabIndex)];
+    TableView* const tree = view[static_cast<size_t>(tabIndex)];
     if (tree->isFirstColumnSpanned(row, index) != bVal)
         tree->setFirstColumnSpanned(row, index, bVal);
 }

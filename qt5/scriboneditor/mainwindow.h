@@ -19,6 +19,7 @@
 #include "ui_mainwindow.h"
 
 class Assistant;
+class CommentSpans;
 class DocumentGuard;
 class QAbstractItemDelegate;
 class QCloseEvent;
@@ -190,6 +191,7 @@ private:
     std::array<std::unique_ptr<QAbstractItemDelegate>, TAB_SLOTS> delegates;
     std::array<TableView*, TAB_SLOTS> view{};
     QTabWidget* tabWidget = nullptr;
+    CommentSpans* commentSpans = nullptr;
 
     // Public members are used by models, delegates and dialogs through EditorAccess.
 public:

@@ -1,5 +1,6 @@
 #include "tableview.h"
 
+#include <QHeaderView>
 #include <QScrollBar>
 
 #include "editor_access.h"
@@ -14,7 +15,7 @@ QRect TableView::visualRect(const QModelIndex& index) const
     const QRect area = viewport()->rect();
     const QModelIndex top = indexAt(area.topLeft());
     if (!index.isValid() || !top.isValid() || isIndexHidden(index) || indexWidget(index) != nullptr)
-        return QTreeView::visualRect(index);
+        return nearRect(index);
     const QModelIndex bottom = indexAt(area.bottomLeft());
     QRect rect(columnViewportPosition(index.column()), 0, columnWidth(index.column()),
                rowHeight(index));
@@ -24,7 +25,16 @@ QRect TableView::visualRect(const QModelIndex& index) const
     else if (bottom.isValid() && index.row() > bottom.row() + near)
         rect.moveTop(area.bottom() + 1);
     else
-        return QTreeView::visualRect(index);
+        return nearRect(index);
+    return rect;
+}
+
+// QTreeView ignores how far the view is scrolled sideways in a row that spans the columns.
+QRect TableView::nearRect(const QModelIndex& index) const
+{
+    QRect rect = QTreeView::visualRect(index);
+    if (rect.isValid() && isSpanned(index))
+        rect.moveLeft(-header()->offset());
     return rect;
 }
 
@@ -140,7 +150,10 @@ bool TableView::Conditions::operator==(const Conditions& other) const
 void TableView::doItemsLayout()
 {
     m_widths.clear();
-    QTreeView::doItemsLayout();
+    if (m_postponesLayout)
+        scheduleDelayedItemsLayout();
+    else
+        QTreeView::doItemsLayout();
 }
 
 void TableView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
@@ -154,4 +167,46 @@ void TableView::updateLooks()
 {
     m_widths.clear();
     viewport()->update();
+}
+
+// ---- Rows that span the columns ----------------------------------------------------------------
+
+void TableView::setFirstColumnSpanned(int row, const QModelIndex& parent, bool span)
+{
+    m_widths.clear();
+    m_postponesLayout = true;
+    QTreeView::setFirstColumnSpanned(row, parent, span);
+    m_postponesLayout = false;
+}
+
+// Up, Down and the like lead past a row that spans the columns in the column where they came from.
+QModelIndex TableView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    const QModelIndex current = currentIndex();
+    const bool sideways = action == MoveLeft || action == MoveRight;
+    const bool goesOn = !sideways && current == m_spannedStop && isSpanned(current);
+    const int column = goesOn ? m_columnBeforeStop : current.column();
+    const QModelIndex next = QTreeView::moveCursor(action, modifiers);
+    if (!isSpanned(next))
+        return goesOn ? next.siblingAtColumn(column) : next;
+    m_spannedStop = next.siblingAtColumn(0);
+    m_columnBeforeStop = qMax(column, 0);
+    return m_spannedStop;
+}
+
+bool TableView::isSpanned(const QModelIndex& index) const
+{
+    return index.isValid() && isFirstColumnSpanned(index.row(), index.parent());
+}
+
+void TableView::scrollContentsBy(int dx, int dy)
+{
+    QTreeView::scrollContentsBy(dx, dy);
+    Q_EMIT sightChanged();
+}
+
+void TableView::updateGeometries()
+{
+    QTreeView::updateGeometries();
+    Q_EMIT sightChanged();
 }

@@ -1,9 +1,10 @@
 // The view of one tab: a QTreeView whose speed does not depend on the number of rows. Rows are as
 // tall, columns as wide as in a plain QTreeView. For a model without child rows, of which one cell
-// at a time is selected, scrolled by rows.
+// at a time is selected, scrolled by rows. A row that spans the columns is one cell, of column 0.
 #pragma once
 
 #include <QHash>
+#include <QPersistentModelIndex>
 #include <QTreeView>
 
 class TableView : public QTreeView {
@@ -18,6 +19,13 @@ public:
 
     void doItemsLayout() override;
 
+    // As in QTreeView, but without a layout if one is due: not each of many new rows needs one.
+    void setFirstColumnSpanned(int row, const QModelIndex& parent, bool span);
+
+Q_SIGNALS:
+    // Other rows may be in sight.
+    void sightChanged();
+
 public Q_SLOTS:
     // To be called when error codes have changed: cells look different and have other widths.
     void updateLooks();
@@ -30,7 +38,11 @@ protected:
     // In rows, since pixels would take the height of each row above.
     int verticalOffset() const override;
 
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void scrollContentsBy(int dx, int dy) override;
+
 protected Q_SLOTS:
+    void updateGeometries() override;
     void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                      const QVector<int>& roles = QVector<int>()) override;
 
@@ -44,6 +56,8 @@ private:
     };
 
     Conditions conditions() const;
+    QRect nearRect(const QModelIndex& index) const;
+    bool isSpanned(const QModelIndex& index) const;
 
     int heightOf(int row) const;
     int rowPageBelow(int row, int height) const;
@@ -56,4 +70,8 @@ private:
     // The widths that were measured under m_measuredUnder since the last change, by column.
     mutable QHash<int, int> m_widths;
     mutable Conditions m_measuredUnder{};
+
+    bool m_postponesLayout = false;
+    QPersistentModelIndex m_spannedStop;  // where a key has led to a row that spans the columns
+    int m_columnBeforeStop = 0;
 };

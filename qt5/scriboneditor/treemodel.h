@@ -117,6 +117,9 @@ public:
     // the last validation counted no error are left out: their cells may still have old codes.
     void visitErrors(const std::function<void(int row, int column)>& visit) const;
 
+    // Whether the row is a comment of the Keywords tab. Works while a file is loading.
+    bool isComment(int row) const;
+
     // What is wrong with the cell, in one line; empty if nothing is.
     QString errorText(const QModelIndex& index) const;
 

@@ -1,5 +1,5 @@
-// How cells look: their colour, the arrow that says that a list can be opened there, and their tool
-// tips.
+// How cells look: their colour, the arrow that says that a list can be opened there, their tool
+// tips, and which of them are comments.
 
 #include <QColor>
 #include <array>
@@ -243,4 +243,11 @@ void TreeModel::visitTexts(
         for (int column = 0; column < columns; ++column)
             visit(i, column, row->data(column).toString());
     }
+}
+
+bool TreeModel::isComment(int row) const
+{
+    const TreeItem* const item = rootItem->child(row);
+    return tabIndexNumber == EDIT_TAB1 && item != nullptr &&
+           classify(item->data(KeywordsTab::KEYWORD).toString()) == COMMENT_LINE;
 }
