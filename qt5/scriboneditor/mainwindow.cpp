@@ -8,7 +8,6 @@
 #include <QHBoxLayout>
 #include <QItemSelectionModel>
 #include <QMessageBox>
-#include <QStyledItemDelegate>
 #include <QTabWidget>
 #include <QTextStream>
 #include <QTimer>
@@ -22,12 +21,14 @@
 
 #include "antlr3_basetreedelegate.h"
 #include "changeview.h"
+#include "closedrowsdelegate.h"
 #include "commentspans.h"
 #include "documentguard.h"
 #include "editor_antlr3.h"
 #include "editorundocommand.h"
 #include "errornavigation.h"
 #include "keyword_words.h"
+#include "pagenotice.h"
 #include "scribon_keywords.h"
 #include "stat_members.h"
 #include "statusbarform.h"
@@ -305,6 +306,7 @@ void MainWindow::setupTables(QMainWindow* /*window*/)
     commentSpans = new CommentSpans(view[DE_TAB1], [this](int row, bool span) {
         setFirstColumnSpanned(DE_TAB1, row, QModelIndex(), span);
     });
+    pageNotice = new PageNotice(tabWidget);
 }
 
 void MainWindow::setupView(int tab)
@@ -433,6 +435,7 @@ void MainWindow::showDocument(const QString& fileName)
     commentSpans->watch(modelOf(DE_TAB1));
     for (int tab = 0; tab < TAB_COUNT; ++tab)
         arrangeView(tab);
+    pageNotice->hide();
     loadedFile = true;
     for (int tab = 0; tab < TAB_COUNT; ++tab)
         modelOf(tab)->setDirty();
@@ -482,14 +485,16 @@ void MainWindow::arrangeView(int tab)
             &MainWindow::updateActions);
 }
 
-// Reports the failure in the window title only. Views that showed a document keep its models.
-// Returns false, the result of setupEditor().
+// Reports the failure in the window title and on the page. Views that showed a document keep its
+// models. Returns false, the result of setupEditor().
 bool MainWindow::refuseDocument(const QString& fileName, int readResult)
 {
     const QString title = readResult == -2
                               ? QStringLiteral("Invalid scribon_specs file: ") + fileName
                               : NOTHING_LOADED;
     setCurrentFile(title);
+    pageNotice->tell(readResult == -2 ? title : QString(),
+                     readResult == -2 ? tr("Its first statement is not @SCRIBON.") : QString());
     if (loadedFile) {
         for (int tab = 0; tab < TAB_COUNT; ++tab)
             makeViewHarmless(tab);
@@ -499,13 +504,12 @@ bool MainWindow::refuseDocument(const QString& fileName, int readResult)
     return false;
 }
 
-// A view must have a delegate and a selection model when it paints. Qt's standard delegate bypasses
-// the undo stack, so editing is switched off.
+// The rows of the last document can be looked at, but not edited.
 void MainWindow::makeViewHarmless(int tab)
 {
     QTreeView* const tree = view[static_cast<size_t>(tab)];
     tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setDelegate(tab, std::make_unique<QStyledItemDelegate>());
+    setDelegate(tab, std::make_unique<ClosedRowsDelegate>());
     tree->setSelectionModel(new QItemSelectionModel(tree->model(), tree));
 }
 
@@ -846,7 +850,7 @@ void MainWindow::insertRow()
 {
     commitOpenEditors();
     const int tab = currentTab();
-    TreeModel* const model = isTab(tab) ? modelOf(tab) : nullptr;
+    TreeModel* const model = loadedFile && isTab(tab) ? modelOf(tab) : nullptr;
     if (model == nullptr || undoGroup->activeStack() == nullptr)
         return;
     QTreeView* const tree = view[static_cast<size_t>(tab)];
@@ -883,7 +887,7 @@ void MainWindow::removeRow()
 {
     commitOpenEditors();
     const int tab = currentTab();
-    TreeModel* const model = isTab(tab) ? modelOf(tab) : nullptr;
+    TreeModel* const model = loadedFile && isTab(tab) ? modelOf(tab) : nullptr;
     if (model == nullptr || undoGroup->activeStack() == nullptr)
         return;
     const QModelIndex index = view[static_cast<size_t>(tab)]->currentIndex();

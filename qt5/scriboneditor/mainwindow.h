@@ -21,6 +21,7 @@
 class Assistant;
 class CommentSpans;
 class DocumentGuard;
+class PageNotice;
 class QAbstractItemDelegate;
 class QCloseEvent;
 class QTabWidget;
@@ -192,6 +193,7 @@ private:
     std::array<TableView*, TAB_SLOTS> view{};
     QTabWidget* tabWidget = nullptr;
     CommentSpans* commentSpans = nullptr;
+    PageNotice* pageNotice = nullptr;
 
     // Public members are used by models, delegates and dialogs through EditorAccess.
 public:

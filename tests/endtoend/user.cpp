@@ -164,6 +164,11 @@ QString User::counter()
     return textIn(look(), "counter");
 }
 
+QString User::pageNotice()
+{
+    return textIn(widget(QStringLiteral("pageNotice")), "text");
+}
+
 int User::errorsOfTab()
 {
     return look()[QLatin1String("tabErrors")].toInt();

@@ -53,6 +53,8 @@ public:
     QString title();
     QString news();
     QString counter();
+    // What the page says while nothing is open; empty otherwise.
+    QString pageNotice();
     int errorsOfTab();
     int allErrors();
     bool seesWindow(const QString& widgetClass);
