@@ -168,6 +168,13 @@ void writeNewFile(const QString& fileName)
         out << block;
 }
 
+// Of the file that was read last. Valid until the next one is read.
+QByteArray bytesOfFile()
+{
+    const FileBytes file = getFileBytes();
+    return QByteArray::fromRawData(file.data, static_cast<int>(file.size));
+}
+
 void dropSelectionModel(QItemSelectionModel* selection)
 {
     if (selection == nullptr)
@@ -440,8 +447,7 @@ void MainWindow::showDocument(const QString& fileName)
     for (int tab = 0; tab < TAB_COUNT; ++tab)
         modelOf(tab)->setDirty();
     updateErrorCount();
-    const FileBytes file = getFileBytes();
-    guard->loaded(fileName, QByteArray::fromRawData(file.data, static_cast<int>(file.size)));
+    guard->loaded(fileName, bytesOfFile());
     returnFreeMemory();
 }
 
@@ -493,8 +499,10 @@ bool MainWindow::refuseDocument(const QString& fileName, int readResult)
                               ? QStringLiteral("Invalid scribon_specs file: ") + fileName
                               : NOTHING_LOADED;
     setCurrentFile(title);
-    pageNotice->tell(readResult == -2 ? title : QString(),
-                     readResult == -2 ? tr("Its first statement is not @SCRIBON.") : QString());
+    if (readResult == -2)
+        pageNotice->tell(title, reasonOfRefusal(bytesOfFile()));
+    else
+        pageNotice->tell(QString(), QString());
     if (loadedFile) {
         for (int tab = 0; tab < TAB_COUNT; ++tab)
             makeViewHarmless(tab);

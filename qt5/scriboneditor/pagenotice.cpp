@@ -10,7 +10,29 @@ constexpr int PADDING = 12;
 constexpr QColor GREY(0x60, 0x60, 0x60);
 constexpr int LEAST_MARGIN = 10;  // between the notice and the edges of the page
 
+// The first word that is not in a comment.
+QByteArray firstWord(const QByteArray& text)
+{
+    for (int start = 0; start < text.size();) {
+        const int end = text.indexOf('\n', start);
+        const int next = end < 0 ? text.size() : end;
+        const QByteArray line = text.mid(start, next - start).simplified();
+        if (!line.isEmpty() && line.at(0) != '#')
+            return line.mid(0, line.indexOf(' '));
+        start = next + 1;
+    }
+    return {};
+}
+
 }  // namespace
+
+// A line that the parser cannot place may keep it from finding the first statement.
+QString reasonOfRefusal(const QByteArray& text)
+{
+    return firstWord(text) == "@SCRIBON"
+               ? PageNotice::tr("It begins with @SCRIBON, but has a line that cannot be read.")
+               : PageNotice::tr("Its first statement is not @SCRIBON.");
+}
 
 PageNotice::PageNotice(QTabWidget* tabs) : QLabel(tabs), m_tabs(tabs)
 {

@@ -2,11 +2,15 @@
 // stands over the table and lets the mouse through.
 #pragma once
 
+#include <QByteArray>
 #include <QLabel>
 #include <QString>
 #include <QStringList>
 
 class QTabWidget;
+
+// Why a file with this text is not a spec file, as a sentence.
+QString reasonOfRefusal(const QByteArray& text);
 
 class PageNotice : public QLabel {
     Q_OBJECT

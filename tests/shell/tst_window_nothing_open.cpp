@@ -69,6 +69,8 @@ class tst_WindowNothingOpen : public WindowTest {
 private Q_SLOTS:
     void emptyPageTellsWhatToDo();
     void refusedFileIsTold();
+    void reasonIsTrue_data();
+    void reasonIsTrue();
     void longNameIsCut();
     void noticeStaysInTheMiddle();
     void noticeLetsTheMouseThrough();
@@ -155,10 +157,35 @@ void tst_WindowNothingOpen::refusedFileIsTold()
              (QStringList{QStringLiteral("Invalid scribon_specs file: /specs/bad"), REASON, HINT}));
 }
 
+void tst_WindowNothingOpen::reasonIsTrue_data()
+{
+    const auto begins =
+        QStringLiteral("It begins with @SCRIBON, but has a line that cannot be read.");
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("an empty file") << QByteArray() << REASON;
+    QTest::newRow("comments only") << QByteArray("# one\n#@SCRIBON\n\n# two") << REASON;
+    QTest::newRow("another name first") << QByteArray("@GROUP\ng\n@SCRIBON\nx\n") << REASON;
+    QTest::newRow("a longer word") << QByteArray("@SCRIBONS\nx\n") << REASON;
+    const QByteArray number = "@META_DATA\nNAME name\n4\nOTHER other\n";
+    QTest::newRow("a number alone") << "@SCRIBON\nx\n" + number << begins;
+    QTest::newRow("DOS line ends, a comment, a number alone")
+        << "# one\r\n\r\n\t@SCRIBON x\r\n" + number << begins;
+}
+
+void tst_WindowNothingOpen::reasonIsTrue()
+{
+    QFETCH(QByteArray, text);
+    QVERIFY(writeFile(BAD, text));
+    m_window->loadFile(BAD, false);
+    QVERIFY(titleOf(*m_window).startsWith(QLatin1String("Invalid scribon_specs file: ")));
+    QTEST(notice()->text().section(QLatin1Char('\n'), 1, 1), "reason");
+}
+
 void tst_WindowNothingOpen::longNameIsCut()
 {
     show();
-    refuse(QStringLiteral("/specs/") + QString(200, QLatin1Char('n')));
+    refuse(QStringLiteral("/specs/") + QString(100, QLatin1Char('n')));
     const QStringList lines = notice()->text().split(QLatin1Char('\n'));
     QCOMPARE(lines.size(), 3);
     QVERIFY2(lines[0].startsWith(QLatin1String("Invalid scribon_specs file: ")),
