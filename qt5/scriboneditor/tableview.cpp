@@ -189,9 +189,10 @@ QModelIndex TableView::moveCursor(CursorAction action, Qt::KeyboardModifiers mod
     const QModelIndex next = QTreeView::moveCursor(action, modifiers);
     if (!isSpanned(next))
         return goesOn ? next.siblingAtColumn(column) : next;
-    m_spannedStop = next.siblingAtColumn(0);
+    const QModelIndex stop = next.siblingAtColumn(0);
+    m_spannedStop = stop;
     m_columnBeforeStop = qMax(column, 0);
-    return m_spannedStop;
+    return stop;
 }
 
 bool TableView::isSpanned(const QModelIndex& index) const
