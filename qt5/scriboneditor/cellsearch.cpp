@@ -16,8 +16,8 @@ QChar folded(QChar letter)
     return isCapital ? QChar(letter.unicode() | 0x20) : letter;
 }
 
-// A text to look for. Faster than QStringMatcher, which prepares each search and folds each letter
-// by its tables.
+// A text to look for. Not a QStringMatcher, which looks each letter up in Unicode tables: nearly
+// all letters of a spec file are ASCII.
 class SoughtText {
 public:
     explicit SoughtText(const QString& text) : m_text(text)
