@@ -7,7 +7,6 @@
 #include <QShowEvent>
 #include <QStringList>
 
-#include "dialog_place.h"
 #include "get_asam3_lists.h"
 #include "ui_asamspecs_select.h"
 
@@ -84,7 +83,7 @@ void asamspecs_select::connectAll()
     connect(ui->cancel_button, &QPushButton::clicked, this, &asamspecs_select::cancel_asam);
     connect(this, &asamspecs_select::closeDialog, this, &QDialog::reject);
     connect(this, &asamspecs_select::mapParent, this, &asamspecs_select::mapDialog);
-    connect(this, &asamspecs_select::mapParent, this, [this] { keepOnScreen(this); });
+    connect(this, &asamspecs_select::mapParent, this, [this] { m_place.keepOnScreen(); });
     connect(ui->specfiles, &QComboBox::currentTextChanged, this,
             &asamspecs_select::fileEditTextChanged);
     connect(ui->ecmInstance, qOverload<int>(&QComboBox::currentIndexChanged), this,
@@ -116,6 +115,7 @@ void asamspecs_select::showEvent(QShowEvent* evt)
 {
     if (evt->spontaneous())
         return;
+    m_place.rememberFrame();
     QStringList files;
     findRecursion(SPEC_DIRECTORY, SPEC_PATTERN, &files);
     if (!origFileName_.isEmpty())
@@ -134,16 +134,10 @@ void asamspecs_select::hideEvent(QHideEvent* /*evt*/)
         Q_EMIT closeDialog();
 }
 
-// The view has set the position in its own coordinates, as if the dialog were a child widget.
 void asamspecs_select::mapDialog()
 {
     constexpr int BELOW_CELL = 80;
-    if (parentWidget() == nullptr)
-        return;
-    const QPoint myPos = parentWidget()->mapToGlobal(pos());
-    QRect myRect = geometry();
-    myRect.moveTopLeft(myPos + QPoint(0, BELOW_CELL));
-    setGeometry(myRect);
+    m_place.moveToCell(BELOW_CELL);
 }
 
 void asamspecs_select::accept_asam()

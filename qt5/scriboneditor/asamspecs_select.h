@@ -7,6 +7,8 @@
 #include <QString>
 #include <memory>
 
+#include "dialog_place.h"
+
 class QComboBox;
 class QSpinBox;
 
@@ -64,4 +66,5 @@ private:
     QString origEcmInstance_;
     QString origExtNumber_;
     QString extNumber;
+    DialogPlace m_place{this};
 };

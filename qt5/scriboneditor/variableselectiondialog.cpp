@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cstring>
 
-#include "dialog_place.h"
 #include "line_breaks.h"
 #include "sortednames.h"
 #include "stat_members.h"
@@ -213,7 +212,7 @@ void VariableSelectionDialog::connectAll()
     connect(ui->Cancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &VariableSelectionDialog::closeDialog, this, &QDialog::reject);
     connect(this, &VariableSelectionDialog::mapParent, this, &VariableSelectionDialog::mapDialog);
-    connect(this, &VariableSelectionDialog::mapParent, this, [this] { keepOnScreen(this); });
+    connect(this, &VariableSelectionDialog::mapParent, this, [this] { m_place.keepOnScreen(); });
     connectText(ui->groupComboBox, &VariableSelectionDialog::groupIndexChanged);
     connect(ui->variableComboBox, &QComboBox::editTextChanged, this,
             &VariableSelectionDialog::variableEditTextChanged);
@@ -289,6 +288,7 @@ void VariableSelectionDialog::showEvent(QShowEvent* /*event*/)
     if (!origVarName_.isEmpty())
         showOriginal();
     initializingClass = false;
+    m_place.rememberFrame();
     Q_EMIT mapParent();
     takeKeyboard();
 }
@@ -306,6 +306,17 @@ void VariableSelectionDialog::takeKeyboard()
     activateWindow();
 }
 
+// Without the focus proxy: when Tab goes round the end, Qt passes the focus to the window, and the
+// proxy would get it instead of the first or last field.
+bool VariableSelectionDialog::focusNextPrevChild(bool next)
+{
+    QWidget* const valueField = focusProxy();
+    setFocusProxy(nullptr);
+    const bool moved = QDialog::focusNextPrevChild(next);
+    setFocusProxy(valueField);
+    return moved;
+}
+
 void VariableSelectionDialog::hideEvent(QHideEvent* /*event*/)
 {
     if (result() != QDialog::Accepted)
@@ -314,11 +325,7 @@ void VariableSelectionDialog::hideEvent(QHideEvent* /*event*/)
 
 void VariableSelectionDialog::mapDialog()
 {
-    if (parentWidget() == nullptr)
-        return;
-    QRect place = geometry();
-    place.moveTopLeft(parentWidget()->mapToGlobal(pos()));
-    setGeometry(place);
+    m_place.moveToCell(0);
 }
 
 void VariableSelectionDialog::fillGroups()

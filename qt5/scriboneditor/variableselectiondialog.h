@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <memory>
 
+#include "dialog_place.h"
 #include "memory_areas.h"
 #include "variablemaplist.h"
 
@@ -75,6 +76,8 @@ protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
+    bool focusNextPrevChild(bool next) override;
+
 private:
     void putProxyBehindVariables();
     void setupVariableLine();
@@ -111,4 +114,5 @@ private:
     bool initializingClass = false;  // the slots do nothing while it is set
     QString m_optionalText;
     QPersistentModelIndex m_index;
+    DialogPlace m_place{this};
 };

@@ -19,6 +19,7 @@
 #include "asamspecs_select.h"
 #include "combo_items.h"
 #include "file_dialogs.h"
+#include "form_walk.h"
 #include "places.h"
 
 namespace {
@@ -48,6 +49,7 @@ private Q_SLOTS:
     void twoDigitsFitInAnyFont_data();
     void twoDigitsFitInAnyFont();
     void fileComboBoxHasTheFocus();
+    void tabVisitsEveryField();
 
     void listsFilesBeforeThoseOfSubdirectories();
     void listsOnlyFilesWithTheName();
@@ -296,6 +298,20 @@ void tst_AsamspecsSelect::twoDigitsFitInAnyFont()
 void tst_AsamspecsSelect::fileComboBoxHasTheFocus()
 {
     QCOMPARE(dialog().focusProxy(), dialog().fileComboBox());
+}
+
+void tst_AsamspecsSelect::tabVisitsEveryField()
+{
+    const QStringList fields =
+        words("specfiles extensionNumber ecmInstance Ok_button cancel_button");
+    showFor(ENGINE);
+    QTRY_VERIFY(dialog().isActiveWindow());
+    dialog().setFocus();
+    QCOMPARE(focusedOf(fields), QStringLiteral("specfiles"));
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+        const QStringList round = roundFromFocus(key, fields);
+        QCOMPARE(visitedBy(key, fields), round);
+    }
 }
 
 void tst_AsamspecsSelect::listsFilesBeforeThoseOfSubdirectories()
