@@ -1,15 +1,19 @@
 #include "antlr3_basetreedelegate.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSpinBox>
+#include <QStyle>
 #include <array>
 
 #include "asamspecs_select.h"
+#include "cell_text.h"
 #include "editor_access.h"
 #include "keyword_words.h"
+#include "shown_text.h"
 #include "treemodel.h"
 #include "variableselectiondialog.h"
 
@@ -21,6 +25,29 @@ void setSelectionColour(QPalette* palette, const QColor& colour)
 {
     palette->setBrush(QPalette::All, QPalette::WindowText, colour);
     palette->setBrush(QPalette::All, QPalette::Highlight, colour);
+}
+
+QIcon errorIcon()
+{
+    return QIcon(QStringLiteral(":/resources/dialog-error.png"));
+}
+
+// A channel keyword keeps its arrow when it is wrong, and an arrow takes the place of the icon.
+bool showsTextWithArrow(const QModelIndex& index)
+{
+    return index.data(Qt::DecorationRole).type() == QVariant::Icon && !showsNothing(textOf(index));
+}
+
+// In a corner of the arrow, where no text is.
+void paintMarkOnArrow(QPainter* painter, const QStyleOptionViewItem& option)
+{
+    const QStyle* const style =
+        option.widget == nullptr ? QApplication::style() : option.widget->style();
+    QRect place = style->subElementRect(QStyle::SE_ItemViewItemDecoration, &option, option.widget);
+    const QPoint corner = place.bottomLeft();
+    place.setSize(place.size() * 2 / 3);
+    place.moveBottomLeft(corner);
+    errorIcon().paint(painter, place);
 }
 
 }  // namespace
@@ -37,11 +64,15 @@ void Antlr3_BaseTreeDelegate::paint(QPainter* painter, const QStyleOptionViewIte
     myOption.font = editorAccess().preferences().editorFont;
     const bool wrong = index.data(Qt::UserRole).toInt() > DE_NOERROR;
     if (wrong)
-        myOption.icon = QIcon(QStringLiteral(":/resources/dialog-error.png"));
+        myOption.icon = errorIcon();
     if (option.state.testFlag(QStyle::State_Selected))
         setSelectionColour(&myOption.palette,
                            wrong ? editorAccess().preferences().syntaxColor : QColor(Qt::black));
     QStyledItemDelegate::paint(painter, myOption, index);
+    if (wrong && showsTextWithArrow(index)) {
+        initStyleOption(&myOption, index);
+        paintMarkOnArrow(painter, myOption);
+    }
 }
 
 QString Antlr3_BaseTreeDelegate::displayText(const QVariant& value, const QLocale& locale) const
@@ -96,11 +127,31 @@ const Antlr3_BaseTreeDelegate::TabFunctions* Antlr3_BaseTreeDelegate::functionsO
     return tab == 0 ? nullptr : &FUNCTIONS[static_cast<size_t>(tab - EDIT_TAB1)];
 }
 
+namespace {
+
+// What a screen reader calls the editor of a cell: the keyword for a value on the Keywords tab, the
+// title of the column otherwise.
+QString fieldName(const QModelIndex& index)
+{
+    const QAbstractItemModel& model = *index.model();
+    const QString title = model.headerData(index.column(), Qt::Horizontal).toString().simplified();
+    if (tabOfModel(&model) != EDIT_TAB1 || index.column() == KeywordsTab::KEYWORD)
+        return title;
+    const QString keyword = shownText(textOf(index.siblingAtColumn(KeywordsTab::KEYWORD)));
+    return keyword.isEmpty() ? title : keyword;
+}
+
+}  // namespace
+
 QWidget* Antlr3_BaseTreeDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                                const QModelIndex& index) const
 {
     const TabFunctions* const tab = functionsOf(index.model());
-    return tab == nullptr ? nullptr : (this->*tab->createEditor)(parent, option, index);
+    QWidget* const editor =
+        tab == nullptr ? nullptr : (this->*tab->createEditor)(parent, option, index);
+    if (editor != nullptr && !editor->isWindow())
+        editor->setAccessibleName(fieldName(index));
+    return editor;
 }
 
 void Antlr3_BaseTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const

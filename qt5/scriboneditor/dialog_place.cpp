@@ -16,20 +16,17 @@ QScreen* screenAt(const QPoint& point)
     return screens.value(nearestTo(point, areas));
 }
 
-// All 0 until the window manager has added the frame.
-QMargins frameOf(const QWidget& window)
+// The height of the title bar; 0 until the window manager has added it.
+int titleBarOf(const QWidget& window)
 {
-    const QRect inner = window.geometry();
-    const QRect outer = window.frameGeometry();
-    return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
-            outer.bottom() - inner.bottom()};
+    return window.geometry().top() - window.frameGeometry().top();
 }
 
-// The frame that the dialog has or, as far as one can tell by its parent, will have.
-QMargins expectedFrame(const QWidget& dialog)
+// The height that the dialog's title bar has or, as far as its parent tells, will have.
+int expectedTitleBar(const QWidget& dialog)
 {
-    const QMargins own = frameOf(dialog);
-    return own.isNull() ? frameOf(*dialog.parentWidget()->window()) : own;
+    const int own = titleBarOf(dialog);
+    return own == 0 ? titleBarOf(*dialog.parentWidget()->window()) : own;
 }
 
 }  // namespace
@@ -81,9 +78,9 @@ void DialogPlace::keepOnScreen() const
     const QScreen* const screen = screenAt(m_cell);
     if (m_dialog->parentWidget() == nullptr || screen == nullptr)
         return;
-    const QMargins frame = expectedFrame(*m_dialog);
+    const QMargins titleBar(0, expectedTitleBar(*m_dialog), 0, 0);
     const QRect place =
-        movedInto(screen->availableGeometry(), m_dialog->geometry() + frame) - frame;
+        movedInto(screen->availableGeometry(), m_dialog->geometry() + titleBar) - titleBar;
     if (place != m_dialog->geometry())
         m_dialog->setGeometry(place);
 }

@@ -344,6 +344,7 @@ void MainWindow::setupView(int tab)
     if (facts.pageTitle != nullptr)
         page->setWindowTitle(tr(facts.pageTitle));
     tabWidget->setTabToolTip(tab, tr(facts.toolTip));
+    tree->setAccessibleName(tr(facts.text));
 }
 
 void MainWindow::setupActions()

@@ -37,6 +37,7 @@ void Preferences::getResults(preference_results* prefs) const
 void Preferences::showColor()
 {
     ui->ColorLabel->setText(m_defaults.syntaxColor.name());
+    ui->syntaxErrorColorButton->setAccessibleDescription(m_defaults.syntaxColor.name());
     ui->ColorLabel->setPalette(QPalette(m_defaults.syntaxColor));
 }
 

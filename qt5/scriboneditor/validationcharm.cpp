@@ -56,10 +56,12 @@ void ValidationCharm::textEdited_(const QString& /*text*/)
     int validatorPosition = 0;
     if (validator->validate(validatorText, validatorPosition) == QValidator::Acceptable) {
         tmpModel->setErrorCode(tIndex, DE_NOERROR);
+        lineEdit->setAccessibleDescription(QString());
         lineEdit->setProperty(PREVIOUS_TEXT, lineEdit->text());
     } else {
         removeLineFeeds(lineEdit, validatorText.trimmed());
         tmpModel->setErrorCode(tIndex, DE_SYNTAX_ERR);
+        lineEdit->setAccessibleDescription(lineEdit->property(ERROR_TIP).toString());
     }
 }
 

@@ -1,5 +1,6 @@
 // Validates the text of a line edit at each keystroke, without rejecting any. The result goes to
-// the model as the error code of the edited cell, so that its mark and the error counters follow.
+// the model as the error code of the edited cell, so that its mark and the error counters follow,
+// and to screen readers as the line edit's description.
 #pragma once
 
 #include <QModelIndex>

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void twoDigitsFitInAnyFont();
     void fileComboBoxHasTheFocus();
     void tabVisitsEveryField();
+    void fieldsHaveNames();
 
     void listsFilesBeforeThoseOfSubdirectories();
     void listsOnlyFilesWithTheName();
@@ -312,6 +313,18 @@ void tst_AsamspecsSelect::tabVisitsEveryField()
         const QStringList round = roundFromFocus(key, fields);
         QCOMPARE(visitedBy(key, fields), round);
     }
+}
+
+void tst_AsamspecsSelect::fieldsHaveNames()
+{
+    showFor(ENGINE);
+    QCOMPARE(namelessFields(dialog()), QStringList());
+    QCOMPARE(labelsWithoutBuddy(dialog()), QStringList());
+    QCOMPARE(labelOf(dialog().fileComboBox()).trimmed(), QStringLiteral("Spec File"));
+    QCOMPARE(labelOf(dialog().ecmComboBox()), QStringLiteral("ECM Instance"));
+    QSpinBox* const number = dialog().extSpinBoxEdit();
+    QCOMPARE(accessibleText(number, QAccessible::Name), QStringLiteral("Extension Number"));
+    QCOMPARE(roleOf(number), QAccessible::SpinBox);
 }
 
 void tst_AsamspecsSelect::listsFilesBeforeThoseOfSubdirectories()

@@ -1,4 +1,5 @@
-// VariableSelectionDialog by keyboard: Tab and Shift+Tab go through its fields.
+// VariableSelectionDialog by keyboard and by a screen reader: Tab and Shift+Tab go through its
+// fields, and each field has a name.
 
 #include <QtTest>
 
@@ -20,6 +21,9 @@ class TestVariableDialogKeys : public DialogTest {
 private Q_SLOTS:
     void tabVisitsEveryField_data();
     void tabVisitsEveryField();
+    void fieldsHaveNames_data();
+    void fieldsHaveNames();
+    void wrongLineHasADescription();
 };
 
 void TestVariableDialogKeys::tabVisitsEveryField_data()
@@ -70,6 +74,52 @@ void TestVariableDialogKeys::tabVisitsEveryField()
         const QStringList round = roundFromFocus(key, fields);
         QCOMPARE(visitedBy(key, fields), round);
     }
+}
+
+void TestVariableDialogKeys::fieldsHaveNames_data()
+{
+    QTest::addColumn<QString>("optionalLabel");
+    QTest::newRow("a variable") << "";
+    for (const char* const label : {"Interval", "Path", "Literal"})
+        QTest::newRow(label) << label;
+}
+
+// On Linux the name of a combo box is its text, and its label is told by a relation.
+void TestVariableDialogKeys::fieldsHaveNames()
+{
+    QFETCH(QString, optionalLabel);
+    make(QT_MARVANE_ANY, optionalLabel);
+    show();
+    QCOMPARE(namelessFields(dialog()), QStringList());
+    QCOMPARE(labelsWithoutBuddy(dialog()), QStringList());
+    const QStringList labels = lines({"Group", "Variable", "SubVariable", "Units"});
+    for (int i = 0; i < labels.size(); ++i) {
+        auto* const field = dialog().findChild<QWidget*>(READING_ORDER[i]);
+        QCOMPARE(labelOf(field), labels[i]);
+        QCOMPARE(roleOf(field), QAccessible::ComboBox);
+    }
+    QCOMPARE(accessibleText(&variables(), QAccessible::Name), QStringLiteral("Variable"));
+    QCOMPARE(accessibleText(dialog().lineEdit(), QAccessible::Name), optionalLabel);
+    QCOMPARE(labelOf(dialog().lineEdit()), optionalLabel);
+    QCOMPARE(roleOf(dialog().lineEdit()), QAccessible::EditableText);
+    QCOMPARE(accessibleText(&okButton(), QAccessible::Name), QStringLiteral("Ok"));
+}
+
+void TestVariableDialogKeys::wrongLineHasADescription()
+{
+    const auto model = modelOfRows(EDIT_TAB1, lines({"@SCRIBON | a | FILLER_TXT"}));
+    make(QT_MARVANE_ANY, QStringLiteral("Path"), model->index(0, 1));
+    show();
+    QLineEdit* const line = dialog().lineEdit();
+    const auto description = [line] { return accessibleText(line, QAccessible::Description); };
+    QTest::keyClicks(line, QStringLiteral("/a b"));
+    QCOMPARE(description(), QStringLiteral("Invalid Path"));
+    QTest::keyClick(line, Qt::Key_Backspace);
+    QTest::keyClick(line, Qt::Key_Backspace);
+    QCOMPARE(line->text(), QStringLiteral("/a"));
+    QCOMPARE(description(), QString());
+    QCOMPARE(line->toolTip(), QString());
+    m_dialog.reset();
 }
 
 #include "area_test.h"

@@ -99,6 +99,7 @@ private Q_SLOTS:
     void marksWrongCells();
     void drawsTheMarkAtTheRight();
     void drawsNoMarkWithoutAValue();
+    void drawsTheMarkOnAnArrow();
     void drawsInTheEditorFont();
     void paintingDoesNotUseTheLexer();
 
@@ -352,6 +353,25 @@ void TestCellPainting::drawsNoMarkWithoutAValue()
     QCOMPARE(leftOfMark(index), CELL_WIDTH);
     model->setData(index, QStringLiteral("a value"));
     QVERIFY(leftOfMark(index) < CELL_WIDTH);
+}
+
+// A channel keyword keeps its arrow when it is wrong. An empty one has no mark.
+void TestCellPainting::drawsTheMarkOnAnArrow()
+{
+    loadGoodFile();
+    TreeModel* const model = modelOf(*m_window, 1);
+    const QModelIndex index = model->index(1, 3);
+    QCOMPARE(index.data(Qt::DecorationRole).type(), QVariant::Icon);
+    QCOMPARE(leftOfMark(index), CELL_WIDTH);
+    model->setErrorCode(index, int(DE_DUPLICATE_ERR));
+    QCOMPARE(index.data(Qt::DecorationRole).type(), QVariant::Icon);
+    const int left = leftOfMark(index);
+    QVERIFY2(left > CELL_WIDTH - 40 && left < CELL_WIDTH, qPrintable(QString::number(left)));
+    for (const char* const nothing : {"FILLER_TXT", " "}) {
+        model->setData(index, QString::fromLatin1(nothing));
+        model->setErrorCode(index, int(DE_SYNTAX_ERR));
+        QCOMPARE(leftOfMark(index), CELL_WIDTH);
+    }
 }
 
 void TestCellPainting::drawsInTheEditorFont()

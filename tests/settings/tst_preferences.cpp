@@ -11,6 +11,7 @@
 #include <QSignalSpy>
 #include <QSpinBox>
 
+#include "form_walk.h"
 #include "preferences.h"
 #include "settings_file.h"
 #include "window_test.h"
@@ -138,6 +139,7 @@ private Q_SLOTS:
     void textsOfTheForm();
     void noTextIsClipped_data();
     void noTextIsClipped();
+    void fieldsHaveNames();
     void isShownAtItsPositionInTheParent();
     void opensWithoutAParent();
 
@@ -297,6 +299,24 @@ void tst_Preferences::noTextIsClipped()
                  qPrintable(child->objectName()));
     }
     QVERIFY(fontBox(&dialog)->width() >= 120);
+}
+
+// The colour is the description of its button, which takes the focus.
+void tst_Preferences::fieldsHaveNames()
+{
+    Preferences dialog;
+    preference_results prefs;
+    prefs.syntaxColor = QColor(QStringLiteral("#12ab34"));
+    dialog.setDefaults(prefs);
+    dialog.show();
+    QCOMPARE(namelessFields(dialog), QStringList());
+    QCOMPARE(labelsWithoutBuddy(dialog), QStringList{QStringLiteral("ColorLabel")});
+    QCOMPARE(labelOf(fontBox(&dialog)), QStringLiteral("Editor Font"));
+    auto* const size = dialog.findChild<QSpinBox*>();
+    QCOMPARE(accessibleText(size, QAccessible::Name), QStringLiteral("Size"));
+    auto* const button = dialog.findChild<QPushButton*>(QStringLiteral("syntaxErrorColorButton"));
+    QCOMPARE(accessibleText(button, QAccessible::Name), QStringLiteral("Syntax Error Color"));
+    QCOMPARE(accessibleText(button, QAccessible::Description), QStringLiteral("#12ab34"));
 }
 
 void tst_Preferences::isShownAtItsPositionInTheParent()
