@@ -117,7 +117,6 @@ private:
     bool mendEcm(const Mark& mark, const Mistake& mistake);
     bool removeRow(const Mark& mark, int tab);
     void saveAndReopen();
-    QVector<QStringList> texts();
 };
 
 bool tst_Mending::removeRow(const Mark& mark, int tab)
@@ -180,17 +179,6 @@ void tst_Mending::mendTab(int tab)
     QVERIFY(marksFromBelow(user.table(tab), tab).isEmpty());
 }
 
-QVector<QStringList> tst_Mending::texts()
-{
-    QVector<QStringList> all;
-    for (int tab = 0; tab < TABS; ++tab) {
-        const SeenTable table = m_user->table(tab);
-        for (int row = 0; row < table.rows.size(); ++row)
-            all.append(table.rowTexts(row));
-    }
-    return all;
-}
-
 void tst_Mending::saveAndReopen()
 {
     User& user = *m_user;
@@ -217,9 +205,9 @@ void tst_Mending::correctingAllErrorsGivesAValidFile()
     }
     QVERIFY(m_user->seesErrors(0, 0));
 
-    const QVector<QStringList> mended = texts();
+    const QVector<QStringList> mended = m_user->texts();
     saveAndReopen();
-    QCOMPARE(texts(), mended);
+    QCOMPARE(m_user->texts(), mended);
     QVERIFY(m_user->seesErrors(0, 0));
     const QByteArray file = readFile(FILE_NAME);
     saveAndReopen();

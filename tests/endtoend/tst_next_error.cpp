@@ -6,7 +6,6 @@
 namespace {
 
 const auto FILE_NAME = QStringLiteral("/specs/scrib_broken");
-constexpr int TABS = 5;
 
 }  // namespace
 
@@ -22,7 +21,6 @@ private:
     bool openBroken();
     bool goes(const QString& keys, const QString& place);
     bool isOnWrongCell();
-    QVector<QStringList> texts();
 };
 
 bool tst_NextError::openBroken()
@@ -50,17 +48,6 @@ bool tst_NextError::isOnWrongCell()
         }
     }
     return false;
-}
-
-QVector<QStringList> tst_NextError::texts()
-{
-    QVector<QStringList> all;
-    for (int tab = 0; tab < TABS; ++tab) {
-        const SeenTable table = m_user->table(tab);
-        for (int row = 0; row < table.rows.size(); ++row)
-            all.append(table.rowTexts(row));
-    }
-    return all;
 }
 
 void tst_NextError::keysVisitEveryWrongCell()
@@ -100,7 +87,7 @@ void tst_NextError::correctedAndUndoneByTheKeyboard()
 {
     QVERIFY(openBroken());
     User& user = *m_user;
-    const QVector<QStringList> before = texts();
+    const QVector<QStringList> before = user.texts();
     QVERIFY(goes(QStringLiteral("F8"), QStringLiteral("1 of 42")));
     QVERIFY(goes(QStringLiteral("F8"), QStringLiteral("2 of 42")));
     const int row = user.table(0).rowOf(QStringLiteral("@SCRIBON"), 0);
@@ -129,7 +116,7 @@ void tst_NextError::correctedAndUndoneByTheKeyboard()
     QVERIFY(user.waitUntil([&] { return user.seesCell(0, row, 1); }));
     QCOMPARE(currentRow(), current);
     QVERIFY(user.seesErrors(19, 42));
-    QCOMPARE(texts(), before);
+    QCOMPARE(user.texts(), before);
 }
 
 #include "area_test.h"

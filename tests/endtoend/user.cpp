@@ -11,6 +11,7 @@ constexpr int RIGHT_BUTTON = 3;
 constexpr int WHEEL_UP = 4;
 constexpr int WHEEL_DOWN = 5;
 constexpr int ARROW_WIDTH = 16;
+constexpr int TABS = 5;
 
 QRect rectOf(const QJsonValue& value)
 {
@@ -108,21 +109,26 @@ bool User::start(const Screen& screen, const QStringList& arguments)
     return m_editor.start(arguments) && fillScreen();
 }
 
-// Double-clicks on the title bar. Tried several times, since the window manager may miss it while
-// it is adding the frame.
 bool User::fillScreen()
 {
-    constexpr int INTO_TITLE_BAR = 8;
-    constexpr int MISSED_MS = 1500;
-    constexpr int MAX_TRIES = 5;
     const auto widget = QStringLiteral("MainWindow");
     if (!waitUntil([&] { return isReady(widget); }))
         return false;
     const int width = windowPlace(widget).width();
+    return clickTitleBarUntil([=] { return windowPlace(widget).width() > width; });
+}
+
+// Double-clicks on the window's title bar. Tried several times, since the window manager may miss
+// it while it is adding the frame.
+bool User::clickTitleBarUntil(const std::function<bool()>& condition)
+{
+    constexpr int INTO_TITLE_BAR = 8;
+    constexpr int MISSED_MS = 1500;
+    constexpr int MAX_TRIES = 5;
     for (int i = 0; i < MAX_TRIES; ++i) {
-        const QRect place = windowPlace(widget);
+        const QRect place = windowPlace(QStringLiteral("MainWindow"));
         m_screen->click({place.center().x(), place.top() + INTO_TITLE_BAR}, 1, 2);
-        if (QTest::qWaitFor([&] { return windowPlace(widget).width() > width; }, MISSED_MS))
+        if (QTest::qWaitFor(condition, MISSED_MS))
             return true;
     }
     return false;
@@ -145,6 +151,17 @@ SeenTable User::table(int tab)
             table.rows.last().append(seenCell(cell));
     }
     return table;
+}
+
+QVector<QStringList> User::texts()
+{
+    QVector<QStringList> all;
+    for (int tab = 0; tab < TABS; ++tab) {
+        const SeenTable seen = table(tab);
+        for (int row = 0; row < seen.rows.size(); ++row)
+            all.append(seen.rowTexts(row));
+    }
+    return all;
 }
 
 QString User::title()
@@ -203,6 +220,12 @@ QRect User::windowPlace(const QString& widgetClass)
         firstOf(look()[QLatin1String("windows")], "class", widgetClass)[QLatin1String("frame")]);
 }
 
+QRect User::contentsPlace(const QString& widgetClass)
+{
+    return rectOf(
+        firstOf(look()[QLatin1String("windows")], "class", widgetClass)[QLatin1String("rect")]);
+}
+
 QString User::boxText()
 {
     return textIn(firstOf(look()[QLatin1String("windows")], "class", QStringLiteral("QMessageBox")),
@@ -225,6 +248,11 @@ QJsonObject User::focus()
 QString User::editorText()
 {
     return textIn(focus(), "text");
+}
+
+QString User::focusName()
+{
+    return textIn(focus(), "name");
 }
 
 QString User::editorSelection()
@@ -469,6 +497,13 @@ void User::clickCloseButton()
     const QRect frame = rectOf(window[QLatin1String("frame")]);
     const int height = rectOf(window[QLatin1String("rect")]).top() - frame.top();
     m_screen->click({frame.right() - height / 2, frame.top() + height / 2});
+}
+
+bool User::leaveFullScreen()
+{
+    const int width = windowPlace(QStringLiteral("MainWindow")).width();
+    return clickTitleBarUntil(
+        [=] { return windowPlace(QStringLiteral("MainWindow")).width() < width; });
 }
 
 bool User::waitForEnd()

@@ -50,6 +50,8 @@ public:
 
     QJsonObject look();
     SeenTable table(int tab);
+    // The texts of all rows of all tabs.
+    QVector<QStringList> texts();
     QString title();
     QString news();
     QString counter();
@@ -67,7 +69,11 @@ public:
     // The text of the visible widget with this object name, and its rectangle.
     QString textOf(const QString& name);
     QRect widgetPlace(const QString& name);
+    // The object name of the widget that has the focus.
+    QString focusName();
+    // The place of a window with its frame, or without.
     QRect windowPlace(const QString& widgetClass);
+    QRect contentsPlace(const QString& widgetClass);
     bool waitUntil(const std::function<bool()>& condition);
     bool seesErrors(int ofTab, int all);
     int currentTab();
@@ -100,6 +106,8 @@ public:
     // The same, by the button in the title bar.
     void clickCloseButton();
     bool waitForEnd();
+    // Makes the maximized window small again, by a double click on its title bar.
+    bool leaveFullScreen();
 
     // ---- Editing ----
 
@@ -124,6 +132,7 @@ private:
     Q_DISABLE_COPY(User)
 
     bool fillScreen();
+    bool clickTitleBarUntil(const std::function<bool()>& condition);
     bool isReady(const QString& widgetClass);
     // The same for the editor of this cell.
     bool isEditing(int tab, int row, int column);
