@@ -38,16 +38,17 @@ bool showsTextWithArrow(const QModelIndex& index)
     return index.data(Qt::DecorationRole).type() == QVariant::Icon && !showsNothing(textOf(index));
 }
 
-// In a corner of the arrow, where no text is.
-void paintMarkOnArrow(QPainter* painter, const QStyleOptionViewItem& option)
+// Above the arrow, where no text is.
+void paintMarkOverArrow(QPainter* painter, const QStyleOptionViewItem& option)
 {
     const QStyle* const style =
         option.widget == nullptr ? QApplication::style() : option.widget->style();
-    QRect place = style->subElementRect(QStyle::SE_ItemViewItemDecoration, &option, option.widget);
-    const QPoint corner = place.bottomLeft();
-    place.setSize(place.size() * 2 / 3);
-    place.moveBottomLeft(corner);
-    errorIcon().paint(painter, place);
+    const QRect arrow =
+        style->subElementRect(QStyle::SE_ItemViewItemDecoration, &option, option.widget);
+    QRect mark(QPoint(), arrow.size() * 3 / 4);
+    mark.moveCenter(arrow.center());
+    mark.moveBottom(arrow.center().y() - arrow.height() / 4);
+    errorIcon().paint(painter, mark);
 }
 
 }  // namespace
@@ -71,7 +72,7 @@ void Antlr3_BaseTreeDelegate::paint(QPainter* painter, const QStyleOptionViewIte
     QStyledItemDelegate::paint(painter, myOption, index);
     if (wrong && showsTextWithArrow(index)) {
         initStyleOption(&myOption, index);
-        paintMarkOnArrow(painter, myOption);
+        paintMarkOverArrow(painter, myOption);
     }
 }
 

@@ -99,7 +99,7 @@ private Q_SLOTS:
     void marksWrongCells();
     void drawsTheMarkAtTheRight();
     void drawsNoMarkWithoutAValue();
-    void drawsTheMarkOnAnArrow();
+    void drawsTheMarkAboveAnArrow();
     void drawsInTheEditorFont();
     void paintingDoesNotUseTheLexer();
 
@@ -356,7 +356,7 @@ void TestCellPainting::drawsNoMarkWithoutAValue()
 }
 
 // A channel keyword keeps its arrow when it is wrong. An empty one has no mark.
-void TestCellPainting::drawsTheMarkOnAnArrow()
+void TestCellPainting::drawsTheMarkAboveAnArrow()
 {
     loadGoodFile();
     TreeModel* const model = modelOf(*m_window, 1);
