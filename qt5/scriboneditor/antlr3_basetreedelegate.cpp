@@ -135,7 +135,7 @@ namespace {
 QString fieldName(const QModelIndex& index)
 {
     const QAbstractItemModel& model = *index.model();
-    const QString title = model.headerData(index.column(), Qt::Horizontal).toString().simplified();
+    QString title = model.headerData(index.column(), Qt::Horizontal).toString().simplified();
     if (tabOfModel(&model) != EDIT_TAB1 || index.column() == KeywordsTab::KEYWORD)
         return title;
     const QString keyword = shownText(textOf(index.siblingAtColumn(KeywordsTab::KEYWORD)));

@@ -26,7 +26,8 @@ public:
     // the parent, and down by so many pixels.
     void moveToCell(int below);
 
-    // Moves the dialog with its title bar into the available area of the screen that holds the cell.
+    // Moves the dialog with its title bar into the available area of the screen that holds the
+    // cell.
     void keepOnScreen() const;
 
 private:

@@ -1,7 +1,7 @@
 // What a screen reader finds in the window: the tables, their cells and the counters.
 
+#include <QSpinBox>
 #include <QStatusBar>
-#include <QTabBar>
 
 #include "form_walk.h"
 #include "window_test.h"
@@ -115,8 +115,8 @@ void tst_WindowAccess::countersHaveTheirLabels()
 {
     loadGoodFile();
     m_window->show();
-    QSpinBox* const ofTab = m_window->statusBar()->findChild<QSpinBox*>(QStringLiteral("tabErrs"));
-    QSpinBox* const ofAll = m_window->statusBar()->findChild<QSpinBox*>(QStringLiteral("errors"));
+    auto* const ofTab = m_window->statusBar()->findChild<QSpinBox*>(QStringLiteral("tabErrs"));
+    auto* const ofAll = m_window->statusBar()->findChild<QSpinBox*>(QStringLiteral("errors"));
     edit(1, 1, 1, QStringLiteral("2nd_speed"));
     tabsOf(*m_window)->setCurrentIndex(1);
     m_window->checkErrorCount();
