@@ -10,6 +10,7 @@
 #include <array>
 
 #include "asamspecs_select.h"
+#include "cell_edits.h"
 #include "cell_text.h"
 #include "editor_access.h"
 #include "keyword_words.h"
@@ -147,9 +148,10 @@ QString fieldName(const QModelIndex& index)
 QWidget* Antlr3_BaseTreeDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                                const QModelIndex& index) const
 {
-    const TabFunctions* const tab = functionsOf(index.model());
+    if (!opensEditor(index))
+        return nullptr;
     QWidget* const editor =
-        tab == nullptr ? nullptr : (this->*tab->createEditor)(parent, option, index);
+        (this->*functionsOf(index.model())->createEditor)(parent, option, index);
     if (editor != nullptr && !editor->isWindow())
         editor->setAccessibleName(fieldName(index));
     return editor;

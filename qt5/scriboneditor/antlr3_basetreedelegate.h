@@ -61,6 +61,7 @@ private:
     // Null if the model is not that of a tab.
     static const TabFunctions* functionsOf(const QAbstractItemModel* model);
 
+    // These are called only for cells that have an editor.
     QWidget* createEditorTab1(QWidget* the_parent, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const;
     QWidget* createEditorTab2(QWidget* the_parent, const QStyleOptionViewItem& option,

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "antlr3_basetreedelegate.h"
+#include "cell_edits.h"
 #include "cell_text.h"
 #include "editor_access.h"
 #include "keyword_words.h"
@@ -22,11 +23,6 @@
 namespace {
 
 constexpr int MAX_SCANS = 1000000;
-
-const ValueKind& valueKindOf(const QModelIndex& index)
-{
-    return valueKind(editorTypeOf(index.siblingAtColumn(KeywordsTab::KEYWORD)));
-}
 
 QStringList wordsLeftFor(const QModelIndex& index)
 {
@@ -120,19 +116,6 @@ QString valueOfDialog(const VariableSelectionDialog& dialog, const VariableChoic
     return dialog.variableComboBox()->currentText();
 }
 
-// The text to store for a row that is a comment or free text. A word that is a keyword without its
-// "@" becomes that keyword; other text stays as typed. Existing behaviour, kept for compatibility:
-// "@mode" becomes "@@MODE", and a comment typed in place of a free text is stored in upper case.
-QString freeTextOrKeyword(const QString& value, int editorType)
-{
-    QString value2 = value;
-    if (!value.isEmpty() && !value.startsWith(QLatin1Char('#')))
-        value2 = QLatin1Char('@') + value.toUpper();
-    int tok_type = 0;
-    const int type = classify(value2, &tok_type);
-    return type != editorType && tok_type != TOKEN_KYWD_DEFAULT ? value2.toUpper() : value;
-}
-
 }  // namespace
 
 // ---- Creating editors --------------------------------------------------------------------------
@@ -192,9 +175,7 @@ QWidget* Antlr3_BaseTreeDelegate::keywordValueEditor(QWidget* the_parent,
 QWidget* Antlr3_BaseTreeDelegate::secondValueEditor(QWidget* the_parent,
                                                     const QModelIndex& index) const
 {
-    const SecondValue& second = valueKindOf(index).second;
-    return second.use >= SecondValueUse::Edited ? lineEditor(the_parent, second.line, index)
-                                                : nullptr;
+    return lineEditor(the_parent, valueKindOf(index).second.line, index);
 }
 
 QWidget* Antlr3_BaseTreeDelegate::lineEditor(QWidget* the_parent, const LineFormat& line,

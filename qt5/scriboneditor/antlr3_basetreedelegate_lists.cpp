@@ -268,9 +268,7 @@ QWidget* Antlr3_BaseTreeDelegate::createEditorTab2(QWidget* the_parent,
     if (column == ScanListTab::MEMBER)
         return statMemberEditor(the_parent);
     const QString variable = textOf(index.siblingAtColumn(ScanListTab::VARIABLE));
-    if (column == ScanListTab::CHANNEL && !variable.isEmpty())
-        return listKeywordEditor(the_parent, Chan_Keywords(variable, index));
-    return nullptr;
+    return listKeywordEditor(the_parent, Chan_Keywords(variable, index));
 }
 
 QWidget* Antlr3_BaseTreeDelegate::statMemberEditor(QWidget* the_parent) const
@@ -353,10 +351,7 @@ QWidget* Antlr3_BaseTreeDelegate::createEditorTab3(QWidget* the_parent,
 {
     if (index.column() == MetaDataTab::VARIABLE)
         return variableEditor(index, QT_MARVANE_ANY, "Literal");
-    const QString keyword = textOf(index);
-    if (index.column() == MetaDataTab::PARAMETER && !keyword.isEmpty())
-        return listKeywordEditor(the_parent, PAM_Keywords(keyword, index));
-    return nullptr;
+    return listKeywordEditor(the_parent, PAM_Keywords(textOf(index), index));
 }
 
 void Antlr3_BaseTreeDelegate::setEditorDataTab3(QWidget* editor, const QModelIndex& index) const
@@ -407,15 +402,10 @@ QWidget* Antlr3_BaseTreeDelegate::createEditorTab4(QWidget* the_parent,
                                                    const QStyleOptionViewItem& /*option*/,
                                                    const QModelIndex& index) const
 {
-    switch (index.column()) {
-        case AuxUserTab::VARIABLE:
-            return variableEditor(index, QT_MARVANE_ANY, "");
-        case AuxUserTab::ALTERNATE_NAME:
-            return get_line_editor(the_parent, ValidatorPatterns[Event_Name_VF], 32,
-                                   "Invalid Variable Name", index);
-        default:
-            return nullptr;
-    }
+    if (index.column() == AuxUserTab::VARIABLE)
+        return variableEditor(index, QT_MARVANE_ANY, "");
+    return get_line_editor(the_parent, ValidatorPatterns[Event_Name_VF], 32,
+                           "Invalid Variable Name", index);
 }
 
 void Antlr3_BaseTreeDelegate::setEditorDataTab4(QWidget* editor, const QModelIndex& index) const
@@ -463,13 +453,10 @@ QWidget* Antlr3_BaseTreeDelegate::createEditorTab5(QWidget* the_parent,
                                                    const QStyleOptionViewItem& /*option*/,
                                                    const QModelIndex& index) const
 {
-    if (index.column() == EcmListTab::INSTANCE && isFreeText(editorTypeOf(index)))
-        return get_line_editor(the_parent, ValidatorPatterns[Comment_VF], 128, "Invalid Comment",
-                               index);
-    if (index.column() == EcmListTab::PATH &&
-        editorTypeOf(index.siblingAtColumn(EcmListTab::INSTANCE)) != COMMENT_LINE)
+    if (index.column() == EcmListTab::PATH)
         return asamEditor(index);
-    return nullptr;
+    return get_line_editor(the_parent, ValidatorPatterns[Comment_VF], 128, "Invalid Comment",
+                           index);
 }
 
 QWidget* Antlr3_BaseTreeDelegate::asamEditor(const QModelIndex& index) const

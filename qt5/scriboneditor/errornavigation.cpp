@@ -1,7 +1,6 @@
 #include "errornavigation.h"
 
 #include <QFontMetrics>
-#include <QLayout>
 #include <QMainWindow>
 #include <QShortcut>
 #include <QStatusBar>
@@ -10,6 +9,7 @@
 #include <utility>
 
 #include "statusbarform.h"
+#include "statusmessage.h"
 #include "tableview.h"
 #include "treemodel.h"
 
@@ -17,9 +17,6 @@ namespace {
 
 constexpr int SHOWN_MS = 10000;
 constexpr int NO_ERRORS_SHOWN_MS = 2000;
-
-// QStatusBar leaves this at the left of a message, and some more at its right.
-constexpr int MESSAGE_MARGINS = 12;
 
 }  // namespace
 
@@ -68,12 +65,7 @@ private:
 
 ErrorNavigation::ErrorNavigation(QMainWindow* window, QTabWidget* tabs, const Views& views,
                                  StatusBarForm* counters, Prepare prepare)
-    : QObject(window),
-      m_window(window),
-      m_tabs(tabs),
-      m_views(views),
-      m_counters(counters),
-      m_prepare(std::move(prepare))
+    : QObject(window), m_window(window), m_tabs(tabs), m_views(views), m_prepare(std::move(prepare))
 {
     addShortcut(Qt::Key_F8, Next);
     addShortcut(Qt::SHIFT + Qt::Key_F8, Previous);
@@ -146,24 +138,13 @@ void ErrorNavigation::tell(const Search& search)
     const QString help =
         cell.data(Qt::ToolTipRole).toString().section(QLatin1Char('\n'), 0, 0).trimmed();
     const QString all = help.isEmpty() ? error : error + QStringLiteral(" - ") + help;
-    const QFontMetrics metrics = m_window->statusBar()->fontMetrics();
-    const int width = messageWidth();
-    const bool fits = metrics.horizontalAdvance(all) <= width;
-    m_window->statusBar()->showMessage(
-        fits ? all : metrics.elidedText(error, Qt::ElideRight, width), SHOWN_MS);
+    QStatusBar* const statusBar = m_window->statusBar();
+    const bool fits = statusBar->fontMetrics().horizontalAdvance(all) <= messageWidth(*statusBar);
+    showFitting(statusBar, fits ? all : error, SHOWN_MS);
 }
 
 void ErrorNavigation::tellOfNone(Scope scope)
 {
     m_window->statusBar()->showMessage(
         scope == InTab ? tr("No errors on this tab") : tr("No errors"), NO_ERRORS_SHOWN_MS);
-}
-
-// Lays out the status bar first: the counters may have got the name of another tab.
-int ErrorNavigation::messageWidth() const
-{
-    if (!m_counters->isVisible())
-        return QWIDGETSIZE_MAX;
-    m_window->statusBar()->layout()->activate();
-    return m_counters->x() - MESSAGE_MARGINS;
 }

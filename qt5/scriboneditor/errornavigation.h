@@ -48,11 +48,9 @@ private:
     void show(const Place& place);
     void tell(const Search& search);
     void tellOfNone(Scope scope);
-    int messageWidth() const;
 
     QMainWindow* m_window;
     QTabWidget* m_tabs;
     Views m_views;
-    StatusBarForm* m_counters;
     Prepare m_prepare;
 };

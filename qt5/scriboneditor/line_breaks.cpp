@@ -2,9 +2,6 @@
 
 #include <QLineEdit>
 
-namespace {
-
-// Whether the text begins with a quote and the next quote of the same kind is its last character.
 bool isQuoted(const QString& text)
 {
     if (!text.startsWith(QLatin1Char('"')) && !text.startsWith(QLatin1Char('\'')))
@@ -16,6 +13,8 @@ QString withoutLineBreaks(QString text)
 {
     return text.remove(QLatin1Char('\n')).remove(QLatin1Char('\r'));
 }
+
+namespace {
 
 // Keeps the cursor behind the same characters.
 void takeOutLineBreaks(QLineEdit* lineEdit)

@@ -6,6 +6,11 @@
 
 class QLineEdit;
 
+// Whether the text begins with a quote and the next quote of the same kind is its last character.
+bool isQuoted(const QString& text);
+
+QString withoutLineBreaks(QString text);
+
 // Removes line breaks from what the user enters. Texts set by setText() are not changed.
 void refuseLineBreaks(QLineEdit* lineEdit);
 

@@ -29,6 +29,7 @@
 #include "errornavigation.h"
 #include "keyword_words.h"
 #include "pagenotice.h"
+#include "rowclipboard.h"
 #include "scribon_keywords.h"
 #include "stat_members.h"
 #include "statusbarform.h"
@@ -217,6 +218,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     addStatusBarForm();
     addErrorNavigation();
     addTextNavigation();
+    addRowClipboard();
     startErrorTimer();
 }
 
@@ -235,6 +237,7 @@ MainWindow::MainWindow(const QString& fileName, QWidget* parent) : QMainWindow(p
         updateActions();
     addErrorNavigation();
     addTextNavigation();
+    addRowClipboard();
     startErrorTimer();
 }
 
@@ -724,6 +727,14 @@ void MainWindow::addErrorNavigation()
     new ErrorNavigation(this, tabWidget, view, statusBarform, [this] {
         commitOpenEditors();
         checkErrorCount();
+        return loadedFile;
+    });
+}
+
+void MainWindow::addRowClipboard()
+{
+    new RowClipboard(this, tabWidget, view, [this] {
+        commitOpenEditors();
         return loadedFile;
     });
 }

@@ -143,6 +143,7 @@ private:
     void addStatusBarForm();
     void addErrorNavigation();
     void addTextNavigation();
+    void addRowClipboard();
     void startErrorTimer();
     void updateErrorCount();
     void showErrorCounts(int tab);

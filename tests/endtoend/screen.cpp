@@ -78,6 +78,16 @@ void Screen::moveTo(const QPoint& place) const
     hand({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
 }
 
+void Screen::hold() const
+{
+    hand({QStringLiteral("mousedown"), QStringLiteral("1")});
+}
+
+void Screen::release() const
+{
+    hand({QStringLiteral("mouseup"), QStringLiteral("1")});
+}
+
 void Screen::press(const QString& keys) const
 {
     hand({QStringLiteral("key"), keys});

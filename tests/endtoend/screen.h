@@ -20,6 +20,9 @@ public:
     // X button numbers: 1 left, 3 right, 4 and 5 the wheel up and down.
     void click(const QPoint& place, int button = 1, int times = 1) const;
     void moveTo(const QPoint& place) const;
+    // Presses or releases the left button where the pointer is.
+    void hold() const;
+    void release() const;
     // X key names, with modifiers as in "ctrl+z".
     void press(const QString& keys) const;
     void type(const QString& text) const;
