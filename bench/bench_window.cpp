@@ -2,6 +2,7 @@
 // undo far off screen, inserting a row, finding a text, starting with a file and opening one.
 
 #include <QApplication>
+#include <QClipboard>
 #include <QFile>
 #include <QFileDialog>
 #include <QKeyEvent>
@@ -15,6 +16,7 @@
 #include "bench_platform.h"
 #include "editor_antlr3.h"
 #include "mainwindow.h"
+#include "rowclipboard.h"
 #include "textnavigation.h"
 #include "treemodel.h"
 
@@ -278,6 +280,26 @@ void findNowhere(benchmark::State& state)
     findLetter(state, QStringLiteral("%"));
 }
 BENCHMARK(findNowhere)->Apply(inFewRounds);
+
+// Ctrl+V of 500 rows in the middle of the list, up to their paint, and its one undo.
+void pasteRowsAndUndo(benchmark::State& state)
+{
+    constexpr int ROWS = 500;
+    ScanList list(fileOf(state));
+    list.goTo(list.lastRow() / 2);
+    QString rows;
+    for (int i = 0; i < ROWS; ++i)
+        rows += QStringLiteral("pasted_%1\t.AV\tPASTED_%1\n").arg(i);
+    QApplication::clipboard()->setText(rows);
+    for (auto _ : state) {
+        list.window().findChild<RowClipboard*>()->paste();
+        QApplication::processEvents();
+        list.window().uStack()->undo();
+        list.window().checkErrorCount();
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(pasteRowsAndUndo)->Apply(inFewRounds);
 
 QString programStyle()
 {
