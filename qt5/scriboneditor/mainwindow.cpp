@@ -27,6 +27,7 @@
 #include "editor_antlr3.h"
 #include "editorundocommand.h"
 #include "errornavigation.h"
+#include "filedrop.h"
 #include "keyword_words.h"
 #include "pagenotice.h"
 #include "rowclipboard.h"
@@ -219,6 +220,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     addErrorNavigation();
     addTextNavigation();
     addRowClipboard();
+    addFileDrop();
     startErrorTimer();
 }
 
@@ -238,6 +240,7 @@ MainWindow::MainWindow(const QString& fileName, QWidget* parent) : QMainWindow(p
     addErrorNavigation();
     addTextNavigation();
     addRowClipboard();
+    addFileDrop();
     startErrorTimer();
 }
 
@@ -570,6 +573,13 @@ void MainWindow::loadChosenFile(const QString& fileName)
     LoadingFile = 0;
 }
 
+void MainWindow::openChosenFile(const QString& fileName)
+{
+    loadChosenFile(fileName);
+    if (loadedFile)
+        fitColumnsRepeatedly();
+}
+
 void MainWindow::newFile()
 {
     if (!maybeSave())
@@ -589,11 +599,8 @@ void MainWindow::open()
         return;
     const QString fileName =
         QFileDialog::getOpenFileName(this, tr("Open File"), SPEC_DIRECTORY, SPEC_FILTER);
-    if (fileName.isEmpty())
-        return;
-    loadChosenFile(fileName);
-    if (loadedFile)
-        fitColumnsRepeatedly();
+    if (!fileName.isEmpty())
+        openChosenFile(fileName);
 }
 
 // ---- Saving ------------------------------------------------------------------------------------
@@ -736,6 +743,14 @@ void MainWindow::addRowClipboard()
     new RowClipboard(this, tabWidget, view, [this] {
         commitOpenEditors();
         return loadedFile;
+    });
+}
+
+void MainWindow::addFileDrop()
+{
+    new FileDrop(this, [this](const QString& fileName) {
+        if (maybeSave())
+            openChosenFile(fileName);
     });
 }
 

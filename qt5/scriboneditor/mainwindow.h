@@ -144,6 +144,7 @@ private:
     void addErrorNavigation();
     void addTextNavigation();
     void addRowClipboard();
+    void addFileDrop();
     void startErrorTimer();
     void updateErrorCount();
     void showErrorCounts(int tab);
@@ -165,6 +166,7 @@ private:
     void setDelegate(int tab, std::unique_ptr<QAbstractItemDelegate> delegate);
     void setCurrentFile(const QString& fileName);
     void loadChosenFile(const QString& fileName);
+    void openChosenFile(const QString& fileName);
     void fitColumns(int tab);
     void fitAllColumns();
     void fitColumnsRepeatedly();
