@@ -66,6 +66,10 @@ double similarity(const QImage& one, const QImage& other)
 class tst_WindowNothingOpen : public WindowTest {
     Q_OBJECT
 
+public:
+    // For the icons.
+    tst_WindowNothingOpen() { Q_INIT_RESOURCE(scriboneditor); }
+
 private Q_SLOTS:
     void emptyPageTellsWhatToDo();
     void refusedFileIsTold();
