@@ -32,6 +32,7 @@
 #include "pagenotice.h"
 #include "rowclipboard.h"
 #include "scribon_keywords.h"
+#include "spokenmodel.h"
 #include "stat_members.h"
 #include "statusbarform.h"
 #include "tableview.h"
@@ -440,9 +441,9 @@ void MainWindow::showDocument(const QString& fileName)
     setCurrentFile(fileName);
     std::array<std::unique_ptr<TreeModel>, TAB_COUNT> made;
     for (int tab = 0; tab < TAB_COUNT; ++tab) {
-        made[static_cast<size_t>(tab)] =
-            std::make_unique<TreeModel>(headersOf(factsOf(tab).editTab), getTree(),
-                                        static_cast<ANTLR3_UINT32>(factsOf(tab).editTab), nullptr);
+        made[static_cast<size_t>(tab)] = std::make_unique<SpokenModel>(
+            headersOf(factsOf(tab).editTab), getTree(),
+            static_cast<ANTLR3_UINT32>(factsOf(tab).editTab), nullptr);
     }
     for (int tab = 0; tab < TAB_COUNT; ++tab)
         showModel(tab, std::move(made[static_cast<size_t>(tab)]));

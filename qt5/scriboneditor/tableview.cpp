@@ -101,7 +101,7 @@ int TableView::pageUp(int row, int top) const
 
 // QTreeView adds up the heights of all rows between the viewport and a current row that was
 // scrolled out of sight.
-QModelIndex TableView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+QModelIndex TableView::cursorAfter(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
     const QModelIndex current = currentIndex();
     const QModelIndex top = indexAt(viewport()->rect().topLeft());
@@ -186,7 +186,7 @@ QModelIndex TableView::moveCursor(CursorAction action, Qt::KeyboardModifiers mod
     const bool sideways = action == MoveLeft || action == MoveRight;
     const bool goesOn = !sideways && current == m_spannedStop && isSpanned(current);
     const int column = goesOn ? m_columnBeforeStop : current.column();
-    const QModelIndex next = QTreeView::moveCursor(action, modifiers);
+    const QModelIndex next = cursorAfter(action, modifiers);
     if (!isSpanned(next))
         return goesOn ? next.siblingAtColumn(column) : next;
     const QModelIndex stop = next.siblingAtColumn(0);

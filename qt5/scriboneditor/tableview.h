@@ -33,8 +33,6 @@ public Q_SLOTS:
 protected:
     int sizeHintForColumn(int column) const override;
 
-    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
-
     // In rows, since pixels would take the height of each row above.
     int verticalOffset() const override;
 
@@ -58,6 +56,9 @@ private:
     Conditions conditions() const;
     QRect nearRect(const QModelIndex& index) const;
     bool isSpanned(const QModelIndex& index) const;
+
+    // QTreeView::moveCursor(), at once from any row.
+    QModelIndex cursorAfter(CursorAction action, Qt::KeyboardModifiers modifiers);
 
     int heightOf(int row) const;
     int rowPageBelow(int row, int height) const;

@@ -157,10 +157,6 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const
             return decoration(index);
         case Qt::ToolTipRole:
             return toolTip(index);
-        case Qt::AccessibleTextRole:
-            return accessibleText(index);
-        case Qt::AccessibleDescriptionRole:
-            return errorText(index);
         default:
             return {};
     }

@@ -151,7 +151,6 @@ private:
     QVariant decoration(const QModelIndex& index) const;
     QVariant keywordToolTip(const QModelIndex& index) const;
     QVariant toolTip(const QModelIndex& index) const;
-    QString accessibleText(const QModelIndex& index) const;
 
     bool startPass();
     bool startListPass(int keywordEditor);

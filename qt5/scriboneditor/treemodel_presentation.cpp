@@ -208,13 +208,6 @@ QVariant TreeModel::toolTip(const QModelIndex& index) const
     return tip.isEmpty() ? QVariant() : tip;
 }
 
-// Never empty: Qt would take the stored text instead, such as a placeholder.
-QString TreeModel::accessibleText(const QModelIndex& index) const
-{
-    const QString text = shownText(index.data(Qt::DisplayRole).toString());
-    return text.trimmed().isEmpty() ? QStringLiteral("Empty") : text;
-}
-
 QString TreeModel::errorText(const QModelIndex& index) const
 {
     const int code = errorCode(index).toInt();

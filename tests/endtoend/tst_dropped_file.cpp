@@ -55,7 +55,7 @@ void tst_DroppedFile::fileIsOpened()
     QVERIFY(openFull());
     NeighbourProcess files(m_screen);
     const QPoint place =
-        overTable ? overTheTable() : m_user->placeOfWidget(QStringLiteral("errors")).center();
+        overTable ? overTheTable() : m_user->widgetPlace(QStringLiteral("errors")).center();
     QVERIFY(files.drag({urlOf(SMALL)}, place));
     QVERIFY(files.isTaken());
     QVERIFY(files.drop());
