@@ -1,6 +1,5 @@
 #include "pastedrows.h"
 
-#include <QCoreApplication>
 #include <algorithm>
 
 #include "cell_edits.h"
@@ -14,11 +13,6 @@ namespace {
 
 // The time grows with the square of the number of rows; this many take one or two seconds.
 constexpr int MAX_PASTED_ROWS = 5000;
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("PastedRows", text);
-}
 
 bool isBlank(const QStringList& line)
 {
@@ -82,13 +76,13 @@ QString addRow(int tab, int columns, const QStringList& fields, QVector<QStringL
 {
     const int number = rows->size() + 1;
     if (fields.size() > columns) {
-        const QString reason = tr("Row %1 has %2 fields, not %3: not pasted");
+        const QString reason = PastedRows::tr("Row %1 has %2 fields, not %3: not pasted");
         return reason.arg(number).arg(fields.size()).arg(columns);
     }
     const bool comment = isComment(fields);
     rows->append(comment ? commentRow(columns, fields) : entryRow(tab, fields));
     if (tab == EDIT_TAB1 && !comment && hasForeignValue(rows->last()))
-        return tr("Row %1 has too many values: not pasted").arg(number);
+        return PastedRows::tr("Row %1 has too many values: not pasted").arg(number);
     return tooLong(longestOf(rows->last()));
 }
 
@@ -101,7 +95,8 @@ int firstColumnOf(int tab)
 
 QString tooLong(int length)
 {
-    return length > MAX_PASTED_LENGTH ? tr("A text is too long: not pasted") : QString();
+    return length > MAX_PASTED_LENGTH ? PastedRows::tr("A text is too long: not pasted")
+                                      : QString();
 }
 
 QString onlyField(const QVector<QStringList>& lines)
@@ -115,7 +110,7 @@ PastedRows pastedRows(int tab, const QVector<QStringList>& lines)
     const int columns = NumberOfColumns[static_cast<size_t>(tab - EDIT_TAB1)] - firstColumnOf(tab);
     const QVector<QStringList> filled = withoutBlankLines(lines);
     if (filled.size() > MAX_PASTED_ROWS)
-        return {{}, tr("More than %1 rows: not pasted").arg(MAX_PASTED_ROWS)};
+        return {{}, PastedRows::tr("More than %1 rows: not pasted").arg(MAX_PASTED_ROWS)};
     PastedRows pasted;
     for (const QStringList& fields : filled) {
         pasted.refusal = addRow(tab, columns, fields, &pasted.rows);

@@ -1,6 +1,7 @@
 // Makes the texts of new rows of the fields that a user pastes.
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -8,6 +9,9 @@
 // Either the texts, by the columns that the user sees, or why all of it is refused, for the status
 // bar. An empty text stands for a cell that stays as in an inserted row.
 struct PastedRows {
+    Q_DECLARE_TR_FUNCTIONS(PastedRows)
+
+public:
     QVector<QStringList> rows;
     QString refusal;
 };
