@@ -28,8 +28,8 @@ int preload_file(const char* filename);
 int read_file(const char* filename);
 
 // Resets the state of the parse to that of a new process. Existing behaviour, kept for
-// compatibility: the state that a file leaves decides how the next one is read. A program that reads
-// many files, each as if it were the first, calls this before each.
+// compatibility: the state that a file leaves decides how the next one is read. A program that
+// reads many files, each as if it were the first, calls this before each.
 void resetParseState();
 
 // Frees parser, lexer, input and token stream, if there are any, and with them the tree.
