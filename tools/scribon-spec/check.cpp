@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "cellfindings.h"
+#include "livefindings.h"
 #include "lossfindings.h"
 #include "savefindings.h"
 
@@ -47,7 +48,7 @@ void addEncoding(const SpecFile& file, std::vector<Finding>* findings)
     findings->push_back(finding);
 }
 
-void addOfLoaded(const SpecFile& file, FileReport* report)
+void addOfLoaded(const SpecFile& file, const CheckOptions& options, FileReport* report)
 {
     report->loads = true;
     for (int tab = 0; tab < TAB_COUNT; ++tab)
@@ -56,6 +57,10 @@ void addOfLoaded(const SpecFile& file, FileReport* report)
     addMissingKeywords(file, &report->findings);
     addLosses(file, &report->findings);
     addSaveFindings(file, &report->findings);
+    if (options.cell != nullptr)
+        addLiveFindings(file, *options.cell, &report->findings);
+    if (options.offers != nullptr)
+        addListFindings(file, *options.offers, &report->findings);
 }
 
 // Findings without a place come first.
@@ -83,7 +88,7 @@ FileReport checkFile(const SpecFile& file, const CheckOptions& options)
     FileReport report;
     report.name = file.name();
     if (file.state() == SpecFile::State::Loaded)
-        addOfLoaded(file, &report);
+        addOfLoaded(file, options, &report);
     else
         addRefusal(file, &report.findings);
     addEncoding(file, &report.findings);

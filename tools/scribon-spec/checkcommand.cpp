@@ -4,6 +4,7 @@
 
 #include <cstdio>
 
+#include "celloptions.h"
 #include "check.h"
 #include "commands.h"
 #include "inputs.h"
@@ -30,6 +31,7 @@ void addOptions(QCommandLineParser* parser)
          {DISABLE, QStringLiteral("Do not report this rule."), rule},
          {AS_ERROR, QStringLiteral("Report this rule as an error."), rule},
          {AS_WARNING, QStringLiteral("Report this rule as a warning."), rule}});
+    CellOptions::addTo(parser);
     parser->addPositionalArgument(QStringLiteral("FILE"),
                                   QStringLiteral("Spec files, folders, or - for standard input."),
                                   QStringLiteral("FILE..."));
@@ -106,7 +108,11 @@ int runCheck(const QStringList& arguments)
     const QStringList files = inputFiles(parser.positionalArguments());
     if (files.isEmpty())
         return complain(QStringLiteral("no files to check"));
-    return statusOf(checkAll(files, options, *report), failOn == AS_WARNING);
+    CellOptions cell;
+    if (!cell.read(parser, &options))
+        return EXIT_TROUBLE;
+    const Totals totals = checkAll(files, options, *report);
+    return cell.isStillGood() ? statusOf(totals, failOn == AS_WARNING) : EXIT_TROUBLE;
 }
 
 int runRules(const QStringList& arguments)
