@@ -152,15 +152,15 @@ void tst_SpecCell::findings_data()
         {"10:15 wrong-units: P_OIL is not for values in RPM"});
 
     row("unknown parameter", "@META_DATA\nTEST_PLACE cell_name",
-        {"10:1 unknown-parameter: the test cell has no parameter keyword TEST_PLACE"});
+        {"10:1 unknown-parameter: the test cell has no PAM keyword TEST_PLACE"});
     row("misspelt parameter", "@META_DATA\nTEST_CEL cell_name",
-        {"10:1 unknown-parameter: the test cell has no parameter keyword TEST_CEL Did you mean TEST_CELL?"});
+        {"10:1 unknown-parameter: the test cell has no PAM keyword TEST_CEL Did you mean TEST_CELL?"});
     row("channel for a parameter", "@META_DATA\nN_ENG cell_name",
-        {"10:1 unknown-parameter: the test cell has no parameter keyword N_ENG"});
+        {"10:1 unknown-parameter: the test cell has no PAM keyword N_ENG"});
     row("parameter for other units", "@META_DATA\nBORE@2 eng_speed",
         {"10:1 wrong-units: BORE@2 is not for values in RPM"});
     row("parameter of a text", "@META_DATA\nTEST_CEL 'cell 4'",
-        {"10:1 unknown-parameter: the test cell has no parameter keyword TEST_CEL Did you mean TEST_CELL?"});
+        {"10:1 unknown-parameter: the test cell has no PAM keyword TEST_CEL Did you mean TEST_CELL?"});
 
     row("both cells of a row", "@SCAN_LIST\neng_sped NENG",
         {"10:1 unknown-variable: the test cell has no variable eng_sped Did you mean eng_speed?",

@@ -307,7 +307,7 @@ private:
         const bool isChannel = kind == CHANNEL_KEYWORD;
         add(place, isChannel ? Rule::UnknownChannel : Rule::UnknownParameter,
             QStringLiteral("the test cell has no %1 keyword %2")
-                .arg(isChannel ? QStringLiteral("channel") : QStringLiteral("parameter"), keyword),
+                .arg(isChannel ? QStringLiteral("channel") : QStringLiteral("PAM"), keyword),
             didYouMean(m_cell.nearestKeyword(keyword, kind)));
     }
 
