@@ -235,21 +235,21 @@ namespace {
 
 struct KeywordNeed {
     const char* keyword;
-    const char* kinds;  // the first letters of the kinds that it takes
+    char kind;
     const char* needs;
 };
 
 constexpr std::array<KeywordNeed, 10> KEYWORD_NEEDS{{
-    {"@ENABLE", "L", "a logical"},
-    {"@LOGGING_ACTIVE_LABEL", "L", "a logical"},
-    {"@GROUP", "S", "a string"},
-    {"@MODE", "S", "a string"},
-    {"@PROGRAM", "S", "a string"},
-    {"@TEST_ID", "S", "a string"},
-    {"@TEST_TYPE", "S", "a string"},
-    {"@OUTPUT_PATH", "S", "a string"},
-    {"@META_HEADER_FILENAME", "S", "a string"},
-    {"@SCAN_INTERVAL", "I", "an integer"},
+    {"@ENABLE", 'L', "a logical"},
+    {"@LOGGING_ACTIVE_LABEL", 'L', "a logical"},
+    {"@GROUP", 'S', "a string"},
+    {"@MODE", 'S', "a string"},
+    {"@PROGRAM", 'S', "a string"},
+    {"@TEST_ID", 'S', "a string"},
+    {"@TEST_TYPE", 'S', "a string"},
+    {"@OUTPUT_PATH", 'S', "a string"},
+    {"@META_HEADER_FILENAME", 'S', "a string"},
+    {"@SCAN_INTERVAL", 'I', "an integer"},
 }};
 
 struct KindOfVariable {
@@ -284,10 +284,11 @@ void tst_SpecCell::kindsOfKeywords_data()
         for (const KindOfVariable& variable : KINDS_OF_VARIABLES) {
             const QByteArray statement = QByteArray(need.keyword) + ' ' + variable.text;
             QStringList messages;
-            if (need.kinds[0] != variable.kind)
+            if (need.kind != variable.kind) {
                 messages.append(QStringLiteral("wrong-kind: %1 is not %2 variable, which %3 needs")
                                     .arg(QLatin1String(variable.name), QLatin1String(need.needs),
                                          QLatin1String(need.keyword)));
+            }
             QTest::newRow(statement.constData()) << "@SCRIBON kinds\n" + statement + '\n'
                                                  << messages;
         }
@@ -344,10 +345,11 @@ void tst_SpecCell::lists()
     QFETCH(QByteArray, list);
     QFETCH(QString, hint);
     QStringList expected;
-    if (!hint.isNull())
+    if (!hint.isNull()) {
         expected.append(
             QStringLiteral("10:3 unknown-list: no asam3_specs file offers the list %1%2")
                 .arg(QString::fromLatin1(list), hint));
+    }
     const EcmOffers offers(examples());
     const QByteArray spec = cellSpec("@ECM_LIST\n1 " + list + "\n# 2 /x:y:1\n3\n4 /specs/x");
     QCOMPARE(cellFindings(spec, nullptr, &offers), expected);

@@ -67,10 +67,11 @@ void tst_SpecCellExamples::examples()
 void tst_SpecCellExamples::largeExampleHasItsVariables()
 {
     const QString path = qEnvironmentVariable("SCRIBON_EXAMPLES") + QStringLiteral("/scrib_large");
-    for (const QString& finding : cellFindings(SpecFile::read(path), &*m_cell, &*m_offers))
+    for (const QString& finding : cellFindings(SpecFile::read(path), &*m_cell, &*m_offers)) {
         QVERIFY2(finding.contains(QLatin1String(" unknown-channel: ")) ||
                      finding.contains(QLatin1String(" unknown-list: ")),
                  qPrintable(finding));
+    }
 }
 
 #include "area_test.h"

@@ -180,21 +180,27 @@ private:
             return {};
         const VariableText variable(text);
         const QString name = knownName(variable.name);
-        if (name.isEmpty()) {
-            add(place, Rule::UnknownVariable,
-                QStringLiteral("the test cell has no variable %1").arg(variable.name),
-                didYouMean(nearestTo(variable.name, need.kinds)));
-            return {};
-        }
+        if (!name.isEmpty())
+            return checkKnownVariable(place, variable, name, need);
+        add(place, Rule::UnknownVariable,
+            QStringLiteral("the test cell has no variable %1").arg(variable.name),
+            didYouMean(nearestTo(variable.name, need.kinds)));
+        return {};
+    }
+
+    ValueUnits checkKnownVariable(const CellPlace& place, const VariableText& variable,
+                                  const QString& name, const Need& need)
+    {
         const QString rest = variable.name.mid(name.size());
         checkKind(place, name, rest, need);
-        const bool isMember = rest.startsWith(QLatin1Char('.'));
-        if (isMember)
+        if (rest.startsWith(QLatin1Char('.'))) {
             checkMember(place, name, rest.mid(1).section(QLatin1Char(':'), 0, 0));
-        const ValueUnits units{isMember ? QByteArray() : unitsOfVariable(name),
-                               variable.units.toLocal8Bit()};
-        if (variable.hasUnits)
-            checkUnits(place, variable, isMember ? QString() : name, units);
+            checkUnits(place, variable, {});
+            return {};
+        }
+        ValueUnits units{unitsOfVariable(name), variable.units.toLocal8Bit()};
+        if (checkUnits(place, variable, units.own))
+            checkDimension(place, name, units);
         return units;
     }
 
@@ -238,37 +244,53 @@ private:
     void checkMember(const CellPlace& place, const QString& name, const QString& member)
     {
         const QStringList members = membersOf(name, QT_MARVANE_ANY);
-        if (members.contains(member))
-            return;
-        if (!members.isEmpty())
+        if (members.isEmpty()) {
+            add(place, Rule::UnknownMember, QStringLiteral("%1 has no members").arg(name),
+                hintForMember(place.tab, member));
+        } else if (!members.contains(member)) {
             add(place, Rule::UnknownMember, QStringLiteral("%1 has no member %2").arg(name, member),
                 didYouMean(NearestName(members).nearestTo(member)));
-        else
-            add(place, Rule::UnknownMember, QStringLiteral("%1 has no members").arg(name),
-                place.tab == DE_TAB2 && isStatisticalMember(member)
-                    ? QStringLiteral("A statistical member has a column of its own.")
-                    : QString());
+        }
     }
 
-    // The name is empty for a member, whose own units the platform does not tell.
-    void checkUnits(const CellPlace& place, const VariableText& variable, const QString& name,
-                    const ValueUnits& units)
+    static QString hintForMember(int tab, const QString& member)
     {
-        if (!variable.isClosed)
+        return tab == DE_TAB2 && isStatisticalMember(member)
+                   ? QStringLiteral("A statistical member has a column of its own.")
+                   : QString();
+    }
+
+    // Whether there are units and the cell knows them.
+    bool checkUnits(const CellPlace& place, const VariableText& variable, const QByteArray& own)
+    {
+        const QString& units = variable.units;
+        if (!variable.hasUnits)
+            return false;
+        if (variable.isClosed && !knownUnitsLike(units.toLocal8Bit()).isEmpty())
+            return true;
+        if (!variable.isClosed) {
             add(place, Rule::UnknownUnits, QStringLiteral("no ] behind the units"));
-        else if (variable.units.isEmpty())
+        } else if (units.isEmpty()) {
             add(place, Rule::UnknownUnits, QStringLiteral("no units between the brackets"));
-        else if (knownUnitsLike(units.typed).isEmpty())
+        } else {
             add(place, Rule::UnknownUnits,
-                QStringLiteral("the test cell has no units %1").arg(variable.units),
-                hintForUnits(variable.units, units.own));
-        else if (!name.isEmpty() && units.own.isEmpty())
+                QStringLiteral("the test cell has no units %1").arg(units),
+                hintForUnits(units, own));
+        }
+        return false;
+    }
+
+    void checkDimension(const CellPlace& place, const QString& name, const ValueUnits& units)
+    {
+        if (units.own.isEmpty()) {
             add(place, Rule::WrongUnits, QStringLiteral("%1 has no units").arg(name));
-        else if (!name.isEmpty() && !areOfOneDimension(units.own, units.typed))
+        } else if (!areOfOneDimension(units.own, units.typed)) {
             add(place, Rule::WrongUnits,
                 QStringLiteral("%1 are no units for %2, which is in %3")
-                    .arg(variable.units, name, QString::fromLocal8Bit(units.own)),
+                    .arg(QString::fromLocal8Bit(units.typed), name,
+                         QString::fromLocal8Bit(units.own)),
                 unitsThatFit(units.own));
+        }
     }
 
     static QString hintForUnits(const QString& units, const QByteArray& own)
@@ -285,7 +307,7 @@ private:
                    : QStringLiteral("Units that fit: %1.").arg(fitting.join(QStringLiteral(", ")));
     }
 
-    // A number behind "@" is not part of the keyword.
+    // What stands behind "@" is not part of the keyword.
     void checkKeyword(const CellPlace& place, int kind, const ValueUnits& units)
     {
         const QString text = textToCheck(m_file, place);
@@ -294,12 +316,13 @@ private:
         QList<int> codes = m_cell.unitsOfKeyword(text, kind);
         if (codes.isEmpty())
             codes = m_cell.unitsOfKeyword(text.section(QLatin1Char('@'), 0, 0), kind);
-        if (codes.isEmpty())
+        if (codes.isEmpty()) {
             addUnknownKeyword(place, kind, text);
-        else if (!isForUnits(codes, units))
+        } else if (!isForUnits(codes, units)) {
             add(place, Rule::WrongUnits,
                 QStringLiteral("%1 is not for values in %2")
                     .arg(text, QString::fromLocal8Bit(units.own)));
+        }
     }
 
     void addUnknownKeyword(const CellPlace& place, int kind, const QString& keyword)

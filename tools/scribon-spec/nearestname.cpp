@@ -39,7 +39,7 @@ private:
         if (begin == end || begin->folded.size() == depth)
             return begin != end && rowOf(depth).back() <= m_limit ? &*begin : nullptr;
         while (begin != end) {
-            const Iterator next = endOfLetter(begin, end, depth);
+            const auto next = endOfLetter(begin, end, depth);
             if (compare(begin->folded, depth)) {
                 if (const Name* const found = descend(begin, next, depth + 1))
                     return found;
