@@ -204,6 +204,7 @@ void tst_SpecCell::goodRows_data()
     row("units in lower case", "@SCAN_LIST\neng_speed[hz] N_ENG");
     row("channel for the units asked for", "@SCAN_LIST\noil_press[MPA] P_RAIL");
     row("channel without units", "@SCAN_LIST\neng_speed STATE");
+    row("channel without units, others asked for", "@SCAN_LIST\neng_speed[HZ] STATE");
     row("variable without units", "@SCAN_LIST\neng_running P_OIL");
     row("member in other units", "@SCAN_LIST\neng_speed .NM P_OIL");
     row("channel or parameter",
@@ -219,7 +220,9 @@ void tst_SpecCell::goodRows_data()
     row("comments",
         "@SCAN_LIST\n# eng_sped NENG\neng_speed N_ENG\n"
         "                                     # eng_sped NENG\n"
-        "@META_DATA\n# TEST_CEL eng_sped\n@SCAN_LIST_AUX_USER\n# eng_sped x\n#@ENABLE\n#x");
+        "@META_DATA\n# TEST_CEL eng_sped\n                                     # far "
+        "right\n@SCAN_LIST_AUX_USER\n# eng_sped x\n#@ENABLE\n#x");
+    row("no value", "@ENABLE\n@SCAN_INTERVAL\n@OUTPUT_PATH\n");
     row("wrong by itself",
         "@ENABLE 5\n@SCAN_LIST\n2nd N-ENG\neng_speed\n"
         "@META_DATA\nTEST-CELL .AV\n@SCAN_LIST_AUX_USER\n'eng_sped' x");

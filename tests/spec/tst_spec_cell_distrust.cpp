@@ -40,6 +40,7 @@ private Q_SLOTS:
     void nonsenseInKeywords();
     void keywordWithoutATerminatingZero();
     void nonsenseInVariables();
+    void variableThatIsNotListed();
     void endsWithThePlatform();
     void noPlatform();
 
@@ -103,6 +104,19 @@ void tst_SpecCellDistrust::nonsenseInVariables()
     QVERIFY(LiveCell::join());
     const LiveCell cell;
     QVERIFY(cellFindings(wrongNames(), &cell).contains(NO_VARIABLE));
+}
+
+// Without the area of general reals the editor lists no general variable, but the platform finds
+// it. Nobody knows of which kind it is.
+void tst_SpecCellDistrust::variableThatIsNotListed()
+{
+    DeskProcess desk;
+    QVERIFY(desk.startWith(R"({"areas":{"GU_LOGICAL_MEM":{"logical":[{"label":"flag"}]}}})"));
+    QVERIFY(LiveCell::join());
+    const LiveCell cell;
+    QCOMPARE(
+        cellFindings("@SCRIBON x\n@GROUP flag\n@MODE flug\n", &cell),
+        QStringList{QStringLiteral("3:7 unknown-variable: the test cell has no variable flug")});
 }
 
 // The editor would end with status 0.

@@ -17,12 +17,10 @@ bool holds(const QSet<QString>& names, const QString& name)
     return names.contains(name) || names.contains(name + QLatin1Char('.'));
 }
 
-// The platform's functions read no more of a name.
 bool isKnownToPlatform(const QString& name)
 {
-    const QByteArray label = name.toLocal8Bit();
     SHARED_MEMORY mem{};
-    return label.size() <= MARVANE_LABEL_SIZE && find_variable(label.constData(), &mem) == 0;
+    return find_variable(name.toLocal8Bit().constData(), &mem) == 0;
 }
 
 // In place of the editor's plain exit, whose status would tell that all files are good.

@@ -98,12 +98,6 @@ struct ValueUnits {
     QByteArray typed;
 };
 
-// The platform would find units by the first bytes of a longer text.
-QStringList knownUnitsLike(const QByteArray& units)
-{
-    return units.size() <= static_cast<int>(sizeof(UNITS_NAME)) ? unitsLike(units) : QStringList();
-}
-
 bool areOfOneDimension(const QByteArray& a, const QByteArray& b)
 {
     const QStringList likeA = unitsLike(a);
@@ -266,7 +260,7 @@ private:
         const QString& units = variable.units;
         if (!variable.hasUnits)
             return false;
-        if (variable.isClosed && !knownUnitsLike(units.toLocal8Bit()).isEmpty())
+        if (variable.isClosed && !unitsLike(units.toLocal8Bit()).isEmpty())
             return true;
         if (!variable.isClosed) {
             add(place, Rule::UnknownUnits, QStringLiteral("no ] behind the units"));
@@ -334,10 +328,11 @@ private:
             didYouMean(m_cell.nearestKeyword(keyword, kind)));
     }
 
-    // A keyword without units takes any value.
+    // A keyword without units takes any value, and any keyword takes one without units.
     static bool isForUnits(const QList<int>& codes, const ValueUnits& units)
     {
-        return codes.contains(0) || units.own.isEmpty() || codes.contains(codeOfUnits(units.own)) ||
+        const int own = codeOfUnits(units.own);
+        return own == 0 || codes.contains(0) || codes.contains(own) ||
                codes.contains(codeOfUnits(units.typed));
     }
 
