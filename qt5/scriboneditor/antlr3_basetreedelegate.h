@@ -7,7 +7,6 @@
 #include <QStyledItemDelegate>
 #include <cstddef>
 
-#include "marvane_headers.h"
 
 class QComboBox;
 struct LineFormat;
@@ -148,6 +147,3 @@ private:
     QWidget* listKeywordEditor(QWidget* the_parent, const QStringList& keywords) const;
     QWidget* asamEditor(const QModelIndex& index) const;
 };
-
-// The platform's keyword area. Null until it is first needed; never detached.
-extern const KEYWORD_MEMORY* Keyword_memory;

@@ -7,19 +7,18 @@
 #include <QLineEdit>
 #include <QSpinBox>
 #include <algorithm>
-#include <cstring>
 
 #include "antlr3_basetreedelegate.h"
 #include "asamspecs_select.h"
 #include "cell_text.h"
 #include "editor_access.h"
 #include "line_breaks.h"
+#include "platformkeywords.h"
+#include "platformunits.h"
 #include "stat_members.h"
 #include "treeitem.h"
 #include "validatorformat.h"
 #include "variableselectiondialog.h"
-
-const KEYWORD_MEMORY* Keyword_memory = nullptr;
 
 namespace {
 
@@ -126,15 +125,6 @@ void storeAlternateName(QAbstractItemModel* model, const QModelIndex& index, con
 
 // ---- The platform's keywords -------------------------------------------------------------------
 
-// Attaches the keyword area at the first call. False if there is none.
-bool linkKeywordMemory()
-{
-    void* area = nullptr;
-    if (Keyword_memory == nullptr && link_to_memory(KEYWORD_MEM, &area) != 0)
-        Keyword_memory = static_cast<const KEYWORD_MEMORY*>(area);
-    return Keyword_memory != nullptr;
-}
-
 // Always empty, unless the units are longer than 93 characters: chop() takes the character code of
 // ']' as a count. So only the variable's own units decide which keywords are offered. Existing
 // behaviour, kept for compatibility.
@@ -145,39 +135,18 @@ QString typedUnits(const QString& label)
     return units;
 }
 
-// Empty if the platform does not know the variable.
-QByteArray unitsOfVariable(const QString& label)
-{
-    const QString name = label.section(QLatin1Char('['), 0, 0);
-    SHARED_MEMORY mem{};
-    if (find_variable(name.toLocal8Bit().constData(), &mem) != 0)
-        return {};
-    return get_variable_units(mem);
-}
-
 // 0, which means any units, if none are known.
 int32_t unitsCodeFor(const QString& label)
 {
     QByteArray units = typedUnits(label).toLocal8Bit();
     if (units.isEmpty())
-        units = unitsOfVariable(label);
-    int32_t code = 0;
-    if (!units.isEmpty())
-        units_keyword_to_code(units.constData(), &code);
-    return code;
-}
-
-QString keywordName(const PAM_KEYWORD& entry)
-{
-    return QString::fromUtf8(entry.keyword,
-                             static_cast<int>(strnlen(entry.keyword, sizeof(entry.keyword))));
+        units = unitsOfVariable(label.section(QLatin1Char('['), 0, 0));
+    return codeOfUnits(units);
 }
 
 bool isOffered(const PAM_KEYWORD& entry, int32_t unitsCode, int keywordType)
 {
-    return (unitsCode == 0 || entry.unitscode == unitsCode) &&
-           check_keyword(&entry, static_cast<int16_t>(keywordType)) == 0 &&
-           entry.keyword[0] != '\0';
+    return (unitsCode == 0 || entry.unitscode == unitsCode) && isKeywordOfKind(entry, keywordType);
 }
 
 // The names of the keywords that fit, in the order of the platform's table.

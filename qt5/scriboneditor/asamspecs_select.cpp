@@ -1,50 +1,19 @@
 #include "asamspecs_select.h"
 
-#include <QDir>
 #include <QFileDialog>
 #include <QFontMetrics>
 #include <QLineEdit>
 #include <QShowEvent>
 #include <QStringList>
 
-#include "get_asam3_lists.h"
+#include "asam3files.h"
 #include "ui_asamspecs_select.h"
 
 namespace {
 
 const auto SPEC_DIRECTORY = QStringLiteral("/specs");
-const auto SPEC_PATTERN = QStringLiteral("asam3_specs.*");
 const auto SPEC_FILTER = QStringLiteral("asam3_specs*;;*");
 const auto OTHER_FILE = QStringLiteral("Other");
-
-// Appends the files of the directory whose names match, then those of its subdirectories. Symbolic
-// links are not followed, since they may form a loop.
-void findRecursion(const QString& path, const QString& pattern, QStringList* result)
-{
-    const QDir currentDir(path);
-    const QString prefix = path + QLatin1Char('/');
-    const QStringList files =
-        currentDir.entryList({pattern}, QDir::Files | QDir::NoSymLinks, QDir::NoSort);
-    for (const QString& name : files)
-        result->append(prefix + name);
-    const QStringList directories =
-        currentDir.entryList(QDir::Dirs | QDir::NoSymLinks | QDir::NoDotAndDotDot, QDir::NoSort);
-    for (const QString& name : directories)
-        findRecursion(prefix + name, pattern, result);
-}
-
-// Empty for a file that cannot be read or is not an asam3_specs file.
-QStringList ecmInstancesOf(const QByteArray& fileName)
-{
-    char ecmLists[MAX_ASAM3_LISTS][ASAM3_LIST_SIZE]{};
-    int numLists = 0;
-    QStringList instances;
-    if (get_asam3_lists(fileName.constData(), ecmLists, &numLists) == ASAM3_READ) {
-        for (int i = 0; i < numLists; ++i)
-            instances.append(QString::fromLocal8Bit(ecmLists[i]));
-    }
-    return instances;
-}
 
 // The spin box is always 40 pixels wide. So that two digits fit, the margins of its line edit are
 // removed, and its font is reduced if necessary.
@@ -116,8 +85,7 @@ void asamspecs_select::showEvent(QShowEvent* evt)
     if (evt->spontaneous())
         return;
     m_place.rememberFrame();
-    QStringList files;
-    findRecursion(SPEC_DIRECTORY, SPEC_PATTERN, &files);
+    QStringList files = asam3FilesBelow(SPEC_DIRECTORY);
     if (!origFileName_.isEmpty())
         files.append(origFileName_);
     files.removeDuplicates();

@@ -14,6 +14,7 @@
 #include "editor_antlr3_objects.h"
 #include "scribon_keywords.h"
 #include "scribonspecs_hooks.h"
+#include "scribonspecs_state.h"
 #include "wholefile.h"
 
 pscribonspecsParser Parser = nullptr;
@@ -205,6 +206,14 @@ int read_file(const char* filename)
     return 0;
 }
 
+void resetParseState()
+{
+    ctab = 1;
+    ecm_init = 0;
+    und_mask = 0;
+    num = 0;
+}
+
 int free_resources()
 {
     RuntimePtr<pscribonspecsParser>(std::exchange(Parser, nullptr)).reset();
@@ -220,6 +229,39 @@ int free_resources()
 FileBytes getFileBytes()
 {
     return {fileBytes.data(), fileBytes.size()};
+}
+
+namespace {
+
+// The runtime stores pointers into the buffer as numbers.
+FileRange rangeOfToken(pANTLR3_COMMON_TOKEN token)
+{
+    const auto begin = reinterpret_cast<ANTLR3_MARKER>(fileBytes.data());
+    const auto end = begin + static_cast<ANTLR3_MARKER>(fileBytes.size());
+    const ANTLR3_MARKER start = token == nullptr ? 0 : token->getStartIndex(token);
+    const ANTLR3_MARKER stop = token == nullptr ? 0 : token->getStopIndex(token);
+    if (start < begin || stop < start || stop >= end)
+        return {};
+    return {static_cast<size_t>(start - begin), static_cast<size_t>(stop - start + 1)};
+}
+
+}  // namespace
+
+FileRange rangeOfNode(pANTLR3_BASE_TREE node)
+{
+    return rangeOfToken(node->getToken(node));
+}
+
+// Sections that were added to the tree have the index 0, like the first statement.
+FileRange startOfStatement(pANTLR3_BASE_TREE statement)
+{
+    const ANTLR3_MARKER index = Parser->adaptor->getTokenStartIndex(Parser->adaptor, statement);
+    const pANTLR3_VECTOR tokens = TokenStream->tokens;
+    const bool isFirst = treeChild(0) == statement;
+    if (index < 0 || index >= tokens->count || (index == 0 && !isFirst))
+        return {};
+    return rangeOfToken(
+        static_cast<pANTLR3_COMMON_TOKEN>(tokens->get(tokens, static_cast<ANTLR3_UINT32>(index))));
 }
 
 pANTLR3_BASE_TREE getTree()
@@ -340,6 +382,8 @@ void* AntlrErrorNode(pANTLR3_BASE_TREE_ADAPTOR adaptor, pANTLR3_TOKEN_STREAM /*c
         adaptor->createTypeText(adaptor, TOKEN_INVALID, text->chars));
     const pANTLR3_COMMON_TOKEN own = node->getToken(node);
     own->setText(own, text);
+    own->setStartIndex(own, token->getStartIndex(token));
+    own->setStopIndex(own, token->getStopIndex(token));
     return node;
 }
 

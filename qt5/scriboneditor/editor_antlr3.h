@@ -27,6 +27,11 @@ int preload_file(const char* filename);
 //   -2  if it was parsed, but its first string statement is not @SCRIBON.
 int read_file(const char* filename);
 
+// Resets the state of the parse to that of a new process. Existing behaviour, kept for
+// compatibility: the state that a file leaves decides how the next one is read. A program that
+// reads many files, each as if it were the first, calls this before each.
+void resetParseState();
+
 // Frees parser, lexer, input and token stream, if there are any, and with them the tree.
 // Always returns 0.
 int free_resources();
@@ -41,6 +46,18 @@ struct FileBytes {
     size_t size;
 };
 FileBytes getFileBytes();
+
+// Bytes of the parsed file. Size 0: none.
+struct FileRange {
+    size_t offset = 0;
+    size_t size = 0;
+};
+
+// The bytes that a node stands for. Nodes that only the grammar's rewrite rules make have none.
+FileRange rangeOfNode(pANTLR3_BASE_TREE node);
+
+// The bytes of the first token of a statement. None for a section that the file does not have.
+FileRange startOfStatement(pANTLR3_BASE_TREE statement);
 
 // The number of the root's children, 0 without a tree, and one of them, null if i is out of range.
 ANTLR3_UINT32 treeChildCount();

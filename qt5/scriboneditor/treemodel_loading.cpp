@@ -1,5 +1,6 @@
 // Makes rows of the statements of a tab in the syntax tree.
 
+#include "tabrows.h"
 #include "treeitem.h"
 #include "treemodel.h"
 
@@ -62,37 +63,34 @@ bool belongsToTab(pANTLR3_BASE_TREE statement, ANTLR3_UINT32 tab)
 // cell, then the keyword, then the values.
 class StatementRows {
 public:
-    // The rows become children of parent.
-    StatementRows(TreeItem* parent, int columns, ANTLR3_UINT32 tab, SpecEncoding encoding);
+    StatementRows(ANTLR3_UINT32 tab, SpecEncoding encoding, FileRange place, RowReceiver* receiver);
 
     // Adds the nodes below `tree` as cells, in depth-first order.
     void addItemsBelow(pANTLR3_BASE_TREE tree, int level = 1);
 
 private:
-    void addItem(int editor, const QString& text);
-    void addListItem(int editor, const QString& text);
+    void addItem(pANTLR3_BASE_TREE node, const QString& text);
+    void addListItem(pANTLR3_BASE_TREE node, const QString& text);
     int listColumn(int editor) const;
-    void appendRow();
 
-    TreeItem* m_parent;
-    int m_columns;
     bool m_list;      // one row for the keyword, then one row for each entry
     bool m_scanList;  // entries have a statistical member as second value
     SpecEncoding m_encoding;
-    TreeItem* m_row = nullptr;
+    FileRange m_place;  // of the statement
+    RowReceiver* m_receiver;
     int m_itemCount = 0;
     int m_position = 0;  // of the next value within the current list entry
 };
 
-StatementRows::StatementRows(TreeItem* parent, int columns, ANTLR3_UINT32 tab,
-                             SpecEncoding encoding)
-    : m_parent(parent),
-      m_columns(columns),
-      m_list(tab >= EDIT_TAB2 && tab <= EDIT_TAB5),
+StatementRows::StatementRows(ANTLR3_UINT32 tab, SpecEncoding encoding, FileRange place,
+                             RowReceiver* receiver)
+    : m_list(tab >= EDIT_TAB2 && tab <= EDIT_TAB5),
       m_scanList(tab == EDIT_TAB2),
-      m_encoding(encoding)
+      m_encoding(encoding),
+      m_place(place),
+      m_receiver(receiver)
 {
-    appendRow();
+    m_receiver->appendRow(m_place);
 }
 
 // Existing behaviour, kept for compatibility: texts of the deepest level are not trimmed, and nodes
@@ -104,32 +102,32 @@ void StatementRows::addItemsBelow(pANTLR3_BASE_TREE tree, int level)
         const pANTLR3_BASE_TREE node = childAt(tree, i);
         const QString text = nodeText(node, m_encoding);
         if (!text.isNull())
-            addItem(appGrammerTypeToEditorTypeOrig(node),
-                    level < DEEPEST_LEVEL ? text.trimmed() : text);
+            addItem(node, level < DEEPEST_LEVEL ? text.trimmed() : text);
         if (level < DEEPEST_LEVEL)
             addItemsBelow(node, level + 1);
     }
 }
 
 // Values for which a keyword's row has no column are dropped.
-void StatementRows::addItem(int editor, const QString& text)
+void StatementRows::addItem(pANTLR3_BASE_TREE node, const QString& text)
 {
     const int number = m_itemCount++;
     if (number == 1 || (number > 1 && !m_list))
-        m_row->setData(number - 1, text);
+        m_receiver->setCell(number - 1, text, rangeOfNode(node));
     else if (number > 1)
-        addListItem(editor, text);
+        addListItem(node, text);
 }
 
 // The fillers behind the section's keyword go to the row of the keyword. A plain text as second
 // value completes an entry of any list: on the Scan List it is the channel keyword of an entry
 // without a statistical member.
-void StatementRows::addListItem(int editor, const QString& text)
+void StatementRows::addListItem(pANTLR3_BASE_TREE node, const QString& text)
 {
     constexpr int FIRST_ENTRY_ITEM = 3;
     if (m_position == 0 && m_itemCount > FIRST_ENTRY_ITEM)
-        appendRow();
-    m_row->setData(listColumn(editor), text);
+        m_receiver->appendRow(m_place);
+    const int editor = appGrammerTypeToEditorTypeOrig(node);
+    m_receiver->setCell(listColumn(editor), text, rangeOfNode(node));
     const bool complete = m_position == 1 && editor == TEXT_BLOCK;
     const int slotCount = m_scanList ? 3 : 2;
     m_position = complete ? 0 : (m_position + 1) % slotCount;
@@ -150,27 +148,58 @@ int StatementRows::listColumn(int editor) const
     return member && m_position == 1 ? SECOND_ENTRY_COLUMN : -1;
 }
 
-void StatementRows::appendRow()
-{
-    const int row = m_parent->childCount();
-    m_parent->insertChildren(row, 1, m_columns);
-    m_row = m_parent->child(row);
-}
+// Makes the rows of a model.
+class ItemRows final : public RowReceiver {
+public:
+    // The rows become children of parent.
+    ItemRows(TreeItem* parent, int columns) : m_parent(parent), m_columns(columns) {}
+
+    void appendRow(FileRange /*statement*/) override
+    {
+        const int row = m_parent->childCount();
+        m_parent->insertChildren(row, 1, m_columns);
+        m_row = m_parent->child(row);
+    }
+
+    void setCell(int column, const QString& text, FileRange /*range*/) override
+    {
+        m_row->setData(column, text);
+    }
+
+private:
+    TreeItem* m_parent;
+    int m_columns;
+    TreeItem* m_row = nullptr;
+};
 
 }  // namespace
+
+SpecEncoding encodingOfFile()
+{
+    const FileBytes file = getFileBytes();
+    return encodingOf(file.data, file.size);
+}
+
+void readRows(pANTLR3_BASE_TREE tree, ANTLR3_UINT32 tab, SpecEncoding encoding,
+              RowReceiver* receiver)
+{
+    if (tree == nullptr || tree->children == nullptr)
+        return;
+    const ANTLR3_UINT32 count = tree->getChildCount(tree);
+    for (ANTLR3_UINT32 i = 0; i < count; ++i) {
+        const pANTLR3_BASE_TREE statement = childAt(tree, i);
+        if (belongsToTab(statement, tab))
+            StatementRows(tab, encoding, startOfStatement(statement), receiver)
+                .addItemsBelow(statement);
+    }
+}
 
 void TreeModel::setupModelData(pANTLR3_BASE_TREE bTree, TreeItem* parent)
 {
     rootTree = bTree;
     if (bTree == nullptr || bTree->children == nullptr)
         return;
-    const FileBytes file = getFileBytes();
-    specEncoding = encodingOf(file.data, file.size);
-    const ANTLR3_UINT32 count = bTree->getChildCount(bTree);
-    for (ANTLR3_UINT32 i = 0; i < count; ++i) {
-        const pANTLR3_BASE_TREE statement = childAt(bTree, i);
-        if (belongsToTab(statement, tabIndexNumber))
-            StatementRows(parent, rootItem->columnCount(), tabIndexNumber, specEncoding)
-                .addItemsBelow(statement);
-    }
+    specEncoding = encodingOfFile();
+    ItemRows rows(parent, rootItem->columnCount());
+    readRows(bTree, tabIndexNumber, specEncoding, &rows);
 }

@@ -97,7 +97,6 @@ private:
     static bool showItem(QComboBox* comboBox, const QString& item, const QString& text);
 
     void takeDefaultUnits(const QString& stext);
-    QStringList membersOf(const QString& stext) const;
     void offerMembers(const QStringList& members);
     void offerUnits();
     int indexOfUnits() const;

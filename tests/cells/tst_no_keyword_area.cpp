@@ -4,7 +4,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 
-#include "antlr3_basetreedelegate.h"
+#include "platformkeywords.h"
 #include "window_test.h"
 
 class tst_NoKeywordArea : public WindowTest {

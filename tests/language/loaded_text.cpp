@@ -4,16 +4,7 @@
 #include <QTemporaryDir>
 
 #include "editor_antlr3.h"
-#include "scribonspecs_state.h"
 #include "tree_printer.h"
-
-void resetParseState()
-{
-    ctab = 1;
-    ecm_init = 0;
-    und_mask = 0;
-    num = 0;
-}
 
 int loadText(const QByteArray& text)
 {

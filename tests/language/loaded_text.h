@@ -4,9 +4,7 @@
 #include <QByteArray>
 #include <QString>
 
-// Resets the state of the parse to that of a new process, so that loads do not depend on earlier
-// ones.
-void resetParseState();
+#include "editor_antlr3.h"
 
 // Writes the bytes to a file and returns the result of read_file().
 int loadText(const QByteArray& text);

@@ -1,0 +1,102 @@
+#include "cellfindings.h"
+
+#include <QTextCodec>
+
+#include "scribon_keywords.h"
+#include "treeitem.h"
+
+namespace {
+
+QString shownText(const TreeModel& table, const CellPlace& cell)
+{
+    const QString text = table.index(cell.row, cell.column).data(Qt::EditRole).toString();
+    return text == FILLER_TEXT ? QString() : text;
+}
+
+Finding cellFinding(const SpecFile& file, const CellPlace& cell)
+{
+    const QModelIndex index = file.table(cell.tab).index(cell.row, cell.column);
+    const bool duplicate = file.table(cell.tab).errorCode(index).toInt() == DE_DUPLICATE_ERR;
+    return findingInCell(file, cell, duplicate ? Rule::Duplicate : Rule::Syntax,
+                         file.table(cell.tab).errorText(index));
+}
+
+// A section that is missing in the file has a row without a place in the file.
+bool hasKeyword(const SpecFile& file, const QString& keyword)
+{
+    for (int tab = 0; tab < TAB_COUNT; ++tab) {
+        const TreeModel& table = file.table(tab);
+        for (int row = 0; row < table.rowCount(); ++row) {
+            if (file.origins(tab).cell(row, KEYWORD_COLUMN).size > 0 &&
+                table.index(row, KEYWORD_COLUMN).data(Qt::EditRole).toString() == keyword)
+                return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+FileRange rangeOfCell(const SpecFile& file, const CellPlace& cell)
+{
+    const TabOrigins& origins = file.origins(cell.tab);
+    const FileRange own = origins.cell(cell.row, cell.column);
+    if (own.size > 0)
+        return own;
+    for (int column = 0; column < origins.columnCount(); ++column) {
+        const FileRange range = origins.cell(cell.row, column);
+        if (range.size > 0)
+            return {range.offset, 0};
+    }
+    return {origins.statement(cell.row).offset, 0};
+}
+
+Finding findingInCell(const SpecFile& file, const CellPlace& cell, Rule rule,
+                      const QString& message)
+{
+    Finding finding;
+    finding.rule = rule;
+    finding.range = rangeOfCell(file, cell);
+    finding.cell = cell;
+    finding.text = shownText(file.table(cell.tab), cell);
+    finding.message = message;
+    return finding;
+}
+
+void addCellFindings(const SpecFile& file, std::vector<Finding>* findings)
+{
+    for (int tab = 0; tab < TAB_COUNT; ++tab)
+        file.table(tab).visitErrors([&file, tab, findings](int row, int column) {
+            findings->push_back(cellFinding(file, {tab, row, column}));
+        });
+}
+
+void addMissingKeywords(const SpecFile& file, std::vector<Finding>* findings)
+{
+    for (const ScribonKeyword& keyword : SCRIBON_KEYWORDS) {
+        const QString spelling = QString::fromLatin1(keyword.spelling);
+        if (!keyword.is(REQUIRED) || hasKeyword(file, spelling))
+            continue;
+        Finding finding;
+        finding.rule = Rule::MissingKeyword;
+        finding.message = QStringLiteral("required keyword %1 is missing").arg(spelling);
+        findings->push_back(finding);
+    }
+}
+
+size_t firstByteOutsideUtf8(const QByteArray& bytes)
+{
+    QTextCodec* const utf8 = QTextCodec::codecForName("UTF-8");
+    int valid = 0;
+    int invalid = bytes.size();
+    while (valid < invalid) {
+        const int middle = valid + (invalid - valid + 1) / 2;
+        QTextCodec::ConverterState state;
+        utf8->toUnicode(bytes.constData(), middle, &state);
+        if (state.invalidChars == 0)
+            valid = middle;
+        else
+            invalid = middle - 1;
+    }
+    return static_cast<size_t>(valid);
+}

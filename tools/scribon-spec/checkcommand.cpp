@@ -1,0 +1,132 @@
+// scribon-spec check and rules.
+
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "celloptions.h"
+#include "check.h"
+#include "commands.h"
+#include "inputs.h"
+#include "report.h"
+
+namespace {
+
+const QString FORMAT = QStringLiteral("format");
+const QString FAIL_ON = QStringLiteral("fail-on");
+const QString DISABLE = QStringLiteral("disable");
+const QString AS_ERROR = QStringLiteral("error");
+const QString AS_WARNING = QStringLiteral("warning");
+
+void addOptions(QCommandLineParser* parser)
+{
+    const QString rule = QStringLiteral("RULE");
+    parser->setApplicationDescription(
+        QStringLiteral("Finds what is wrong with spec files, without changing anything."));
+    parser->addOptions(
+        {{FORMAT, QStringLiteral("Print text, json, sarif or html."), QStringLiteral("FORMAT"),
+          QStringLiteral("text")},
+         {FAIL_ON, QStringLiteral("End with status 1 from this severity on: error or warning."),
+          QStringLiteral("SEVERITY"), QStringLiteral("error")},
+         {DISABLE, QStringLiteral("Do not report this rule."), rule},
+         {AS_ERROR, QStringLiteral("Report this rule as an error."), rule},
+         {AS_WARNING, QStringLiteral("Report this rule as a warning."), rule}});
+    CellOptions::addTo(parser);
+    parser->addPositionalArgument(QStringLiteral("FILE"),
+                                  QStringLiteral("Spec files, folders, or - for standard input."),
+                                  QStringLiteral("FILE..."));
+}
+
+// False, with a complaint, for a name that is no rule.
+bool setSeverity(const QStringList& names, Severity severity, CheckOptions* options)
+{
+    for (const QString& name : names) {
+        const std::optional<Rule> rule = ruleOfName(name);
+        if (!rule) {
+            complain(QStringLiteral("no rule %1; see scribon-spec rules").arg(name));
+            return false;
+        }
+        options->severities[static_cast<size_t>(*rule)] = severity;
+    }
+    return true;
+}
+
+bool readSeverities(const QCommandLineParser& parser, CheckOptions* options)
+{
+    return setSeverity(parser.values(AS_WARNING), Severity::Warning, options) &&
+           setSeverity(parser.values(AS_ERROR), Severity::Error, options) &&
+           setSeverity(parser.values(DISABLE), Severity::Off, options);
+}
+
+bool isColoured()
+{
+    return isatty(STDOUT_FILENO) != 0 && qEnvironmentVariableIsEmpty("NO_COLOR");
+}
+
+Totals checkAll(const QStringList& files, const CheckOptions& options, const Report& report)
+{
+    Totals totals;
+    print(report.head());
+    for (const QString& name : files) {
+        const SpecFile file = SpecFile::read(name);
+        const FileReport findings = checkFile(file, options);
+        if (totals.files > 0)
+            print(report.separator());
+        totals.add(findings);
+        print(report.file(file, findings));
+    }
+    print(report.foot(totals));
+    return totals;
+}
+
+int statusOf(const Totals& totals, bool failOnWarnings)
+{
+    if (totals.unreadable > 0)
+        return EXIT_TROUBLE;
+    const bool fails = totals.errors > 0 || (failOnWarnings && totals.warnings > 0);
+    return fails ? EXIT_FINDINGS : EXIT_CLEAN;
+}
+
+}  // namespace
+
+int runCheck(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    addOptions(&parser);
+    const int status = parseArguments(arguments, &parser);
+    if (status >= 0)
+        return status;
+    CheckOptions options;
+    if (!readSeverities(parser, &options))
+        return EXIT_TROUBLE;
+    const QString failOn = parser.value(FAIL_ON);
+    if (failOn != AS_ERROR && failOn != AS_WARNING)
+        return complain(QStringLiteral("--fail-on takes error or warning"));
+    const auto report = reportOfName(parser.value(FORMAT), isColoured());
+    if (report == nullptr)
+        return complain(QStringLiteral("no format %1").arg(parser.value(FORMAT)));
+    const QStringList files = inputFiles(parser.positionalArguments());
+    if (files.isEmpty())
+        return complain(QStringLiteral("no files to check"));
+    CellOptions cell;
+    if (!cell.read(parser, &options))
+        return EXIT_TROUBLE;
+    const Totals totals = checkAll(files, options, *report);
+    return cell.isStillGood() ? statusOf(totals, failOn == AS_WARNING) : EXIT_TROUBLE;
+}
+
+int runRules(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Lists what check can find."));
+    const int status = parseArguments(arguments, &parser);
+    if (status >= 0)
+        return status;
+    for (const RuleFacts& facts : RULES)
+        print(QStringLiteral("%1 %2 %3\n")
+                  .arg(QLatin1String(facts.name), -16)
+                  .arg(QLatin1String(nameOf(facts.severity)), -8)
+                  .arg(QLatin1String(facts.meaning))
+                  .toUtf8());
+    return EXIT_CLEAN;
+}

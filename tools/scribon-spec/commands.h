@@ -1,0 +1,36 @@
+// The commands of scribon-spec.
+#pragma once
+
+#include <QCommandLineParser>
+#include <QStringList>
+#include <array>
+
+constexpr int EXIT_CLEAN = 0;
+constexpr int EXIT_FINDINGS = 1;
+constexpr int EXIT_TROUBLE = 2;  // a file that cannot be read, or a wrong command line
+
+struct Command {
+    const char* name;
+    const char* summary;
+
+    // Returns the exit status. The first argument is the name of the program and the command.
+    int (*run)(const QStringList& arguments);
+};
+
+int runCheck(const QStringList& arguments);
+int runRules(const QStringList& arguments);
+
+inline constexpr std::array<Command, 2> COMMANDS{{
+    {"check", "find what is wrong with spec files", runCheck},
+    {"rules", "list what check can find", runRules},
+}};
+
+// Prints a complaint on standard error and returns EXIT_TROUBLE.
+int complain(const QString& complaint);
+
+// Parses the arguments of a command, with --help. Returns an exit status if the command must not
+// run: help was printed, or the arguments are wrong. -1 otherwise.
+int parseArguments(const QStringList& arguments, QCommandLineParser* parser);
+
+// Writes to standard output. The bytes are written at once, not at the end.
+void print(const QByteArray& bytes);

@@ -1,0 +1,26 @@
+#include "finding.h"
+
+#include <array>
+
+namespace {
+
+constexpr std::array<const char*, TAB_COUNT> TAB_TITLES{"Keywords", "Scan List", "Meta Data List",
+                                                        "Scan List Aux User", "ECM List"};
+
+}  // namespace
+
+QString tabTitle(int tab)
+{
+    return QString::fromLatin1(TAB_TITLES[static_cast<size_t>(tab)]);
+}
+
+QString fieldName(const TreeModel& table, int column)
+{
+    const QString header = table.headerData(column, Qt::Horizontal).toString().simplified();
+    return header.isEmpty() ? QStringLiteral("Second Value") : header;
+}
+
+int visibleRow(const CellPlace& cell)
+{
+    return cell.tab == DE_TAB1 ? cell.row + 1 : cell.row;
+}

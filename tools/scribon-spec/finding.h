@@ -1,0 +1,43 @@
+// One thing that is wrong with a spec file, and all of them.
+#pragma once
+
+#include <QString>
+#include <array>
+#include <vector>
+
+#include "editor_types.h"
+#include "rules.h"
+#include "specfile.h"
+
+// A cell of a table. Tabs are DE_TAB1 to DE_TAB5, rows and columns those of the model.
+struct CellPlace {
+    int tab = -1;  // none
+    int row = 0;
+    int column = 0;
+
+    bool isValid() const { return tab >= 0; }
+};
+
+struct Finding {
+    Rule rule = Rule::Syntax;
+    Severity severity = Severity::Error;
+    FileRange range;  // where it begins; size 0 if there is no text of its own
+    FilePlace place;
+    CellPlace cell;
+    QString text;     // the text that is wrong
+    QString message;  // what is wrong with it, in one line
+    QString hint;     // the way out, in one line; may be empty
+};
+
+struct FileReport {
+    QString name;
+    bool loads = false;
+    std::array<int, TAB_COUNT> errors{};  // as the editor counts them
+    std::vector<Finding> findings;        // in the order of their places
+};
+
+// What reports and messages call the tabs, the columns and the rows of the tables: the title of the
+// tab, the header on one line, and the number of the row among the visible ones, from 1.
+QString tabTitle(int tab);
+QString fieldName(const TreeModel& table, int column);
+int visibleRow(const CellPlace& cell);

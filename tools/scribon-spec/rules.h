@@ -1,0 +1,71 @@
+// What `scribon-spec check` can find. The names are stable: build servers and baselines use them.
+#pragma once
+
+#include <array>
+#include <optional>
+
+class QString;
+
+enum class Rule {
+    Unreadable,
+    Refused,
+    Syntax,
+    Duplicate,
+    LostText,
+    ShiftedEntries,
+    SaveRefused,
+    SaveUnstable,
+    Encoding,
+    MissingKeyword,
+    UnknownVariable,
+    WrongKind,
+    UnknownMember,
+    UnknownUnits,
+    WrongUnits,
+    UnknownChannel,
+    UnknownParameter,
+    UnknownList
+};
+
+enum class Severity { Off, Warning, Error };
+
+struct RuleFacts {
+    Rule rule;
+    const char* name;
+    Severity severity;    // unless an option changes it
+    const char* meaning;  // one line
+};
+
+// In the order of Rule.
+// clang-format off
+inline constexpr std::array<RuleFacts, 18> RULES{{
+    {Rule::Unreadable, "unreadable", Severity::Error, "The file cannot be read."},
+    {Rule::Refused, "refused", Severity::Error, "The editor does not open the file: its first statement is not @SCRIBON."},
+    {Rule::Syntax, "syntax", Severity::Error, "The text of a cell is wrong; the editor marks and counts it."},
+    {Rule::Duplicate, "duplicate", Severity::Error, "Another row has the same text in this column; the editor marks and counts it."},
+    {Rule::LostText, "lost-text", Severity::Error, "No cell holds this text, and the first save loses it."},
+    {Rule::ShiftedEntries, "shifted-entries", Severity::Error, "An entry without its second value shifts all entries behind it."},
+    {Rule::SaveRefused, "save-refused", Severity::Error, "The editor would not open the file any more after its own save."},
+    {Rule::SaveUnstable, "save-unstable", Severity::Warning, "A second save writes another file than the first."},
+    {Rule::Encoding, "encoding", Severity::Warning, "The file has bytes that are not UTF-8; the editor reads it as Latin-1."},
+    {Rule::MissingKeyword, "missing-keyword", Severity::Error, "A required keyword is missing."},
+    {Rule::UnknownVariable, "unknown-variable", Severity::Error, "The cell has no variable of this name."},
+    {Rule::WrongKind, "wrong-kind", Severity::Error, "The variable is of another kind than the keyword needs."},
+    {Rule::UnknownMember, "unknown-member", Severity::Error, "The variable does not have this member."},
+    {Rule::UnknownUnits, "unknown-units", Severity::Error, "The cell does not know these units."},
+    {Rule::WrongUnits, "wrong-units", Severity::Error, "The units are of another dimension than the variable's."},
+    {Rule::UnknownChannel, "unknown-channel", Severity::Error, "The cell has no channel keyword of this name."},
+    {Rule::UnknownParameter, "unknown-parameter", Severity::Error, "The cell has no parameter keyword of this name."},
+    {Rule::UnknownList, "unknown-list", Severity::Error, "No asam3_specs file offers this list."},
+}};
+// clang-format on
+
+constexpr const RuleFacts& factsOf(Rule rule)
+{
+    return RULES[static_cast<size_t>(rule)];
+}
+
+std::optional<Rule> ruleOfName(const QString& name);
+
+// "error" or "warning".
+const char* nameOf(Severity severity);

@@ -1,0 +1,164 @@
+#include "specfile.h"
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include "editor_antlr3.h"
+
+namespace {
+
+constexpr std::array<int, TAB_COUNT> EDIT_TABS{EDIT_TAB1, EDIT_TAB2, EDIT_TAB3, EDIT_TAB4,
+                                               EDIT_TAB5};
+const auto STANDARD_INPUT = QStringLiteral("-");
+
+// A file in memory only, since the parser reads files. Its path is valid as long as this lives.
+class MemoryFile {
+public:
+    MemoryFile() : m_descriptor(memfd_create("spec", MFD_CLOEXEC)) {}
+    ~MemoryFile()
+    {
+        if (m_descriptor >= 0)
+            close(m_descriptor);
+    }
+    Q_DISABLE_COPY(MemoryFile)
+
+    // False, with errno, if there is no memory for it.
+    bool write(const QByteArray& bytes)
+    {
+        QFile file;
+        return m_descriptor >= 0 && file.open(m_descriptor, QIODevice::WriteOnly) &&
+               file.write(bytes) == bytes.size() && file.flush();
+    }
+    QString path() const { return QStringLiteral("/proc/self/fd/%1").arg(m_descriptor); }
+
+private:
+    int m_descriptor;
+};
+
+std::vector<int> lineStartsOf(const QByteArray& bytes)
+{
+    std::vector<int> starts{0};
+    for (int at = bytes.indexOf('\n'); at >= 0; at = bytes.indexOf('\n', at + 1))
+        starts.push_back(at + 1);
+    return starts;
+}
+
+}  // namespace
+
+// ---- Places of cells ----------------------------------------------------------------------------
+
+void TabOrigins::appendRow(FileRange statement)
+{
+    m_statements.push_back(statement);
+    m_ranges.resize(m_ranges.size() + static_cast<size_t>(m_columns));
+}
+
+void TabOrigins::setCell(int column, const QString& /*text*/, FileRange range)
+{
+    if (column >= 0 && column < m_columns)
+        m_ranges[m_ranges.size() - static_cast<size_t>(m_columns - column)] = range;
+}
+
+FileRange TabOrigins::cell(int row, int column) const
+{
+    return m_ranges[static_cast<size_t>(row * m_columns + column)];
+}
+
+// ---- Reading ------------------------------------------------------------------------------------
+
+SpecFile::SpecFile(QString name) : m_name(std::move(name)) {}
+SpecFile::SpecFile(SpecFile&&) noexcept = default;
+SpecFile& SpecFile::operator=(SpecFile&&) noexcept = default;
+SpecFile::~SpecFile() = default;
+
+SpecFile SpecFile::read(const QString& name)
+{
+    if (name == STANDARD_INPUT) {
+        QFile input;
+        if (input.open(stdin, QIODevice::ReadOnly))
+            return fromBytes(input.readAll(), QStringLiteral("<stdin>"));
+    }
+    SpecFile file(name);
+    file.load(name);
+    return file;
+}
+
+SpecFile SpecFile::fromBytes(const QByteArray& bytes, const QString& name)
+{
+    SpecFile file(name);
+    MemoryFile memory;
+    if (memory.write(bytes))
+        file.load(memory.path());
+    else
+        file.m_problem = QString::fromLocal8Bit(std::strerror(errno));
+    return file;
+}
+
+void SpecFile::load(const QString& path)
+{
+    const QByteArray localName = QFile::encodeName(path);
+    resetParseState();
+    const int error = preload_file(localName.constData());
+    if (error != 0) {
+        m_problem = QString::fromLocal8Bit(std::strerror(error));
+        return;
+    }
+    const int result = read_file(localName.constData());
+    const FileBytes file = getFileBytes();
+    m_bytes = QByteArray(file.data, static_cast<int>(file.size));
+    m_lineStarts = lineStartsOf(m_bytes);
+    m_encoding = encodingOfFile();
+    m_state = result == 0 ? State::Loaded : State::Refused;
+    if (result == 0)
+        makeTables();
+}
+
+void SpecFile::makeTables()
+{
+    for (size_t tab = 0; tab < TAB_COUNT; ++tab) {
+        const auto editTab = static_cast<ANTLR3_UINT32>(EDIT_TABS[tab]);
+        m_tables[tab] = std::make_unique<TreeModel>(headersOf(EDIT_TABS[tab]), getTree(), editTab);
+        m_tables[tab]->setDirty();
+        m_tables[tab]->validate_model();
+        m_origins.emplace_back(m_tables[tab]->columnCount());
+        readRows(getTree(), editTab, m_encoding, &m_origins.back());
+    }
+}
+
+// ---- Places and texts ---------------------------------------------------------------------------
+
+FilePlace SpecFile::placeOf(size_t offset) const
+{
+    const int at = std::min(static_cast<int>(offset), m_bytes.size());
+    const auto next = std::upper_bound(m_lineStarts.begin(), m_lineStarts.end(), at);
+    const int start = *std::prev(next);
+    return {static_cast<int>(next - m_lineStarts.begin()),
+            decoded(m_encoding, m_bytes.constData() + start, at - start).size() + 1};
+}
+
+QString SpecFile::textOf(FileRange range) const
+{
+    return decoded(m_encoding, m_bytes.constData() + range.offset, static_cast<int>(range.size));
+}
+
+QString SpecFile::lineOf(size_t offset) const
+{
+    const int start = m_lineStarts[static_cast<size_t>(placeOf(offset).line - 1)];
+    const int end = m_bytes.indexOf('\n', start);
+    return decoded(m_encoding, m_bytes.constData() + start,
+                   (end < 0 ? m_bytes.size() : end) - start);
+}
+
+QByteArray SpecFile::savedBytes() const
+{
+    QString text;
+    for (const auto& table : m_tables)
+        text += table->specText();
+    return encoded(encodingFor(text, m_encoding), text);
+}

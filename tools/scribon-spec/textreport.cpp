@@ -1,0 +1,81 @@
+#include "textreport.h"
+
+namespace {
+
+constexpr char BOLD[] = "\x1b[1m";
+constexpr char RED[] = "\x1b[1;31m";
+constexpr char MAGENTA[] = "\x1b[1;35m";
+constexpr char GREEN[] = "\x1b[1;32m";
+constexpr char PLAIN[] = "\x1b[0m";
+
+QString counted(int count, const char* noun)
+{
+    return QStringLiteral("%1 %2%3").arg(count).arg(QLatin1String(noun),
+                                                    QLatin1String(count == 1 ? "" : "s"));
+}
+
+// The line of the file, and below it the mark: blanks, with tabs where the line has them.
+QString marked(const SpecFile& file, const Finding& finding, const QString& mark)
+{
+    QString line = file.lineOf(finding.range.offset);
+    QString blanks = line.left(finding.place.column - 1);
+    for (QChar& c : blanks)
+        c = c == QLatin1Char('\t') ? c : QLatin1Char(' ');
+    if (line.endsWith(QLatin1Char('\r')))
+        line.chop(1);
+    return line + QLatin1Char('\n') + blanks + mark + QLatin1Char('\n');
+}
+
+QString underline(const Finding& finding)
+{
+    const QString text = finding.text.section(QLatin1Char('\n'), 0, 0);
+    const int tail = finding.range.size == 0 ? 0 : qMax(0, text.size() - 1);
+    return QLatin1Char('^') + QString(tail, QLatin1Char('~'));
+}
+
+// A finding about the whole file has no place in it.
+bool hasPlace(const Finding& finding)
+{
+    return finding.cell.isValid() || finding.range.size > 0;
+}
+
+}  // namespace
+
+QString TextReport::coloured(const char* colour, const QString& text) const
+{
+    return m_onTerminal ? QLatin1String(colour) + text + QLatin1String(PLAIN) : text;
+}
+
+QString TextReport::line(const SpecFile& file, const Finding& finding) const
+{
+    QString place = file.name() + QLatin1Char(':');
+    if (hasPlace(finding))
+        place += QStringLiteral("%1:%2:").arg(finding.place.line).arg(finding.place.column);
+    const char* const colour = finding.severity == Severity::Warning ? MAGENTA : RED;
+    QString message = finding.message;
+    if (!finding.hint.isEmpty())
+        message += QStringLiteral(". ") + finding.hint;
+    return coloured(BOLD, place) + QLatin1Char(' ') +
+           coloured(colour, QLatin1String(nameOf(finding.severity)) + QLatin1Char(':')) +
+           QLatin1Char(' ') + message +
+           QStringLiteral(" [%1]\n").arg(QLatin1String(factsOf(finding.rule).name));
+}
+
+QByteArray TextReport::file(const SpecFile& file, const FileReport& report) const
+{
+    QString text;
+    for (const Finding& finding : report.findings) {
+        text += line(file, finding);
+        if (m_onTerminal && hasPlace(finding))
+            text += marked(file, finding, coloured(GREEN, underline(finding)));
+    }
+    return text.toUtf8();
+}
+
+QByteArray TextReport::foot(const Totals& totals) const
+{
+    return QStringLiteral("%1 checked: %2, %3\n")
+        .arg(counted(totals.files, "file"), counted(totals.errors, "error"),
+             counted(totals.warnings, "warning"))
+        .toUtf8();
+}
