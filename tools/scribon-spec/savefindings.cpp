@@ -101,7 +101,8 @@ Finding findingOfSave(Rule rule, const char* message)
 
 // ---- Cells that the next load does not find -----------------------------------------------------
 
-using TextCounts = QHash<QString, int>;
+// By the bytes in the file: once saved, a file may be read in another encoding.
+using TextCounts = QHash<QByteArray, int>;
 
 template <typename Visit>
 void visitTexts(const SpecFile& file, Visit visit)
@@ -113,7 +114,7 @@ void visitTexts(const SpecFile& file, Visit visit)
                 const QString text =
                     table.index(row, column).data(Qt::EditRole).toString().trimmed();
                 if (!text.isEmpty() && text != FILLER_TEXT)
-                    visit(CellPlace{tab, row, column}, text);
+                    visit(CellPlace{tab, row, column}, encoded(file.encoding(), text));
             }
         }
     }
@@ -123,8 +124,8 @@ void addTextsThatAreGone(const SpecFile& file, const SpecFile& again,
                          std::vector<Finding>* findings)
 {
     TextCounts found;
-    visitTexts(again, [&found](const CellPlace&, const QString& text) { ++found[text]; });
-    visitTexts(file, [&](const CellPlace& cell, const QString& text) {
+    visitTexts(again, [&found](const CellPlace&, const QByteArray& text) { ++found[text]; });
+    visitTexts(file, [&](const CellPlace& cell, const QByteArray& text) {
         if (--found[text] < 0)
             findings->push_back(findingInCell(
                 file, cell, Rule::LostText,
