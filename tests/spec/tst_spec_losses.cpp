@@ -40,6 +40,31 @@ QVector<Finding> findingsOf(const FileReport& report, Rule rule)
     return found;
 }
 
+bool tellsOfSave(const FileReport& report)
+{
+    const auto isOfSave = [](const Finding& finding) {
+        return finding.rule == Rule::LostText || finding.rule == Rule::ShiftedEntries ||
+               finding.rule == Rule::SaveRefused || finding.rule == Rule::SaveUnstable;
+    };
+    return std::any_of(report.findings.begin(), report.findings.end(), isOfSave);
+}
+
+// The texts of all rows that have any, a row in a line.
+QStringList tablesOf(const SpecFile& file)
+{
+    QStringList rows;
+    for (int tab = 0; tab < TAB_COUNT; ++tab) {
+        const TreeModel& table = file.table(tab);
+        for (int row = 0; row < table.rowCount(); ++row) {
+            QStringList cells;
+            for (int column = 0; column < table.columnCount(); ++column)
+                cells.append(file.cellText({tab, row, column}));
+            rows.append(QString::number(tab) + cells.join(QLatin1Char('|')));
+        }
+    }
+    return rows;
+}
+
 // "rule line:column text" of each finding but missing keywords.
 QStringList linesOf(const QByteArray& text)
 {
@@ -68,6 +93,7 @@ private Q_SLOTS:
     void findingsOfCellsHaveTheTextsOfTheirPlaces();
     void countsAreThoseOfTheModels();
     void filesThatAreReadAlikeComeThroughASave();
+    void savesOfFilesWithoutLossHaveTheSameTables();
 };
 
 void TestSpecLosses::causes_data()
@@ -97,6 +123,12 @@ void TestSpecLosses::causes_data()
     row("PAM keyword alone", "@META_DATA\nP1 v\nP2\nP3 w\n",
         {QStringLiteral("shifted-entries 5:1 entry without a second value"),
          QStringLiteral("syntax 6:4 Invalid chars in variable name")});
+    row("text that becomes another keyword's value",
+        "@LOG_STATISTICS\n@SCAN_LIST_AUX_USER\n.AV @GROUP\ng\n",
+        {QStringLiteral("syntax 3:1 Syntax Error!"),
+         QStringLiteral("shifted-entries 3:1 after a save, the next load reads what is here in "
+                        "other cells"),
+         QStringLiteral("syntax 5:1 Invalid keyword found!")});
     row("bytes that are not UTF-8", "#\xff\n",
         {QStringLiteral("encoding 3:2 bytes that are not UTF-8")});
 }
@@ -188,6 +220,21 @@ void TestSpecLosses::filesThatAreReadAlikeComeThroughASave()
         QCOMPARE(again.savedBytes(), saved);
     }
     QVERIFY(alike > 20);
+}
+
+void TestSpecLosses::savesOfFilesWithoutLossHaveTheSameTables()
+{
+    int compared = 0;
+    for (unsigned seed = 0; seed < SEEDS; ++seed) {
+        const SpecFile file = fileOf(specText(seed));
+        if (file.state() != SpecFile::State::Loaded || tellsOfSave(checkFile(file, {})))
+            continue;
+        const SpecFile again = fileOf(file.savedBytes());
+        QVERIFY(again.state() == SpecFile::State::Loaded);
+        QVERIFY2(tablesOf(again) == tablesOf(file), file.bytes().constData());
+        ++compared;
+    }
+    QVERIFY(compared > 100);
 }
 
 #include "area_test.h"
