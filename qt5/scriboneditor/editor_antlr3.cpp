@@ -158,8 +158,8 @@ int tokenTypeOf(const char* value, size_t size)
 constexpr std::array<bool, 256> makeWordTable()
 {
     std::array<bool, 256> table{};
-    for (const unsigned char c : std::string_view("$%()-./:<>@[]_"))
-        table[c] = true;
+    for (const char c : std::string_view("$%()-./:<>@[]_"))
+        table[static_cast<unsigned char>(c)] = true;
     using Range = std::pair<unsigned char, unsigned char>;
     for (const auto& [first, last] : {Range{'0', '9'}, {'A', 'Z'}, {'a', 'z'}}) {
         for (size_t c = first; c <= last; ++c)

@@ -3,15 +3,8 @@
 #include <QTextCodec>
 
 #include "scribon_keywords.h"
-#include "treeitem.h"
 
 namespace {
-
-QString shownText(const TreeModel& table, const CellPlace& cell)
-{
-    const QString text = table.index(cell.row, cell.column).data(Qt::EditRole).toString();
-    return text == FILLER_TEXT ? QString() : text;
-}
 
 Finding cellFinding(const SpecFile& file, const CellPlace& cell)
 {
@@ -58,7 +51,7 @@ Finding findingInCell(const SpecFile& file, const CellPlace& cell, Rule rule,
     finding.rule = rule;
     finding.range = rangeOfCell(file, cell);
     finding.cell = cell;
-    finding.text = shownText(file.table(cell.tab), cell);
+    finding.text = file.cellText(cell);
     finding.message = message;
     return finding;
 }

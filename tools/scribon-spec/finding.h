@@ -9,15 +9,6 @@
 #include "rules.h"
 #include "specfile.h"
 
-// A cell of a table. Tabs are DE_TAB1 to DE_TAB5, rows and columns those of the model.
-struct CellPlace {
-    int tab = -1;  // none
-    int row = 0;
-    int column = 0;
-
-    bool isValid() const { return tab >= 0; }
-};
-
 struct Finding {
     Rule rule = Rule::Syntax;
     Severity severity = Severity::Error;

@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "cellfindings.h"
-#include "treeitem.h"
 
 namespace {
 
@@ -101,7 +100,8 @@ Finding findingOfSave(Rule rule, const char* message)
 
 // ---- Cells that the next load does not find -----------------------------------------------------
 
-using TextCounts = QHash<QString, int>;
+// By the bytes in the file: once saved, a file may be read in another encoding.
+using TextCounts = QHash<QByteArray, int>;
 
 template <typename Visit>
 void visitTexts(const SpecFile& file, Visit visit)
@@ -110,10 +110,9 @@ void visitTexts(const SpecFile& file, Visit visit)
         const TreeModel& table = file.table(tab);
         for (int row = 0; row < table.rowCount(); ++row) {
             for (int column = 0; column < table.columnCount(); ++column) {
-                const QString text =
-                    table.index(row, column).data(Qt::EditRole).toString().trimmed();
-                if (!text.isEmpty() && text != FILLER_TEXT)
-                    visit(CellPlace{tab, row, column}, text);
+                const QString text = file.cellText({tab, row, column});
+                if (!text.isEmpty())
+                    visit(CellPlace{tab, row, column}, encoded(file.encoding(), text));
             }
         }
     }
@@ -123,13 +122,44 @@ void addTextsThatAreGone(const SpecFile& file, const SpecFile& again,
                          std::vector<Finding>* findings)
 {
     TextCounts found;
-    visitTexts(again, [&found](const CellPlace&, const QString& text) { ++found[text]; });
-    visitTexts(file, [&](const CellPlace& cell, const QString& text) {
+    visitTexts(again, [&found](const CellPlace&, const QByteArray& text) { ++found[text]; });
+    visitTexts(file, [&](const CellPlace& cell, const QByteArray& text) {
         if (--found[text] < 0)
             findings->push_back(findingInCell(
                 file, cell, Rule::LostText,
                 QStringLiteral("a save writes this where the next load does not find it")));
     });
+}
+
+// ---- Cells that the next load reads elsewhere ---------------------------------------------------
+
+bool isLoss(const Finding& finding)
+{
+    return finding.rule == Rule::LostText || finding.rule == Rule::ShiftedEntries;
+}
+
+// The first cell of the tab whose text differs in the other file; invalid if there is none.
+CellPlace firstDifference(const SpecFile& file, const SpecFile& other, int tab)
+{
+    const TreeModel& table = file.table(tab);
+    for (int row = 0; row < table.rowCount(); ++row) {
+        for (int column = 0; column < table.columnCount(); ++column) {
+            if (file.cellText({tab, row, column}) != other.cellText({tab, row, column}))
+                return {tab, row, column};
+        }
+    }
+    return {};
+}
+
+void addTextsThatMove(const SpecFile& file, const SpecFile& again, std::vector<Finding>* findings)
+{
+    for (int tab = 0; tab < TAB_COUNT; ++tab) {
+        const CellPlace cell = firstDifference(file, again, tab);
+        if (cell.isValid())
+            findings->push_back(findingInCell(
+                file, cell, Rule::ShiftedEntries,
+                QStringLiteral("after a save, the next load reads what is here in other cells")));
+    }
 }
 
 }  // namespace
@@ -158,6 +188,8 @@ void addSaveFindings(const SpecFile& file, std::vector<Finding>* findings)
         return;
     }
     addTextsThatAreGone(file, again, findings);
+    if (std::none_of(findings->begin(), findings->end(), isLoss))
+        addTextsThatMove(file, again, findings);
     if (again.savedBytes() != saved)
         findings->push_back(
             findingOfSave(Rule::SaveUnstable, "a second save would write another file"));

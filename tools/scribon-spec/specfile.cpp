@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "editor_antlr3.h"
+#include "treeitem.h"
 
 namespace {
 
@@ -153,6 +154,13 @@ QString SpecFile::lineOf(size_t offset) const
     const int end = m_bytes.indexOf('\n', start);
     return decoded(m_encoding, m_bytes.constData() + start,
                    (end < 0 ? m_bytes.size() : end) - start);
+}
+
+QString SpecFile::cellText(const CellPlace& cell) const
+{
+    const QModelIndex index = table(cell.tab).index(cell.row, cell.column);
+    const QString text = index.data(Qt::EditRole).toString().trimmed();
+    return text == FILLER_TEXT ? QString() : text;
 }
 
 QByteArray SpecFile::savedBytes() const

@@ -12,6 +12,15 @@
 #include "tabrows.h"
 #include "treemodel.h"
 
+// A cell of a table. Tabs are DE_TAB1 to DE_TAB5, rows and columns those of the model.
+struct CellPlace {
+    int tab = -1;  // none
+    int row = 0;
+    int column = 0;
+
+    bool isValid() const { return tab >= 0; }
+};
+
 // A place in a file, both from 1. Columns count UTF-16 code units.
 struct FilePlace {
     int line = 1;
@@ -74,6 +83,10 @@ public:
     // Only of a loaded file. Tabs are DE_TAB1 to DE_TAB5.
     const TreeModel& table(int tab) const { return *m_tables[static_cast<size_t>(tab)]; }
     const TabOrigins& origins(int tab) const { return m_origins[static_cast<size_t>(tab)]; }
+
+    // The text that Save writes of a cell; empty where there is none, and for a cell outside the
+    // table.
+    QString cellText(const CellPlace& cell) const;
 
     // What the editor's Save would write. Only of a loaded file.
     QByteArray savedBytes() const;
