@@ -19,10 +19,12 @@ struct Command {
 
 int runCheck(const QStringList& arguments);
 int runRules(const QStringList& arguments);
+int runShow(const QStringList& arguments);
 
-inline constexpr std::array<Command, 2> COMMANDS{{
+inline constexpr std::array<Command, 3> COMMANDS{{
     {"check", "find what is wrong with spec files", runCheck},
     {"rules", "list what check can find", runRules},
+    {"show", "print the five tables of spec files", runShow},
 }};
 
 // Prints a complaint on standard error and returns EXIT_TROUBLE.
