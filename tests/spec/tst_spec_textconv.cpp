@@ -1,5 +1,6 @@
 // git diff with scribon-spec as its text converter, as the help sets it up.
 
+#include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -7,6 +8,22 @@
 
 #include "places.h"
 #include "spec_program.h"
+
+namespace {
+
+// The lines that set up the converter.
+QStringList linesOfTheHelp()
+{
+    QStringList lines;
+    const QByteArray help = readFile(QStringLiteral(SCRIBON_HELP "/spec_tables.md"));
+    for (const QString& line : QString::fromUtf8(help).split(QLatin1Char('\n'))) {
+        if (line.startsWith("    echo 'scrib*"_s) || line.startsWith("    git config"_s))
+            lines.append(line.trimmed());
+    }
+    return lines;
+}
+
+}  // namespace
 
 class tst_SpecTextconv : public QObject {
     Q_OBJECT
@@ -19,7 +36,8 @@ private Q_SLOTS:
     void fileThatIsNoSpecFile();
 
 private:
-    QByteArray git(const QStringList& arguments);
+    QByteArray run(const QString& program, const QStringList& arguments);
+    QByteArray git(const QStringList& arguments) { return run("git"_s, arguments); }
     void commit(const QByteArray& text);
     QByteArray differenceTo(const QByteArray& text);
 
@@ -30,21 +48,24 @@ void tst_SpecTextconv::initTestCase()
 {
     if (QStandardPaths::findExecutable("git"_s).isEmpty())
         QSKIP("git is not installed");
+    QCOMPARE(linesOfTheHelp().size(), 3);
 }
 
 // Settings of the machine and of the user must not matter.
-QByteArray tst_SpecTextconv::git(const QStringList& arguments)
+QByteArray tst_SpecTextconv::run(const QString& program, const QStringList& arguments)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("HOME"_s, m_repository->path());
     environment.insert("GIT_CONFIG_NOSYSTEM"_s, "1"_s);
+    environment.insert("PATH"_s,
+                       QFileInfo(specProgram()).path() + ":"_s + environment.value("PATH"_s));
     environment.insert("GIT_CONFIG_GLOBAL"_s, "/dev/null"_s);
     QProcess process;
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(m_repository->path());
-    process.start("git"_s, arguments);
+    process.start(program, arguments);
     if (!process.waitForFinished() || process.exitCode() != 0)
-        qFatal("git: %s", process.readAllStandardError().constData());
+        qFatal("%s: %s", qPrintable(program), process.readAllStandardError().constData());
     return process.readAllStandardOutput();
 }
 
@@ -52,11 +73,10 @@ void tst_SpecTextconv::init()
 {
     m_repository = std::make_unique<QTemporaryDir>();
     git({"init"_s, "--quiet"_s});
-    QVERIFY(writeFile(m_repository->filePath(".gitattributes"_s), "scrib* diff=scribon\n"));
     git({"config"_s, "user.name"_s, "tester"_s});
     git({"config"_s, "user.email"_s, "tester@example.org"_s});
-    git({"config"_s, "diff.scribon.textconv"_s, "'%1' show --fallback"_s.arg(specProgram())});
-    git({"config"_s, "diff.scribon.cachetextconv"_s, "true"_s});
+    for (const QString& line : linesOfTheHelp())
+        run("/bin/sh"_s, {"-c"_s, line});
 }
 
 void tst_SpecTextconv::commit(const QByteArray& text)
