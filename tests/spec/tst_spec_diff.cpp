@@ -254,6 +254,28 @@ void tst_SpecDiff::differences_data()
                                   << QStringList{"ECM List"_s, "changed 1 1 /s/c:E:0"_s,
                                                  "ASAM Specs Path: /s/a:E:0 -> /s/c:E:0"_s,
                                                  "changed 2 3 /s/b:E:0"_s, "Ext. Number: 2 -> 3"_s};
+    QTest::newRow("equal row before equal channel")
+        << scanList("a A\nb A\nb A\nz Z\n") << scanList("n N\nb A\nm M\nb A\no O\n")
+        << QStringList{"Scan List"_s,   "added 1 n N"_s, "removed 1 a A"_s,
+                       "added 3 m M"_s, "added 5 o O"_s, "removed 4 z Z"_s};
+    QTest::newRow("comment behind its row")
+        << scanList("#\na A\n#\nb B\nz Z\n") << scanList("n N\na A\n#\nb B\no O\n")
+        << QStringList{"Scan List"_s, "added 1 n N"_s, "removed 1 #"_s, "added 5 o O"_s,
+                       "removed 5 z Z"_s};
+    QTest::newRow("comment before its row")
+        << scanList("#\nx X\n#\na A\n") << scanList("n N\n#\na A\no O\n")
+        << QStringList{"Scan List"_s, "added 1 n N"_s, "removed 1 #"_s, "removed 2 x X"_s,
+                       "added 4 o O"_s};
+    QTest::newRow("channel before variable")
+        << scanList("a A\nb B\n") << scanList("b A\na C\n")
+        << QStringList{"Scan List"_s, "changed 1 b A"_s, "Marvane Variable: a -> b"_s,
+                       "added 2 a C"_s, "removed 2 b B"_s};
+    QTest::newRow("one of equal comments in another place")
+        << scanList("# a\n# a\na A\n") << scanList("a A\nn N\n# a\n")
+        << QStringList{"Scan List"_s, "moved 3 -> 1 a A"_s, "added 2 n N"_s, "removed 2 # a"_s};
+    QTest::newRow("removed row where it stood")
+        << scanList("a A\nb B\nc C\n") << scanList("a A\nc C\nn N\n")
+        << QStringList{"Scan List"_s, "removed 2 b B"_s, "added 3 n N"_s};
     QTest::newRow("line break") << QByteArray("@SCRIBON x\n@DESCRIPTION 'a\nb'\n")
                                 << QByteArray("@SCRIBON x\n@DESCRIPTION 'a\nc'\n")
                                 << QStringList{"Keywords"_s, "changed 2 @DESCRIPTION 'a\\nc'"_s,

@@ -130,6 +130,8 @@ private Q_SLOTS:
     void widths_data();
     void widths();
 
+    void csvQuotes_data();
+    void csvQuotes();
     void csvGivesTheRows();
     void jsonGivesTheRows();
     void jsonFitsItsSchema();
@@ -261,6 +263,28 @@ void tst_SpecShow::widths()
     QFETCH(QString, text);
     QTEST(displayWidth(text), "width");
     QTEST(displayWidth(paddedTo(16, text)), "padded");
+}
+
+void tst_SpecShow::csvQuotes_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<QByteArray>("field");
+
+    QTest::newRow("plain") << QByteArray("'a b'") << QByteArray("'a b'");
+    QTest::newRow("comma") << QByteArray("'a,b'") << QByteArray("\"'a,b'\"");
+    QTest::newRow("quote") << QByteArray("'a\"b'") << QByteArray("\"'a\"\"b'\"");
+    QTest::newRow("line feed") << QByteArray("'a\nb'") << QByteArray("\"'a\nb'\"");
+    QTest::newRow("carriage return") << QByteArray("'a\rb'") << QByteArray("\"'a\rb'\"");
+}
+
+void tst_SpecShow::csvQuotes()
+{
+    QFETCH(QByteArray, value);
+    QFETCH(QByteArray, field);
+    QCOMPARE(shown(loadedSpec("@SCRIBON x\n@DESCRIPTION " + value + '\n'), "csv"),
+             "file,tab,row,field1,field2,field3\r\nspec,Keywords,1,@SCRIBON,x,\r\n"
+             "spec,Keywords,2,@DESCRIPTION," +
+                 field + ",\r\n");
 }
 
 void tst_SpecShow::csvGivesTheRows()

@@ -10,8 +10,7 @@ constexpr int FIELD_COUNT = 3;  // of the widest tabs
 bool needsQuotes(const QString& text)
 {
     return text.contains(QLatin1Char('"')) || text.contains(QLatin1Char(',')) ||
-           text.contains(QLatin1Char('\n')) || text.contains(QLatin1Char('\r')) ||
-           text.trimmed() != text;
+           text.contains(QLatin1Char('\n')) || text.contains(QLatin1Char('\r'));
 }
 
 QString quoted(QString text)

@@ -22,8 +22,8 @@ QString nameOf(RowDifference::Kind kind)
 
 QString rowNumbers(const RowDifference& difference)
 {
-    const QString before = QString::number(difference.before.number);
-    const QString after = QString::number(difference.after.number);
+    QString before = QString::number(difference.before.number);
+    QString after = QString::number(difference.after.number);
     if (difference.kind == RowDifference::Added)
         return after;
     if (difference.kind == RowDifference::Removed || (!difference.isMoved && before == after))
@@ -40,10 +40,12 @@ QString changedFields(const RowDifference& difference, const QStringList& fields
 {
     QString lines;
     for (int i = 0; i < fields.size(); ++i) {
-        if (difference.before.texts.at(i) != difference.after.texts.at(i))
+        const QString& before = difference.before.texts.at(i);
+        const QString& after = difference.after.texts.at(i);
+        if (before != after) {
             lines += QStringLiteral("      %1: %2 -> %3\n")
-                         .arg(fields.at(i), valueOrNothing(difference.before.texts.at(i)),
-                              valueOrNothing(difference.after.texts.at(i)));
+                         .arg(fields.at(i), valueOrNothing(before), valueOrNothing(after));
+        }
     }
     return lines;
 }

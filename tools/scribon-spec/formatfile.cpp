@@ -3,7 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QFileInfo>
+#include <QFile>
 #include <QSaveFile>
 #include <algorithm>
 #include <cerrno>
@@ -52,11 +52,10 @@ std::vector<Finding> reasonsNotToSave(const SpecFile& file)
 
 QString replaceFile(const QString& name, const QByteArray& text)
 {
-    const QString path = QFileInfo(name).canonicalFilePath();
     struct stat original {};
-    if (stat(QFile::encodeName(path).constData(), &original) != 0)
+    if (stat(QFile::encodeName(name).constData(), &original) != 0)
         return systemError();
-    QSaveFile file(path);
+    QSaveFile file(name);
     if (!file.open(QIODevice::WriteOnly))
         return file.errorString();
     if (!takeOver(file.handle(), original))

@@ -1,5 +1,7 @@
 #include "htmltables.h"
 
+#include <QVector>
+
 #include "shown_text.h"
 
 // clang-format off

@@ -30,7 +30,7 @@ QString wholeKey(const TableRow& row)
 // Empty if the row cannot be known by these fields.
 QString keyOf(const TableRow& row, const KeyFields& fields)
 {
-    if (row.isComment() || fields[0] == NO_FIELD || row.texts.at(fields[0]).isEmpty())
+    if (fields[0] == NO_FIELD || row.texts.at(fields[0]).isEmpty())
         return {};
     const QString second = fields[1] == NO_FIELD ? QString() : row.texts.at(fields[1]);
     return row.texts.at(fields[0]) + BETWEEN_TEXTS + second;

@@ -9,8 +9,7 @@ constexpr int NO_ROW = -1;
 
 // For each row of `after` the index of its row in `before`, or NO_ROW. Equal rows come first, with
 // preference for those beside other equal rows; then rows with the same keyword, channel, name and
-// so on, as the tab has it. Among rows that are alike the first belongs to the first. Comments are
-// matched by their text only.
+// so on, as the tab has it. Among rows that are alike the first belongs to the first.
 std::vector<int> matchRows(int tab, const std::vector<TableRow>& before,
                            const std::vector<TableRow>& after);
 

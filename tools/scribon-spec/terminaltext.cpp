@@ -1,5 +1,6 @@
 #include "terminaltext.h"
 
+#include <QVector>
 #include <algorithm>
 #include <array>
 
