@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QXmlStreamReader>
+#include <random>
 
 #include "document_generator.h"
 #include "finding.h"
@@ -89,6 +90,20 @@ QStringList textsOf(const QJsonValue& array)
     return texts;
 }
 
+template <typename Visit>
+void visitShownCells(const SpecFile& file, Visit visit)
+{
+    for (int tab = 0; tab < TAB_COUNT; ++tab) {
+        const TreeModel& table = file.table(tab);
+        const int first = tab == DE_TAB1 ? 0 : 1;
+        for (int row = first; row < table.rowCount(); ++row) {
+            for (int column = first; column < table.columnCount(); ++column)
+                visit(CellPlace{tab, row, column},
+                      table.index(row, column).data(Qt::EditRole).toString());
+        }
+    }
+}
+
 struct HtmlCell {
     QString text;
     QString classes;
@@ -143,6 +158,8 @@ private Q_SLOTS:
     void htmlTakesAdditions();
     void idsOfSeveralFilesDiffer();
     void htmlHasNoForbiddenCharacters();
+
+    void damagedFilesGiveValidOutput();
 
     void programTakesFilesAndFolders();
     void programReadsStandardInput();
@@ -364,18 +381,10 @@ void tst_SpecShow::htmlShowsWhatTheEditorShows()
         const SpecFile file = loadedSpec(text);
         const QHash<QString, HtmlCell> cells = htmlCells(htmlTables(file));
         int count = 0;
-        for (int tab = 0; tab < TAB_COUNT; ++tab) {
-            const TreeModel& table = file.table(tab);
-            for (int row = tab == DE_TAB1 ? 0 : 1; row < table.rowCount(); ++row) {
-                for (int column = tab == DE_TAB1 ? 0 : 1; column < table.columnCount(); ++column) {
-                    const QString id = htmlCellId({tab, row, column});
-                    QVERIFY2(cells.contains(id), qPrintable(id));
-                    const QString cell = table.index(row, column).data(Qt::EditRole).toString();
-                    QCOMPARE(cells[id].text, shownText(cell));
-                    ++count;
-                }
-            }
-        }
+        visitShownCells(file, [&](const CellPlace& cell, const QString& cellText) {
+            QCOMPARE(cells[htmlCellId(cell)].text, shownText(cellText));
+            ++count;
+        });
         QCOMPARE(cells.size(), count);
     }
     const QHash<QString, HtmlCell> cells = htmlCells(htmlTables(loadedSpec(smallSpec())));
@@ -432,6 +441,23 @@ void tst_SpecShow::htmlHasNoForbiddenCharacters()
     text += QChar(0xfffe);
     const QString replaced(QChar::ReplacementCharacter);
     QCOMPARE(htmlText(text), "a\n\tb"_s + replaced + replaced + "&lt;&amp;&quot;&gt;"_s + replaced);
+}
+
+void tst_SpecShow::damagedFilesGiveValidOutput()
+{
+    std::mt19937 random(1);
+    for (unsigned seed = 1; seed <= DOCUMENTS; ++seed) {
+        QByteArray text = "@SCRIBON x\n" + DocumentGenerator(seed).document();
+        for (int damage = 0; damage < 8; ++damage)
+            text[static_cast<int>(random() % static_cast<unsigned>(text.size()))] =
+                static_cast<char>(random() % 256);
+        const SpecFile file = SpecFile::fromBytes(text, "damaged"_s);
+        if (file.state() != SpecFile::State::Loaded)
+            continue;
+        QVERIFY(QJsonDocument::fromJson(shown(file, "json")).isObject());
+        QVERIFY(!htmlCells(htmlTables(file)).isEmpty());
+        QCOMPARE(csvRecords(QString::fromUtf8(shown(file, "csv"))), expectedRecords(file));
+    }
 }
 
 // ---- The program --------------------------------------------------------------------------------

@@ -3,6 +3,8 @@
 #include <QHash>
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <optional>
 
 #include "editor_types.h"
 
@@ -59,6 +61,7 @@ private:
     bool isEqual(int before, int after) const;
     bool isFree(int before) const;
     void match(int before, int after);
+    std::optional<int> placeOfMatch(int after) const;
     void matchBeside(int after, int neighbour, int step);
 
     const std::vector<TableRow>& m_before;
@@ -106,19 +109,24 @@ void RowMatcher::matchUniqueRows()
     }
 }
 
-// Matches a row with the one beside its matched neighbour's. Beyond the ends the neighbours match.
+// Where the row's match stands, if it has one. The ends of both tables match.
+std::optional<int> RowMatcher::placeOfMatch(int after) const
+{
+    if (after < 0)
+        return -1;
+    if (after == static_cast<int>(m_after.size()))
+        return static_cast<int>(m_before.size());
+    const int match = m_matches[static_cast<size_t>(after)];
+    return match == NO_ROW ? std::nullopt : std::make_optional(match);
+}
+
+// Matches a row with the one beside its neighbour's match.
 void RowMatcher::matchBeside(int after, int neighbour, int step)
 {
-    const int count = static_cast<int>(m_after.size());
-    int beside = neighbour < 0 ? NO_ROW : static_cast<int>(m_before.size());
-    if (neighbour >= 0 && neighbour < count) {
-        beside = m_matches[static_cast<size_t>(neighbour)];
-        if (beside == NO_ROW)
-            return;
-    }
-    const int before = beside + step;
-    if (m_matches[static_cast<size_t>(after)] == NO_ROW && isFree(before) && isEqual(before, after))
-        match(before, after);
+    const std::optional<int> place = placeOfMatch(neighbour);
+    if (place && m_matches[static_cast<size_t>(after)] == NO_ROW && isFree(*place + step) &&
+        isEqual(*place + step, after))
+        match(*place + step, after);
 }
 
 void RowMatcher::matchNeighbours()
@@ -149,6 +157,48 @@ void RowMatcher::matchByKey(KeyOf keyOfRow)
     }
 }
 
+// The longest sequence of rows whose matches increase. For each length it keeps the sequence that
+// ends with the least match.
+class LongestSequence {
+public:
+    explicit LongestSequence(const std::vector<int>& matches)
+        : m_matches(matches), m_previous(matches.size(), NO_ROW)
+    {
+    }
+
+    void add(int row);
+    std::vector<bool> rows() const;
+
+private:
+    int matchOf(int row) const { return m_matches[static_cast<size_t>(row)]; }
+
+    const std::vector<int>& m_matches;
+    std::vector<int> m_previous;  // of each row in the longest sequence that it ends
+    std::vector<int> m_ends;      // by length
+};
+
+void LongestSequence::add(int row)
+{
+    const auto end =
+        std::lower_bound(m_ends.begin(), m_ends.end(), matchOf(row),
+                         [this](int last, int match) { return matchOf(last) < match; });
+    if (end != m_ends.begin())
+        m_previous[static_cast<size_t>(row)] = *std::prev(end);
+    if (end == m_ends.end())
+        m_ends.push_back(row);
+    else
+        *end = row;
+}
+
+std::vector<bool> LongestSequence::rows() const
+{
+    std::vector<bool> rows(m_matches.size());
+    for (int row = m_ends.empty() ? NO_ROW : m_ends.back(); row != NO_ROW;
+         row = m_previous[static_cast<size_t>(row)])
+        rows[static_cast<size_t>(row)] = true;
+    return rows;
+}
+
 }  // namespace
 
 std::vector<int> matchRows(int tab, const std::vector<TableRow>& before,
@@ -163,28 +213,12 @@ std::vector<int> matchRows(int tab, const std::vector<TableRow>& before,
     return matcher.matches();
 }
 
-// The longest increasing subsequence: for each length the row with the least match that ends one.
 std::vector<bool> rowsInOrder(const std::vector<int>& matches)
 {
-    std::vector<int> ends;
-    std::vector<int> previous(matches.size(), NO_ROW);
-    const auto matchOf = [&matches](int row) { return matches[static_cast<size_t>(row)]; };
+    LongestSequence sequence(matches);
     for (int row = 0; row < static_cast<int>(matches.size()); ++row) {
-        if (matchOf(row) == NO_ROW)
-            continue;
-        const auto place =
-            std::lower_bound(ends.begin(), ends.end(), matchOf(row),
-                             [&matchOf](int end, int searched) { return matchOf(end) < searched; });
-        if (place != ends.begin())
-            previous[static_cast<size_t>(row)] = *std::prev(place);
-        if (place == ends.end())
-            ends.push_back(row);
-        else
-            *place = row;
+        if (matches[static_cast<size_t>(row)] != NO_ROW)
+            sequence.add(row);
     }
-    std::vector<bool> inOrder(matches.size());
-    for (int row = ends.empty() ? NO_ROW : ends.back(); row != NO_ROW;
-         row = previous[static_cast<size_t>(row)])
-        inOrder[static_cast<size_t>(row)] = true;
-    return inOrder;
+    return sequence.rows();
 }
