@@ -10,7 +10,7 @@ table { border-collapse: collapse; margin: 0 0 1.5em; }
 th, td { border: 1px solid #999; padding: 0.2em 0.6em; text-align: left; vertical-align: top; }
 thead th { background: #e4e8ee; }
 tbody th { color: #666; font-weight: normal; text-align: right; }
-td { overflow-wrap: break-word; white-space: pre-wrap; }
+td { min-width: 9em; overflow-wrap: anywhere; white-space: pre-wrap; }
 tbody tr:nth-child(even) { background: #f5f7f9; }
 tr.comment td { color: #4a6a4a; font-style: italic; }
 tbody td.wrong { background: #fde8e8; box-shadow: inset 3px 0 #c00000; color: #a00000; font-style: normal; }
