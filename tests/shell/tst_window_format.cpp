@@ -58,11 +58,9 @@ void tst_WindowFormat::examples()
 void tst_WindowFormat::samples_data()
 {
     QTest::addColumn<QString>("path");
-    for (const char* const folder : {"language", "models"}) {
-        const QDir samples(QStringLiteral(SCRIBON_TESTS "/%1/samples").arg(QLatin1String(folder)));
-        for (const QString& name : samples.entryList(QDir::Files))
-            QTest::newRow(qPrintable(name)) << samples.filePath(name);
-    }
+    const QDir samples(QStringLiteral(SCRIBON_TESTS "/models/samples"));
+    for (const QString& name : samples.entryList(QDir::Files))
+        QTest::newRow(qPrintable(name)) << samples.filePath(name);
 }
 
 // Samples that the editor refuses, mostly for want of @SCRIBON, get one.

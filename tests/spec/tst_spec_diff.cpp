@@ -57,12 +57,13 @@ Rows randomRows(std::mt19937* random)
 {
     std::vector<QStringList> texts((*random)() % 12);
     for (QStringList& row : texts) {
-        if ((*random)() % 4 == 0)
+        if ((*random)() % 4 == 0) {
             row = QStringList{"# %1"_s.arg((*random)() % 3), QString(), QString()};
-        else
+        } else {
             row = QStringList{"v%1"_s.arg((*random)() % 3),
                               (*random)() % 2 == 0 ? QString() : ".AV"_s,
                               "C%1"_s.arg((*random)() % 6)};
+        }
     }
     return rowsOfTexts(texts);
 }
@@ -405,6 +406,7 @@ void tst_SpecDiff::manyRows()
 {
     QFETCH(int, texts);
     std::vector<QStringList> rows;
+    rows.reserve(MANY_ROWS);
     for (int row = 0; row < MANY_ROWS; ++row)
         rows.push_back({"v%1"_s.arg(row % texts), QString(), "C%1"_s.arg(row % texts)});
     const Rows before = rowsOfTexts(rows);
@@ -502,10 +504,9 @@ void tst_SpecDiff::exitStatus()
     QVERIFY(writeFile(folder.filePath("a"_s), smallSpec()));
     QVERIFY(writeFile(folder.filePath("b"_s), "@SCRIBON x\n"));
     QVERIFY(writeFile(folder.filePath("refused"_s), "@GROUP x\n"));
+    const QStringList files{"a"_s, "b"_s, "refused"_s, "none"_s};
     for (QString& argument : arguments) {
-        if (argument.size() == 1 && argument != "-"_s)
-            argument = folder.filePath(argument);
-        else if (argument == "none"_s || argument == "refused"_s)
+        if (files.contains(argument))
             argument = folder.filePath(argument);
     }
     const SpecRun run = runSpec(QStringList{"diff"_s} + arguments);

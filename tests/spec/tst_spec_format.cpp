@@ -10,13 +10,17 @@
 #include "check.h"
 #include "document_generator.h"
 #include "formatfile.h"
+#include "loaded_text.h"
+#include "model_text.h"
 #include "places.h"
+#include "samples.h"
 #include "spec_program.h"
 #include "unifieddiff.h"
 
 namespace {
 
 constexpr int DOCUMENTS = 150;
+constexpr int ENOUGH_SAMPLES = 1000;
 
 const QByteArray UNFORMATTED = "@SCRIBON  x\n@MAX_SCANS 5\n@SCAN_LIST\n";
 const QByteArray FORMATTED =
@@ -63,6 +67,7 @@ class tst_SpecFormat : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void samplesAreSavedAlike();
     void changesNothingTwice();
     void printsWhatSaveWrites();
     void printsSeveralFiles();
@@ -88,6 +93,26 @@ private Q_SLOTS:
     void wrongArguments_data();
     void wrongArguments();
 };
+
+// As the models append to the file of a save.
+void tst_SpecFormat::samplesAreSavedAlike()
+{
+    const QDir folder(QStringLiteral(SCRIBON_TESTS "/language/samples"));
+    int compared = 0;
+    for (const QString& name : folder.entryList(QDir::Files)) {
+        for (const Sample& sample : readSamples(folder.filePath(name))) {
+            const QByteArray text =
+                sample.verdict == 0 ? sample.text : "@SCRIBON x\n" + sample.text;
+            resetParseState();
+            if (loadText(text) != 0)
+                continue;
+            const QByteArray saved = savedDocument();
+            QCOMPARE(loadedSpec(text).savedBytes(), saved);
+            ++compared;
+        }
+    }
+    QVERIFY(compared > ENOUGH_SAMPLES);
+}
 
 // Unless check has said that a save of the save differs.
 void tst_SpecFormat::changesNothingTwice()
