@@ -6,11 +6,10 @@
 #include <QLineEdit>
 #include <QSpinBox>
 #include <array>
-#include <cstring>
 
 #include "asamspecs_select.h"
 #include "editor_access.h"
-#include "scribon_keywords.h"
+#include "keyword_words.h"
 #include "treemodel.h"
 #include "variableselectiondialog.h"
 
@@ -61,12 +60,7 @@ QString Antlr3_BaseTreeDelegate::displayText(const QVariant& value, const QLocal
 
 QString Antlr3_BaseTreeDelegate::convertKeywordText(const char* value, size_t length) const
 {
-    static constexpr auto KEYWORDS = keywordsInDisplayOrder();
-    for (const ScribonKeyword* const keyword : KEYWORDS) {
-        if (std::strncmp(value, keyword->spelling, length) == 0)
-            return QString::fromUtf8(keyword->displayName);
-    }
-    return {};
+    return keywordDisplayName(value, length);
 }
 
 QSize Antlr3_BaseTreeDelegate::sizeHint(const QStyleOptionViewItem& option,

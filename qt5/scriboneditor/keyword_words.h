@@ -1,8 +1,11 @@
-// The words that the Keywords tab offers for keywords.
+// The words that stand for keywords on the Keywords tab: in its cells, and in the list that it
+// offers.
 #pragma once
 
 #include <QString>
 #include <QStringList>
+#include <cstddef>
+#include <cstring>
 
 #include "scribon_keywords.h"
 
@@ -25,4 +28,16 @@ inline QStringList wordList()
             words.append(keywordWord(keyword));
     }
     return words;
+}
+
+// The name by which a cell shows the first keyword that begins with these bytes; empty if there is
+// none, or if that keyword has no such name.
+inline QString keywordDisplayName(const char* text, size_t length)
+{
+    static constexpr auto KEYWORDS = keywordsInDisplayOrder();
+    for (const ScribonKeyword* const keyword : KEYWORDS) {
+        if (std::strncmp(text, keyword->spelling, length) == 0)
+            return QString::fromUtf8(keyword->displayName);
+    }
+    return {};
 }

@@ -24,3 +24,8 @@ void print(const QByteArray& bytes)
     std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stdout);
     std::fflush(stdout);
 }
+
+bool hasPrintedAll()
+{
+    return std::ferror(stdout) == 0;
+}

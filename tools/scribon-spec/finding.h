@@ -27,6 +27,9 @@ struct Finding {
     QString text;     // the text that is wrong
     QString message;  // what is wrong with it, in one line
     QString hint;     // the way out, in one line; may be empty
+
+    // A finding about the whole file has no place in it.
+    bool hasPlace() const { return cell.isValid() || range.size > 0; }
 };
 
 struct FileReport {

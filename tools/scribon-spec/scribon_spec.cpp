@@ -53,7 +53,8 @@ int run(QStringList arguments)
                             ? QStringLiteral("no command; try --help")
                             : QStringLiteral("unknown command %1; try --help").arg(name));
     arguments.removeAt(1);
-    return command->run(arguments);
+    const int status = command->run(arguments);
+    return hasPrintedAll() ? status : complain(QStringLiteral("cannot write to standard output"));
 }
 
 }  // namespace

@@ -33,12 +33,6 @@ QString underline(const Finding& finding)
     return QLatin1Char('^') + QString(tail, QLatin1Char('~'));
 }
 
-// A finding about the whole file has no place in it.
-bool hasPlace(const Finding& finding)
-{
-    return finding.cell.isValid() || finding.range.size > 0;
-}
-
 }  // namespace
 
 QString TextReport::coloured(const char* colour, const QString& text) const
@@ -49,7 +43,7 @@ QString TextReport::coloured(const char* colour, const QString& text) const
 QString TextReport::line(const SpecFile& file, const Finding& finding) const
 {
     QString place = file.name() + QLatin1Char(':');
-    if (hasPlace(finding))
+    if (finding.hasPlace())
         place += QStringLiteral("%1:%2:").arg(finding.place.line).arg(finding.place.column);
     const char* const colour = finding.severity == Severity::Warning ? MAGENTA : RED;
     QString message = finding.message;
@@ -66,7 +60,7 @@ QByteArray TextReport::file(const SpecFile& file, const FileReport& report) cons
     QString text;
     for (const Finding& finding : report.findings) {
         text += line(file, finding);
-        if (m_onTerminal && hasPlace(finding))
+        if (m_onTerminal && finding.hasPlace())
             text += marked(file, finding, coloured(GREEN, underline(finding)));
     }
     return text.toUtf8();
