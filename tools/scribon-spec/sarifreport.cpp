@@ -83,7 +83,7 @@ Json cellObject(const SpecFile& file, const CellPlace& cell)
     const std::string row = std::to_string(visibleRow(cell));
     return {{"name", field},
             {"fullyQualifiedName", text(tabTitle(cell.tab)) + '/' + row + '/' + field},
-            {"kind", "member"}};
+            {"kind", "cell"}};
 }
 
 Json locationObject(const SpecFile& file, const Finding& finding)
