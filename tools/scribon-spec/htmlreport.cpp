@@ -209,8 +209,8 @@ HtmlCellAddition FileArticle::additionOf(const CellPlace& cell) const
 QByteArray HtmlReport::head(const Totals& totals) const
 {
     return QByteArray(
-               "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
-               "<meta name=\"viewport\" content=\"width=device-width\">\n"
+               "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\"/>\n"
+               "<meta name=\"viewport\" content=\"width=device-width\"/>\n"
                "<title>Check of spec files</title>\n<style>") +
            HTML_TABLES_STYLE + PAGE_STYLE +
            "</style>\n</head>\n<body>\n<h1>Check of spec files</h1>\n" + summary(totals).toUtf8();

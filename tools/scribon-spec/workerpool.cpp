@@ -103,28 +103,37 @@ void WorkerPool::end(const Worker& worker) const
 
 bool WorkerPool::start(int task)
 {
-    Worker* worker = idleWorker();
-    if (worker == nullptr && m_workers.size() >= m_limit)
-        return false;
-    if (worker == nullptr)
-        worker = fork();
-    if (worker == nullptr) {
-        if (!m_workers.empty())
-            return false;
-        m_doneHere.push_back({task, m_work(task), {}});
+    if (Worker* const worker = workerFor(task)) {
+        worker->task = task;
         return true;
     }
-    // A child that has died meanwhile is found out by wait().
-    writeAll(worker->socket, &task, sizeof task);
-    worker->task = task;
+    if (!m_workers.empty())
+        return false;
+    m_doneHere.push_back({task, m_work(task), {}});
     return true;
 }
 
+// The child that has got the task; null if there is none for it. Idle ones that have been killed
+// are replaced.
+WorkerPool::Worker* WorkerPool::workerFor(int task)
+{
+    for (Worker* worker = idleWorker(); worker != nullptr; worker = idleWorker()) {
+        if (writeAll(worker->socket, &task, sizeof task))
+            return worker;
+        end(*worker);
+        m_workers.erase(m_workers.begin() + (worker - m_workers.data()));
+    }
+    return nullptr;
+}
+
+// A new one if all have a task and there may be more; null if there is none.
 WorkerPool::Worker* WorkerPool::idleWorker()
 {
     const auto idle = std::find_if(m_workers.begin(), m_workers.end(),
                                    [](const Worker& worker) { return worker.task == NO_TASK; });
-    return idle == m_workers.end() ? nullptr : &*idle;
+    if (idle != m_workers.end())
+        return &*idle;
+    return m_workers.size() < m_limit ? fork() : nullptr;
 }
 
 WorkerPool::Worker* WorkerPool::fork()

@@ -40,6 +40,7 @@ private:
         int task;  // NO_TASK: idle
     };
 
+    Worker* workerFor(int task);
     Worker* idleWorker();
     Worker* fork();
     [[noreturn]] void serve(int socket) const;
