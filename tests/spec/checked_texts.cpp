@@ -36,7 +36,7 @@ QByteArray garbage(std::mt19937* random)
 
 QByteArray reportOf(const char* form, const QVector<NamedText>& texts)
 {
-    const auto report = reportOfName(QString::fromLatin1(form), false);
+    const auto report = reportOfName(QString::fromLatin1(form), TextTarget::File);
     Totals totals;
     QByteArrayList parts;
     for (const NamedText& text : texts) {

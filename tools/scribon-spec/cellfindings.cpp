@@ -91,14 +91,17 @@ size_t firstByteOutsideUtf8(const QByteArray& bytes)
     QTextCodec* const utf8 = QTextCodec::codecForName("UTF-8");
     int valid = 0;
     int invalid = bytes.size();
+    int begun = 0;  // bytes of a character that is not complete
     while (valid < invalid) {
         const int middle = valid + (invalid - valid + 1) / 2;
         QTextCodec::ConverterState state;
         utf8->toUnicode(bytes.constData(), middle, &state);
-        if (state.invalidChars == 0)
+        if (state.invalidChars == 0) {
             valid = middle;
-        else
+            begun = state.remainingChars;
+        } else {
             invalid = middle - 1;
+        }
     }
-    return static_cast<size_t>(valid);
+    return static_cast<size_t>(valid - begun);
 }

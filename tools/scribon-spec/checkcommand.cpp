@@ -59,9 +59,12 @@ bool readSeverities(const QCommandLineParser& parser, CheckOptions* options)
            setSeverity(parser.values(DISABLE), Severity::Off, options);
 }
 
-bool isColoured()
+TextTarget textTarget()
 {
-    return isatty(STDOUT_FILENO) != 0 && qEnvironmentVariableIsEmpty("NO_COLOR");
+    if (isatty(STDOUT_FILENO) == 0)
+        return TextTarget::File;
+    return qEnvironmentVariableIsEmpty("NO_COLOR") ? TextTarget::ColourTerminal
+                                                   : TextTarget::Terminal;
 }
 
 // Nothing, with a complaint, for what is no number of processes.
@@ -106,7 +109,7 @@ int runCheck(const QStringList& arguments)
     const QString failOn = parser.value(FAIL_ON);
     if (failOn != AS_ERROR && failOn != AS_WARNING)
         return complain(QStringLiteral("--fail-on takes error or warning"));
-    const auto report = reportOfName(parser.value(FORMAT), isColoured());
+    const auto report = reportOfName(parser.value(FORMAT), textTarget());
     if (report == nullptr)
         return complain(QStringLiteral("no format %1").arg(parser.value(FORMAT)));
     const QStringList files = inputFiles(parser.positionalArguments());

@@ -25,10 +25,10 @@ FileCounts countsOf(const FileReport& report)
     return counts;
 }
 
-std::unique_ptr<Report> reportOfName(const QString& name, bool coloured)
+std::unique_ptr<Report> reportOfName(const QString& name, TextTarget target)
 {
     if (name == QLatin1String("text"))
-        return std::make_unique<TextReport>(coloured);
+        return std::make_unique<TextReport>(target);
     if (name == QLatin1String("json"))
         return std::make_unique<JsonReport>();
     if (name == QLatin1String("sarif"))

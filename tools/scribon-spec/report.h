@@ -45,5 +45,8 @@ public:
     virtual QByteArray foot(const Totals& /*totals*/) const { return {}; }
 };
 
-// Null if there is no form of this name. `coloured` is for text on a terminal only.
-std::unique_ptr<Report> reportOfName(const QString& name, bool coloured);
+// What text is printed for: a terminal shows the lines of the findings, too.
+enum class TextTarget { File, Terminal, ColourTerminal };
+
+// Null if there is no form of this name.
+std::unique_ptr<Report> reportOfName(const QString& name, TextTarget target);

@@ -62,7 +62,9 @@ QString underline(const Finding& finding)
 
 QString TextReport::coloured(const char* colour, const QString& text) const
 {
-    return m_onTerminal ? QLatin1String(colour) + text + QLatin1String(PLAIN) : text;
+    return m_target == TextTarget::ColourTerminal
+               ? QLatin1String(colour) + text + QLatin1String(PLAIN)
+               : text;
 }
 
 QString TextReport::line(const SpecFile& file, const Finding& finding) const
@@ -85,7 +87,7 @@ QByteArray TextReport::file(const SpecFile& file, const FileReport& report) cons
     QString text;
     for (const Finding& finding : report.findings) {
         text += line(file, finding);
-        if (m_onTerminal && finding.hasPlace())
+        if (m_target != TextTarget::File && finding.hasPlace())
             text += marked(file, finding, coloured(GREEN, underline(finding)));
     }
     return text.toUtf8();
