@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int DOCUMENTS = 25;
+constexpr int DOCUMENTS = 12;
 constexpr int GARBAGE_SIZE = 300;
 
 QByteArray mutated(QByteArray text, std::mt19937* random)
