@@ -41,5 +41,6 @@ int parseArguments(const QStringList& arguments, QCommandLineParser* parser);
 // Writes to standard output. The bytes are written at once, not at the end.
 void print(const QByteArray& bytes);
 
-// Whether all could be written so far.
+// Whether all could be written so far, and an errno if it could not.
 bool hasPrintedAll();
+int printError();

@@ -34,7 +34,9 @@ struct Finding {
 
 struct FileReport {
     QString name;
+    int number = 1;  // among the files of a run
     bool loads = false;
+    bool isUnreadable = false;
     std::array<int, TAB_COUNT> errors{};  // as the editor counts them
     std::vector<Finding> findings;        // in the order of their places
 };

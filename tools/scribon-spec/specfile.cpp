@@ -74,6 +74,13 @@ SpecFile SpecFile::fromBytes(const QByteArray& bytes, const QString& name)
     return file;
 }
 
+SpecFile SpecFile::unreadable(const QString& name, const QString& problem)
+{
+    SpecFile file(name);
+    file.m_problem = problem;
+    return file;
+}
+
 void SpecFile::load(const QString& path)
 {
     const QByteArray localName = QFile::encodeName(path);
