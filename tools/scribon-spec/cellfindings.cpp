@@ -1,5 +1,6 @@
 #include "cellfindings.h"
 
+#include <QSet>
 #include <QTextCodec>
 
 #include "scribon_keywords.h"
@@ -14,18 +15,18 @@ Finding cellFinding(const SpecFile& file, const CellPlace& cell)
                          file.table(cell.tab).errorText(index));
 }
 
-// A section that is missing in the file has a row without a place in the file.
-bool hasKeyword(const SpecFile& file, const QString& keyword)
+// The texts of the keywords that the file has. A section that it does not have has a row, too, but
+// without a place in the file.
+QSet<QString> keywordsOf(const SpecFile& file)
 {
+    QSet<QString> keywords;
     for (int tab = 0; tab < TAB_COUNT; ++tab) {
-        const TreeModel& table = file.table(tab);
-        for (int row = 0; row < table.rowCount(); ++row) {
-            if (file.origins(tab).cell(row, KEYWORD_COLUMN).size > 0 &&
-                table.index(row, KEYWORD_COLUMN).data(Qt::EditRole).toString() == keyword)
-                return true;
+        for (int row = 0; row < file.origins(tab).rowCount(); ++row) {
+            if (file.origins(tab).cell(row, KEYWORD_COLUMN).size > 0)
+                keywords.insert(shownText(file.table(tab), {tab, row, KEYWORD_COLUMN}));
         }
     }
-    return false;
+    return keywords;
 }
 
 }  // namespace
@@ -66,9 +67,10 @@ void addCellFindings(const SpecFile& file, std::vector<Finding>* findings)
 
 void addMissingKeywords(const SpecFile& file, std::vector<Finding>* findings)
 {
+    const QSet<QString> keywords = keywordsOf(file);
     for (const ScribonKeyword& keyword : SCRIBON_KEYWORDS) {
         const QString spelling = QString::fromLatin1(keyword.spelling);
-        if (!keyword.is(REQUIRED) || hasKeyword(file, spelling))
+        if (!keyword.is(REQUIRED) || keywords.contains(spelling))
             continue;
         Finding finding;
         finding.rule = Rule::MissingKeyword;
@@ -82,14 +84,17 @@ size_t firstByteOutsideUtf8(const QByteArray& bytes)
     QTextCodec* const utf8 = QTextCodec::codecForName("UTF-8");
     int valid = 0;
     int invalid = bytes.size();
+    int begun = 0;  // bytes of a character that is not complete
     while (valid < invalid) {
         const int middle = valid + (invalid - valid + 1) / 2;
         QTextCodec::ConverterState state;
         utf8->toUnicode(bytes.constData(), middle, &state);
-        if (state.invalidChars == 0)
+        if (state.invalidChars == 0) {
             valid = middle;
-        else
+            begun = state.remainingChars;
+        } else {
             invalid = middle - 1;
+        }
     }
-    return static_cast<size_t>(valid);
+    return static_cast<size_t>(valid - begun);
 }

@@ -87,6 +87,7 @@ FileReport checkFile(const SpecFile& file, const CheckOptions& options)
 {
     FileReport report;
     report.name = file.name();
+    report.isUnreadable = file.state() == SpecFile::State::Unreadable;
     if (file.state() == SpecFile::State::Loaded)
         addOfLoaded(file, options, &report);
     else

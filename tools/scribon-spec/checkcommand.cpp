@@ -2,10 +2,9 @@
 
 #include <unistd.h>
 
-#include <cstdio>
-
 #include "celloptions.h"
 #include "check.h"
+#include "checkrun.h"
 #include "commands.h"
 #include "inputs.h"
 #include "report.h"
@@ -14,9 +13,12 @@ namespace {
 
 const QString FORMAT = QStringLiteral("format");
 const QString FAIL_ON = QStringLiteral("fail-on");
+const QString JOBS = QStringLiteral("jobs");
 const QString DISABLE = QStringLiteral("disable");
 const QString AS_ERROR = QStringLiteral("error");
 const QString AS_WARNING = QStringLiteral("warning");
+
+constexpr int MOST_JOBS = 256;
 
 void addOptions(QCommandLineParser* parser)
 {
@@ -28,6 +30,7 @@ void addOptions(QCommandLineParser* parser)
           QStringLiteral("text")},
          {FAIL_ON, QStringLiteral("End with status 1 from this severity on: error or warning."),
           QStringLiteral("SEVERITY"), QStringLiteral("error")},
+         {JOBS, QStringLiteral("Check with this many processes."), QStringLiteral("NUMBER")},
          {DISABLE, QStringLiteral("Do not report this rule."), rule},
          {AS_ERROR, QStringLiteral("Report this rule as an error."), rule},
          {AS_WARNING, QStringLiteral("Report this rule as a warning."), rule}});
@@ -58,25 +61,31 @@ bool readSeverities(const QCommandLineParser& parser, CheckOptions* options)
            setSeverity(parser.values(DISABLE), Severity::Off, options);
 }
 
-bool isColoured()
+TextTarget textTarget()
 {
-    return isatty(STDOUT_FILENO) != 0 && qEnvironmentVariableIsEmpty("NO_COLOR");
+    if (isatty(STDOUT_FILENO) == 0)
+        return TextTarget::File;
+    return qEnvironmentVariableIsEmpty("NO_COLOR") ? TextTarget::ColourTerminal
+                                                   : TextTarget::Terminal;
 }
 
-Totals checkAll(const QStringList& files, const CheckOptions& options, const Report& report)
+// Nothing, with a complaint, for what is no number of processes.
+std::optional<int> jobsOf(const QCommandLineParser& parser, int files)
 {
-    Totals totals;
-    print(report.head());
-    for (const QString& name : files) {
-        const SpecFile file = SpecFile::read(name);
-        const FileReport findings = checkFile(file, options);
-        if (totals.files > 0)
-            print(report.separator());
-        totals.add(findings);
-        print(report.file(file, findings));
-    }
-    print(report.foot(totals));
-    return totals;
+    if (!parser.isSet(JOBS))
+        return CheckRun::usualJobs(files);
+    bool isNumber = false;
+    const int jobs = parser.value(JOBS).toInt(&isNumber);
+    if (isNumber && jobs > 0)
+        return qMin(jobs, MOST_JOBS);
+    complain(QStringLiteral("--jobs takes a number from 1"));
+    return std::nullopt;
+}
+
+// The standard input can be read once.
+bool isReadOnce(const QStringList& files)
+{
+    return files.count(QStringLiteral("-")) <= 1;
 }
 
 int statusOf(const Totals& totals, bool failOnWarnings)
@@ -102,16 +111,21 @@ int runCheck(const QStringList& arguments)
     const QString failOn = parser.value(FAIL_ON);
     if (failOn != AS_ERROR && failOn != AS_WARNING)
         return complain(QStringLiteral("--fail-on takes error or warning"));
-    const auto report = reportOfName(parser.value(FORMAT), isColoured());
+    const auto report = reportOfName(parser.value(FORMAT), textTarget());
     if (report == nullptr)
         return complain(QStringLiteral("no format %1").arg(parser.value(FORMAT)));
     const QStringList files = inputFiles(parser.positionalArguments());
     if (files.isEmpty())
         return complain(QStringLiteral("no files to check"));
+    if (!isReadOnce(files))
+        return complain(QStringLiteral("standard input can be checked once only"));
+    const std::optional<int> jobs = jobsOf(parser, files.size());
+    if (!jobs)
+        return EXIT_TROUBLE;
     CellOptions cell;
     if (!cell.read(parser, &options))
         return EXIT_TROUBLE;
-    const Totals totals = checkAll(files, options, *report);
+    const Totals totals = CheckRun(files, options, *report).run(*jobs);
     return cell.isStillGood() ? statusOf(totals, failOn == AS_WARNING) : EXIT_TROUBLE;
 }
 

@@ -1,6 +1,13 @@
 #include "commands.h"
 
+#include <cerrno>
 #include <cstdio>
+
+namespace {
+
+int firstPrintError = 0;
+
+}  // namespace
 
 int complain(const QString& complaint)
 {
@@ -21,6 +28,18 @@ int parseArguments(const QStringList& arguments, QCommandLineParser* parser)
 
 void print(const QByteArray& bytes)
 {
-    std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stdout);
-    std::fflush(stdout);
+    const auto size = static_cast<size_t>(bytes.size());
+    errno = 0;
+    if (std::fwrite(bytes.constData(), 1, size, stdout) < size || std::fflush(stdout) != 0)
+        firstPrintError = firstPrintError == 0 ? errno : firstPrintError;
+}
+
+bool hasPrintedAll()
+{
+    return firstPrintError == 0;
+}
+
+int printError()
+{
+    return firstPrintError;
 }

@@ -18,11 +18,17 @@ struct Command {
 };
 
 int runCheck(const QStringList& arguments);
+int runDiff(const QStringList& arguments);
+int runFormat(const QStringList& arguments);
 int runRules(const QStringList& arguments);
+int runShow(const QStringList& arguments);
 
-inline constexpr std::array<Command, 2> COMMANDS{{
+inline constexpr std::array<Command, 5> COMMANDS{{
     {"check", "find what is wrong with spec files", runCheck},
     {"rules", "list what check can find", runRules},
+    {"show", "print the five tables of spec files", runShow},
+    {"format", "write spec files as the editor saves them", runFormat},
+    {"diff", "compare two spec files row by row", runDiff},
 }};
 
 // Prints a complaint on standard error and returns EXIT_TROUBLE.
@@ -34,3 +40,7 @@ int parseArguments(const QStringList& arguments, QCommandLineParser* parser);
 
 // Writes to standard output. The bytes are written at once, not at the end.
 void print(const QByteArray& bytes);
+
+// Whether all could be written so far, and an errno if it could not.
+bool hasPrintedAll();
+int printError();

@@ -18,11 +18,16 @@ struct Finding {
     QString text;     // the text that is wrong
     QString message;  // what is wrong with it, in one line
     QString hint;     // the way out, in one line; may be empty
+
+    // A finding about the whole file has no place in it.
+    bool hasPlace() const { return cell.isValid() || range.size > 0; }
 };
 
 struct FileReport {
     QString name;
+    int number = 1;  // among the files of a run
     bool loads = false;
+    bool isUnreadable = false;
     std::array<int, TAB_COUNT> errors{};  // as the editor counts them
     std::vector<Finding> findings;        // in the order of their places
 };

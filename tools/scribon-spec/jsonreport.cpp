@@ -45,7 +45,7 @@ Json errorCounts(const FileReport& report)
 
 }  // namespace
 
-QByteArray JsonReport::head() const
+QByteArray JsonReport::head(const Totals& /*totals*/) const
 {
     return "{\"version\":1,\"files\":[\n";
 }

@@ -5,7 +5,7 @@
 
 class JsonReport final : public Report {
 public:
-    QByteArray head() const override;
+    QByteArray head(const Totals& totals) const override;
     QByteArray file(const SpecFile& file, const FileReport& report) const override;
     QByteArray separator() const override;
     QByteArray foot(const Totals& totals) const override;

@@ -1,30 +1,39 @@
 #include "report.h"
 
+#include "htmlreport.h"
 #include "jsonreport.h"
+#include "sarifreport.h"
 #include "textreport.h"
 
-void Totals::add(const FileReport& report)
+void Totals::add(const FileCounts& file)
 {
-    ++files;
-    for (const Finding& finding : report.findings) {
-        ++(finding.severity == Severity::Warning ? warnings : errors);
-        unreadable += finding.rule == Rule::Unreadable ? 1 : 0;
-    }
+    files.push_back(file);
+    errors += file.errors;
+    warnings += file.warnings;
+    unreadable += file.isUnreadable ? 1 : 0;
 }
 
-void Totals::add(const Totals& other)
+FileCounts countsOf(const FileReport& report)
 {
-    files += other.files;
-    errors += other.errors;
-    warnings += other.warnings;
-    unreadable += other.unreadable;
+    FileCounts counts;
+    counts.name = report.name;
+    counts.number = report.number;
+    counts.loads = report.loads;
+    counts.isUnreadable = report.isUnreadable;
+    for (const Finding& finding : report.findings)
+        ++(finding.severity == Severity::Warning ? counts.warnings : counts.errors);
+    return counts;
 }
 
-std::unique_ptr<Report> reportOfName(const QString& name, bool coloured)
+std::unique_ptr<Report> reportOfName(const QString& name, TextTarget target)
 {
     if (name == QLatin1String("text"))
-        return std::make_unique<TextReport>(coloured);
+        return std::make_unique<TextReport>(target);
     if (name == QLatin1String("json"))
         return std::make_unique<JsonReport>();
+    if (name == QLatin1String("sarif"))
+        return std::make_unique<SarifReport>();
+    if (name == QLatin1String("html"))
+        return std::make_unique<HtmlReport>();
     return nullptr;
 }

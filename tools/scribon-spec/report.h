@@ -3,29 +3,50 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 #include <memory>
+#include <vector>
 
 #include "finding.h"
 
+// What a file adds to the totals.
+struct FileCounts {
+    QString name;
+    int number = 1;
+    bool loads = false;
+    bool isUnreadable = false;
+    int errors = 0;
+    int warnings = 0;
+};
+
 struct Totals {
-    int files = 0;
+    std::vector<FileCounts> files;
     int errors = 0;
     int warnings = 0;
     int unreadable = 0;
 
-    void add(const FileReport& report);
-    void add(const Totals& other);
+    void add(const FileCounts& file);
 };
+
+FileCounts countsOf(const FileReport& report);
 
 class Report {
 public:
     virtual ~Report() = default;
 
-    virtual QByteArray head() const { return {}; }
+    // Whether the head tells the totals, so that nothing can be printed before all is checked.
+    // Otherwise it gets empty ones.
+    virtual bool headHasTotals() const { return false; }
+    virtual QByteArray head(const Totals& /*totals*/) const { return {}; }
+
+    // May be empty. The separator stands between those that are not.
     virtual QByteArray file(const SpecFile& file, const FileReport& report) const = 0;
     virtual QByteArray separator() const { return {}; }
     virtual QByteArray foot(const Totals& /*totals*/) const { return {}; }
 };
 
-// Null if there is no form of this name. `coloured` is for text on a terminal only.
-std::unique_ptr<Report> reportOfName(const QString& name, bool coloured);
+// What text is printed for: a terminal shows the lines of the findings, too.
+enum class TextTarget { File, Terminal, ColourTerminal };
+
+// Null if there is no form of this name.
+std::unique_ptr<Report> reportOfName(const QString& name, TextTarget target);

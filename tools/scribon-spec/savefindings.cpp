@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "cellfindings.h"
+#include "regularrows.h"
 
 namespace {
 
@@ -178,6 +179,8 @@ bool isReadAlike(const QByteArray& bytes, const QByteArray& saved)
 
 void addSaveFindings(const SpecFile& file, std::vector<Finding>* findings)
 {
+    if (hasRegularRows(file))
+        return;
     const QByteArray saved = file.savedBytes();
     if (isReadAlike(file.bytes(), saved))
         return;

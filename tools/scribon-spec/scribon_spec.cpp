@@ -1,9 +1,14 @@
 // The program scribon-spec: checks and prints spec files without a window, a display and a
 // platform.
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <QCoreApplication>
 #include <QTextCodec>
 #include <algorithm>
+#include <csignal>
+#include <cstring>
 
 #include "commands.h"
 
@@ -56,13 +61,33 @@ int run(QStringList arguments)
     return command->run(arguments);
 }
 
+// A descriptor that the caller has closed would be given to the next file that is opened, and what
+// is printed would go there.
+void openStandardStreams()
+{
+    for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
+        if (fcntl(descriptor, F_GETFD) < 0)
+            open("/dev/null", O_RDONLY);
+    }
+}
+
+int statusOfOutput(int status)
+{
+    if (hasPrintedAll())
+        return status;
+    return complain(QStringLiteral("cannot write to standard output: %1")
+                        .arg(QString::fromLocal8Bit(std::strerror(printError()))));
+}
+
 }  // namespace
 
 // The encoding of a file must not depend on where it is checked: UTF-8, as on the cells.
 int main(int argc, char* argv[])
 {
+    openStandardStreams();
+    std::signal(SIGPIPE, SIG_IGN);
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("scribon-spec"));
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
-    return run(QCoreApplication::arguments());
+    return statusOfOutput(run(QCoreApplication::arguments()));
 }

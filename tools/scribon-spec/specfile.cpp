@@ -1,8 +1,5 @@
 #include "specfile.h"
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <QFile>
 #include <algorithm>
 #include <cerrno>
@@ -10,6 +7,7 @@
 #include <utility>
 
 #include "editor_antlr3.h"
+#include "memoryfile.h"
 #include "treeitem.h"
 
 namespace {
@@ -17,30 +15,6 @@ namespace {
 constexpr std::array<int, TAB_COUNT> EDIT_TABS{EDIT_TAB1, EDIT_TAB2, EDIT_TAB3, EDIT_TAB4,
                                                EDIT_TAB5};
 const auto STANDARD_INPUT = QStringLiteral("-");
-
-// A file in memory only, since the parser reads files. Its path is valid as long as this lives.
-class MemoryFile {
-public:
-    MemoryFile() : m_descriptor(memfd_create("spec", MFD_CLOEXEC)) {}
-    ~MemoryFile()
-    {
-        if (m_descriptor >= 0)
-            close(m_descriptor);
-    }
-    Q_DISABLE_COPY(MemoryFile)
-
-    // False, with errno, if there is no memory for it.
-    bool write(const QByteArray& bytes)
-    {
-        QFile file;
-        return m_descriptor >= 0 && file.open(m_descriptor, QIODevice::WriteOnly) &&
-               file.write(bytes) == bytes.size() && file.flush();
-    }
-    QString path() const { return QStringLiteral("/proc/self/fd/%1").arg(m_descriptor); }
-
-private:
-    int m_descriptor;
-};
 
 std::vector<int> lineStartsOf(const QByteArray& bytes)
 {
@@ -93,11 +67,18 @@ SpecFile SpecFile::read(const QString& name)
 SpecFile SpecFile::fromBytes(const QByteArray& bytes, const QString& name)
 {
     SpecFile file(name);
-    MemoryFile memory;
+    MemoryFile memory(MemoryFile::ForThisProcess);
     if (memory.write(bytes))
         file.load(memory.path());
     else
         file.m_problem = QString::fromLocal8Bit(std::strerror(errno));
+    return file;
+}
+
+SpecFile SpecFile::unreadable(const QString& name, const QString& problem)
+{
+    SpecFile file(name);
+    file.m_problem = problem;
     return file;
 }
 

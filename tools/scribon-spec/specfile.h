@@ -61,6 +61,9 @@ public:
     // The same for a text that is in no file. The name is used in messages only.
     static SpecFile fromBytes(const QByteArray& bytes, const QString& name);
 
+    // A file that cannot be read, for this reason.
+    static SpecFile unreadable(const QString& name, const QString& problem);
+
     SpecFile(SpecFile&&) noexcept;
     SpecFile& operator=(SpecFile&&) noexcept;
     ~SpecFile();
@@ -100,7 +103,7 @@ private:
     QString m_name;
     QString m_problem;
     QByteArray m_bytes;
-    std::vector<int> m_lineStarts;
+    std::vector<int> m_lineStarts{0};
     SpecEncoding m_encoding = SpecEncoding::Local;
     std::array<std::unique_ptr<TreeModel>, TAB_COUNT> m_tables;
     std::vector<TabOrigins> m_origins;

@@ -1,5 +1,9 @@
 #include "textreport.h"
 
+#include <QStringList>
+
+#include "terminaltext.h"
+
 namespace {
 
 constexpr char BOLD[] = "\x1b[1m";
@@ -14,42 +18,59 @@ QString counted(int count, const char* noun)
                                                     QLatin1String(count == 1 ? "" : "s"));
 }
 
-// The line of the file, and below it the mark: blanks, with tabs where the line has them.
+bool isControl(QChar c)
+{
+    return c.category() == QChar::Other_Control || c.category() == QChar::Other_Format;
+}
+
+// Characters that a terminal would obey, as ones that it shows.
+QString withoutControls(QString text)
+{
+    for (QChar& c : text)
+        c = isControl(c) && c != QLatin1Char('\t') ? QChar(QChar::ReplacementCharacter) : c;
+    return text;
+}
+
+// Blanks as wide as the text, and tabs where it has them.
+QString blanksFor(const QString& text)
+{
+    QStringList parts = text.split(QLatin1Char('\t'));
+    for (QString& part : parts)
+        part = QString(displayWidth(part), QLatin1Char(' '));
+    return parts.join(QLatin1Char('\t'));
+}
+
+// The line of the file, and the mark below it.
 QString marked(const SpecFile& file, const Finding& finding, const QString& mark)
 {
     QString line = file.lineOf(finding.range.offset);
-    QString blanks = line.left(finding.place.column - 1);
-    for (QChar& c : blanks)
-        c = c == QLatin1Char('\t') ? c : QLatin1Char(' ');
     if (line.endsWith(QLatin1Char('\r')))
         line.chop(1);
-    return line + QLatin1Char('\n') + blanks + mark + QLatin1Char('\n');
+    line = withoutControls(line);
+    return line + QLatin1Char('\n') + blanksFor(line.left(finding.place.column - 1)) + mark +
+           QLatin1Char('\n');
 }
 
 QString underline(const Finding& finding)
 {
     const QString text = finding.text.section(QLatin1Char('\n'), 0, 0);
-    const int tail = finding.range.size == 0 ? 0 : qMax(0, text.size() - 1);
+    const int tail = finding.range.size == 0 ? 0 : qMax(0, displayWidth(text) - 1);
     return QLatin1Char('^') + QString(tail, QLatin1Char('~'));
-}
-
-// A finding about the whole file has no place in it.
-bool hasPlace(const Finding& finding)
-{
-    return finding.cell.isValid() || finding.range.size > 0;
 }
 
 }  // namespace
 
 QString TextReport::coloured(const char* colour, const QString& text) const
 {
-    return m_onTerminal ? QLatin1String(colour) + text + QLatin1String(PLAIN) : text;
+    return m_target == TextTarget::ColourTerminal
+               ? QLatin1String(colour) + text + QLatin1String(PLAIN)
+               : text;
 }
 
 QString TextReport::line(const SpecFile& file, const Finding& finding) const
 {
-    QString place = file.name() + QLatin1Char(':');
-    if (hasPlace(finding))
+    QString place = withoutControls(file.name()) + QLatin1Char(':');
+    if (finding.hasPlace())
         place += QStringLiteral("%1:%2:").arg(finding.place.line).arg(finding.place.column);
     const char* const colour = finding.severity == Severity::Warning ? MAGENTA : RED;
     QString message = finding.message;
@@ -66,7 +87,7 @@ QByteArray TextReport::file(const SpecFile& file, const FileReport& report) cons
     QString text;
     for (const Finding& finding : report.findings) {
         text += line(file, finding);
-        if (m_onTerminal && hasPlace(finding))
+        if (m_target != TextTarget::File && finding.hasPlace())
             text += marked(file, finding, coloured(GREEN, underline(finding)));
     }
     return text.toUtf8();
@@ -75,7 +96,7 @@ QByteArray TextReport::file(const SpecFile& file, const FileReport& report) cons
 QByteArray TextReport::foot(const Totals& totals) const
 {
     return QStringLiteral("%1 checked: %2, %3\n")
-        .arg(counted(totals.files, "file"), counted(totals.errors, "error"),
-             counted(totals.warnings, "warning"))
+        .arg(counted(static_cast<int>(totals.files.size()), "file"),
+             counted(totals.errors, "error"), counted(totals.warnings, "warning"))
         .toUtf8();
 }

@@ -5,8 +5,7 @@
 
 class TextReport final : public Report {
 public:
-    // On a terminal: in colours, with the line and a mark below the text.
-    explicit TextReport(bool onTerminal) : m_onTerminal(onTerminal) {}
+    explicit TextReport(TextTarget target) : m_target(target) {}
 
     QByteArray file(const SpecFile& file, const FileReport& report) const override;
     QByteArray foot(const Totals& totals) const override;
@@ -15,5 +14,5 @@ private:
     QString line(const SpecFile& file, const Finding& finding) const;
     QString coloured(const char* colour, const QString& text) const;
 
-    bool m_onTerminal;
+    TextTarget m_target;
 };
