@@ -23,7 +23,7 @@ QSet<QString> keywordsOf(const SpecFile& file)
     for (int tab = 0; tab < TAB_COUNT; ++tab) {
         for (int row = 0; row < file.origins(tab).rowCount(); ++row) {
             if (file.origins(tab).cell(row, KEYWORD_COLUMN).size > 0)
-                keywords.insert(shownText(file.table(tab), {tab, row, KEYWORD_COLUMN}));
+                keywords.insert(file.cellText({tab, row, KEYWORD_COLUMN}));
         }
     }
     return keywords;
