@@ -1,0 +1,66 @@
+// Writes a catalogue as a text that people can read and compare line by line.
+
+#include <algorithm>
+#include <string>
+
+#include "snapshot_catalogue.h"
+
+namespace snapshot {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr size_t INDENT = 2;
+constexpr size_t LONGEST_LINE = 100;
+
+std::string keyText(const Json& parent, const std::string& key)
+{
+    return parent.is_object() ? Json(key).dump() + ": " : std::string();
+}
+
+std::string onOneLine(const Json& value)
+{
+    if (!value.is_structured() || value.empty())
+        return value.dump();
+    std::string text;
+    for (const auto& [key, member] : value.items())
+        text += (text.empty() ? "" : ", ") + keyText(value, key) + onOneLine(member);
+    return value.is_object() ? "{ " + text + " }" : '[' + text + ']';
+}
+
+bool isFlat(const Json& value)
+{
+    return std::none_of(value.begin(), value.end(),
+                        [](const Json& member) { return member.is_structured(); });
+}
+
+void append(std::string& text, const Json& value, size_t indent)
+{
+    if (isFlat(value)) {
+        const std::string line = onOneLine(value);
+        if (indent + line.size() <= LONGEST_LINE) {
+            text += line;
+            return;
+        }
+    }
+    text += value.is_object() ? '{' : '[';
+    const char* separator = "\n";
+    for (const auto& [key, member] : value.items()) {
+        text += separator + std::string(indent + INDENT, ' ') + keyText(value, key);
+        append(text, member, indent + INDENT);
+        separator = ",\n";
+    }
+    text += '\n' + std::string(indent, ' ') + (value.is_object() ? '}' : ']');
+}
+
+}  // namespace
+
+std::string catalogueText(const Json& json)
+{
+    std::string text;
+    append(text, json, 0);
+    return text + '\n';
+}
+
+}  // namespace snapshot
