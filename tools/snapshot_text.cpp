@@ -29,20 +29,18 @@ std::string onOneLine(const Json& value)
     return value.is_object() ? "{ " + text + " }" : '[' + text + ']';
 }
 
-bool isFlat(const Json& value)
+bool fitsLine(const Json& value, size_t indent)
 {
-    return std::none_of(value.begin(), value.end(),
-                        [](const Json& member) { return member.is_structured(); });
+    const bool isFlat = std::none_of(value.begin(), value.end(),
+                                     [](const Json& member) { return member.is_structured(); });
+    return !value.is_structured() || (isFlat && indent + onOneLine(value).size() <= LONGEST_LINE);
 }
 
 void append(std::string& text, const Json& value, size_t indent)
 {
-    if (isFlat(value)) {
-        const std::string line = onOneLine(value);
-        if (indent + line.size() <= LONGEST_LINE) {
-            text += line;
-            return;
-        }
+    if (fitsLine(value, indent)) {
+        text += onOneLine(value);
+        return;
     }
     text += value.is_object() ? '{' : '[';
     const char* separator = "\n";
