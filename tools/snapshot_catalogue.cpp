@@ -246,13 +246,12 @@ private:
 
     bool hasUnits(const Variable& variable, const std::string& place)
     {
+        const std::string what = place + ": units of " + legible(variable.label);
         if (!variable.isKnown)
-            return omit(place + ": units of " + legible(variable.label),
-                        "no function finds the variable");
+            return omit(what, "no function finds the variable");
         return !variable.units.empty() &&
                (units_.count(marvane::inUpperCase(variable.units)) != 0 ||
-                omit(place + ": units " + legible(variable.units),
-                     "no function tells their dimension"));
+                omit(what, "no function tells the dimension of " + legible(variable.units)));
     }
 
     bool hasAlias(const Variable& variable, const std::string& place)
@@ -302,8 +301,8 @@ private:
         if (units != unitsByCode_.end())
             entry["units"] = units->second;
         else if (keyword.unitsCode != 0)
-            omit(place + ": units of the code " + std::to_string(keyword.unitsCode),
-                 "no function tells them");
+            omit(place + ": units of " + legible(keyword.name),
+                 "no function tells those of the code " + std::to_string(keyword.unitsCode));
     }
 
     const Platform& platform_;

@@ -122,7 +122,7 @@ void addUnits()
 {
     addOmission(
         "units of no dimension", [](Platform& p) { inputs(p)[1].units = "KG"; },
-        "AI_REAL_MEM real 3: units \"KG\": no function tells their dimension");
+        "AI_REAL_MEM real 3: units of \"free\": no function tells the dimension of \"KG\"");
     addOmission(
         "units in brackets",
         [](Platform& p) {
@@ -184,7 +184,7 @@ void addKeywords()
             p.areas.insert(KEYWORD_MEM);
             p.keywords = {{0, CHANNEL_KEYWORD, -3, "N"}};
         },
-        "KEYWORD_MEM 0: units of the code -3: no function tells them");
+        "KEYWORD_MEM 0: units of \"N\": no function tells those of the code -3");
 }
 
 // A platform of random bytes, with some names that occur twice.

@@ -128,7 +128,7 @@ void TestSnapshotHostFunctions::unitsWithoutAnEnd()
     const TakenSnapshot taken = takeSnapshot();
     QCOMPARE(taken.omissions.size(), 2);
     QVERIFY2(taken.omissions.first().endsWith(
-                 QLatin1String("\"UUUUUUUUUUUUUUUU\": no function tells their dimension")),
+                 QLatin1String("no function tells the dimension of \"UUUUUUUUUUUUUUUU\"")),
              qPrintable(taken.omissions.first()));
     QVERIFY(acceptedCatalogue(taken.text));
 }
