@@ -38,7 +38,7 @@ std::string lengthFault(std::string_view text, size_t longest)
 
 std::string labelFault(std::string_view label, bool isStructured)
 {
-    const std::string fault = lengthFault(label, MAX_LABEL_LENGTH);
+    std::string fault = lengthFault(label, MAX_LABEL_LENGTH);
     if (!fault.empty())
         return fault;
     const bool hasFullStop = label.back() == '.';
@@ -58,7 +58,7 @@ std::string aliasFault(std::string_view alias)
 
 std::string unitsNameFault(std::string_view name)
 {
-    const std::string fault = lengthFault(name, MAX_UNITS_LENGTH);
+    std::string fault = lengthFault(name, MAX_UNITS_LENGTH);
     if (!fault.empty())
         return fault;
     const bool isName = isPrintableWord(name) && name.find_first_of("[]") == std::string_view::npos;
@@ -67,7 +67,7 @@ std::string unitsNameFault(std::string_view name)
 
 std::string keywordNameFault(std::string_view name)
 {
-    const std::string fault = lengthFault(name, MAX_KEYWORD_LENGTH);
+    std::string fault = lengthFault(name, MAX_KEYWORD_LENGTH);
     if (!fault.empty())
         return fault;
     return isPrintableWord(name) ? "" : "must be one printable ASCII word";

@@ -143,7 +143,7 @@ int run(const Options& options)
     }
     const snapshot::Catalogue catalogue = snapshot::makeCatalogue(platform);
     std::string complaint;
-    if (!write(options, snapshot::catalogueText(catalogue.json), &complaint))
+    if (!write(options, catalogue.text, &complaint))
         return complain(complaint, EXIT_FAULT);
     return listOmissions(catalogue);
 }

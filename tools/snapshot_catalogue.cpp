@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <cstdio>
 #include <map>
+#include <nlohmann/json.hpp>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
 
 #include "catalogue_names.h"
+#include "snapshot_text.h"
 
 namespace snapshot {
 
@@ -66,14 +68,14 @@ public:
         addAreas();
         if (platform_.areas.count(KEYWORD_MEM) != 0)
             addKeywords();
-        return std::move(catalogue_);
+        return {catalogueText(json_), std::move(omissions_)};
     }
 
 private:
     // Returns false.
     bool omit(const std::string& what, const std::string& reason)
     {
-        catalogue_.omissions.push_back(what + ": " + reason);
+        omissions_.push_back(what + ": " + reason);
         return false;
     }
 
@@ -108,7 +110,7 @@ private:
                 names.push_back(units.name);
         }
         if (!names.empty())
-            catalogue_.json["units"][names.front().get<std::string>()] = names;
+            json_["units"][names.front().get<std::string>()] = names;
     }
 
     bool addUnitsName(const Units& units)
@@ -130,10 +132,9 @@ private:
     {
         int32_t last = 0;
         for (const auto& [code, name] : unitsByCode_) {
+            const std::string codes = std::to_string(last + 1) + " to " + std::to_string(code - 1);
             if (code - last > 1)
-                omit("units of the codes " + std::to_string(last + 1) + " to " +
-                         std::to_string(code - 1),
-                     "no function tells them");
+                omit("units of the codes " + codes, "no function tells them");
             last = code;
         }
     }
@@ -143,7 +144,7 @@ private:
     void addCounts()
     {
         for (size_t i = 0; i < platform_.counts.size(); ++i)
-            catalogue_.json["counts"][marvane::COUNT_LAYOUTS[i].name] = platform_.counts[i];
+            json_["counts"][marvane::COUNT_LAYOUTS[i].name] = platform_.counts[i];
     }
 
     // A name that occurs twice is kept where it is most useful: as a label in use, then as another
@@ -152,10 +153,10 @@ private:
     {
         takeLabels(true);
         takeLabels(false);
-        catalogue_.json["areas"] = Json::object();
+        json_["areas"] = Json::object();
         for (const SM_AREA_ID area : platform_.areas) {
             if (area != KEYWORD_MEM)
-                catalogue_.json["areas"][marvane::areaName(area)] = tablesOf(area);
+                json_["areas"][marvane::areaName(area)] = tablesOf(area);
         }
     }
 
@@ -272,7 +273,7 @@ private:
             if (!entry.empty())
                 keywords.push_back(withIndex(keyword.index, next, entry));
         }
-        catalogue_.json["keywords"] = std::move(keywords);
+        json_["keywords"] = std::move(keywords);
     }
 
     // Empty if the keyword is left out.
@@ -306,7 +307,8 @@ private:
     }
 
     const Platform& platform_;
-    Catalogue catalogue_;
+    Json json_;
+    std::vector<std::string> omissions_;
     std::unordered_map<std::string, std::string> units_;  // their names by those in upper case
     std::map<int32_t, std::string> unitsByCode_;
     Owners variableNames_;  // labels and aliases

@@ -1,9 +1,6 @@
-// Writes a catalogue as a text that people can read and compare line by line.
+#include "snapshot_text.h"
 
 #include <algorithm>
-#include <string>
-
-#include "snapshot_catalogue.h"
 
 namespace snapshot {
 

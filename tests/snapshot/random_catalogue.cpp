@@ -76,17 +76,21 @@ private:
     Json areas()
     {
         Json areas = Json::object();
-        for (const marvane::TableLayout& table : marvane::TABLE_LAYOUTS) {
-            const std::string area = marvane::areaName(table.area);
-            if (!areas.contains(area) && !isOneOf(5))
-                continue;
-            Json& tables = areas[area];
-            if (tables.is_null())
-                tables = Json::object();
-            if (!isOneOf(6))
-                tables[marvane::recordName(table.kind)] = variables(table);
+        for (const marvane::AreaName& row : marvane::AREA_NAMES) {
+            if (row.area != SYS_ATTR_MEM && row.area != KEYWORD_MEM && isOneOf(4))
+                areas[row.name] = tables(row.area);
         }
         return areas;
+    }
+
+    Json tables(SM_AREA_ID area)
+    {
+        Json tables = Json::object();
+        for (const marvane::TableLayout& table : marvane::TABLE_LAYOUTS) {
+            if (table.area == area && !isOneOf(6))
+                tables[marvane::recordName(table.kind)] = variables(table);
+        }
+        return tables;
     }
 
     Json variables(const marvane::TableLayout& table)

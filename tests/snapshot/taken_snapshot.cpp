@@ -40,9 +40,7 @@ void describe(const marvane::CatalogueVariable& variable, QByteArray& text)
 TakenSnapshot textOf(const snapshot::Platform& platform)
 {
     const snapshot::Catalogue catalogue = snapshot::makeCatalogue(platform);
-    TakenSnapshot taken{snapshot::Reading::Done,
-                        QByteArray::fromStdString(snapshot::catalogueText(catalogue.json)),
-                        {}};
+    TakenSnapshot taken{snapshot::Reading::Done, QByteArray::fromStdString(catalogue.text), {}};
     for (const std::string& omission : catalogue.omissions)
         taken.omissions.append(QString::fromStdString(omission));
     return taken;
