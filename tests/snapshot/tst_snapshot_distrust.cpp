@@ -37,6 +37,7 @@ private Q_SLOTS:
     void cleanup() { m_platform.reset(); }
 
     void labelWithoutATerminatingZero();
+    void noLabel();
     void labelThatNoFunctionKnows();
     void labelOfAnotherVariable();
     void otherActiveValues();
@@ -87,6 +88,15 @@ void TestSnapshotDistrust::labelWithoutATerminatingZero()
              m_taken.omissions.size());
     QCOMPARE(variablesOf(*m_catalogue), before - static_cast<size_t>(m_taken.omissions.size()));
     QCOMPARE(m_taken.omissions.size(), int{marvane::TABLE_LAYOUTS.size()});
+}
+
+void TestSnapshotDistrust::noLabel()
+{
+    QVERIFY(overwriteFirstLabels(QByteArray(1, '\0')));
+    QVERIFY(take());
+    QCOMPARE(m_taken.omissions.size(), int{marvane::TABLE_LAYOUTS.size()});
+    QCOMPARE(m_taken.omissions.filter(QStringLiteral("label \"\": must not be empty")).size(),
+             m_taken.omissions.size());
 }
 
 // The variable is in the table, so the editor offers it, but its units and alias are unknown.
