@@ -12,8 +12,10 @@ const char* get_variable_units(SHARED_MEMORY mem)
 {
     constexpr int PAUSE_MS = 1;
     void* address = nullptr;
-    kill(static_cast<pid_t>(std::strtol(std::getenv("TEST_PLATFORM"), nullptr, 10)), SIGKILL);
-    while (link_to_memory(SYS_ATTR_MEM, &address) != 0)
+    const char* const platform = std::getenv("TEST_PLATFORM");
+    if (platform != nullptr)
+        kill(static_cast<pid_t>(std::strtol(platform, nullptr, 10)), SIGKILL);
+    while (platform != nullptr && link_to_memory(SYS_ATTR_MEM, &address) != 0)
         poll(nullptr, 0, PAUSE_MS);
     const auto next =
         reinterpret_cast<const char* (*)(SHARED_MEMORY)>(dlsym(RTLD_NEXT, "get_variable_units"));

@@ -35,6 +35,12 @@ void describe(const marvane::CatalogueVariable& variable, QByteArray& text)
             (variable.isActive ? "" : " inactive") + '\n';
 }
 
+void describe(const marvane::CatalogueKeyword& keyword, QByteArray& text)
+{
+    text += "keyword " + QByteArray::number(keyword.index) + ' ' + keyword.name.c_str() + ' ' +
+            QByteArray::number(keyword.unitsCode) + ' ' + QByteArray::number(keyword.kind) + '\n';
+}
+
 }  // namespace
 
 TakenSnapshot textOf(const snapshot::Platform& platform)
@@ -93,8 +99,6 @@ QByteArray described(const marvane::Catalogue& catalogue)
             describe(variable, text);
     }
     for (const marvane::CatalogueKeyword& keyword : byIndex(catalogue.keywords))
-        text += "keyword " + QByteArray::number(keyword.index) + ' ' + keyword.name.c_str() + ' ' +
-                QByteArray::number(keyword.unitsCode) + ' ' + QByteArray::number(keyword.kind) +
-                '\n';
+        describe(keyword, text);
     return text;
 }

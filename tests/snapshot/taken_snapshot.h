@@ -11,7 +11,7 @@
 #include "snapshot_platform.h"
 
 struct TakenSnapshot {
-    snapshot::Reading reading;
+    snapshot::Reading reading = snapshot::Reading::Done;
     QByteArray text;
     QStringList omissions;
 };
