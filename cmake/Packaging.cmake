@@ -74,7 +74,8 @@ It runs beside the platform; marvane-desk stands in for one on any desk.")
 The programs of the Marvane engine test-cell platform find its variables,
 units and keywords in shared memory. This package puts those of a catalogue
 file there, so that the programs can be used away from a test cell, and has
-the library that finds them.")
+the library that finds them. marvane-snapshot writes the catalogue of the
+platform that runs on a computer.")
 endif()
 
 include(CPack)

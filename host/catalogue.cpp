@@ -14,68 +14,12 @@
 #include <unordered_set>
 #include <utility>
 
+#include "catalogue_names.h"
 #include "json_document.h"
 
 namespace marvane {
 
 namespace {
-
-constexpr size_t MAX_LABEL_LENGTH = MARVANE_LABEL_SIZE - 1;
-constexpr size_t MAX_UNITS_LENGTH = sizeof(UNITS_NAME) - 1;
-constexpr size_t MAX_KEYWORD_LENGTH = sizeof(PAM_KEYWORD::keyword) - 1;
-constexpr size_t MAX_UNITS = INT16_MAX;
-
-struct KeywordKind {
-    std::string_view name;
-    char kind;
-};
-
-constexpr std::array<KeywordKind, 3> KEYWORD_KINDS{{
-    {"channel", CHANNEL_KEYWORD},
-    {"parameter", PARAMETER_KEYWORD},
-    {"channel_or_parameter", CHANNEL_OR_PARAMETER_KEYWORD},
-}};
-
-// ASCII only, independent of the locale.
-bool isLetter(char c)
-{
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
-bool isWordCharacter(char c)
-{
-    return isLetter(c) || (c >= '0' && c <= '9') || c == '_';
-}
-
-bool isVariableName(std::string_view name)
-{
-    return !name.empty() && isLetter(name.front()) &&
-           std::all_of(name.begin(), name.end(), isWordCharacter);
-}
-
-bool isPrintableWord(std::string_view text)
-{
-    return std::all_of(text.begin(), text.end(), [](char c) { return c > ' ' && c <= '~'; });
-}
-
-std::string inUpperCase(std::string text)
-{
-    for (char& c : text)
-        c = static_cast<char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
-    return text;
-}
-
-std::string inQuotes(const std::string& text)
-{
-    return '"' + text + '"';
-}
-
-std::string_view withoutFullStop(std::string_view label)
-{
-    if (!label.empty() && label.back() == '.')
-        label.remove_suffix(1);
-    return label;
-}
 
 // A value of the document and the JSON pointer to it.
 struct Node {
@@ -108,6 +52,11 @@ private:
     {
         fault_ = {at.empty() ? "top level" : at.to_string(), reason};
         return false;
+    }
+
+    bool isFaultless(const Node& node, const std::string& fault)
+    {
+        return fault.empty() || fail(node.at, fault);
     }
 
     bool isObject(const Node& node)
@@ -143,11 +92,7 @@ private:
         if (!node.value.is_string())
             return fail(node.at, "must be a text");
         text = node.value.get<std::string>();
-        if (text.empty())
-            return fail(node.at, "must not be empty");
-        if (text.size() > longest)
-            return fail(node.at, "is longer than " + std::to_string(longest) + " bytes");
-        return true;
+        return isFaultless(node, lengthFault(text, longest));
     }
 
     bool readNumber(const Node& node, size_t largest, uint16_t& number)
@@ -196,10 +141,8 @@ private:
     bool readUnitsName(const Node& node, int32_t dimension)
     {
         std::string name;
-        if (!readText(node, MAX_UNITS_LENGTH, name))
+        if (!readText(node, MAX_UNITS_LENGTH, name) || !isFaultless(node, unitsNameFault(name)))
             return false;
-        if (!isPrintableWord(name) || name.find_first_of("[]") != std::string::npos)
-            return fail(node.at, "must be one printable ASCII word without brackets");
         if (catalogue_.units.size() == MAX_UNITS)
             return fail(node.at, "there are more than " + std::to_string(MAX_UNITS) + " units");
         const auto code = static_cast<int32_t>(catalogue_.units.size()) + 1;
@@ -337,11 +280,8 @@ private:
     {
         if (!hasKey(node, "label") || !readText(node["label"], MAX_LABEL_LENGTH, label))
             return false;
-        if (isStructured && label.back() != '.')
-            return fail(node.at / "label", "a structured variable's label ends in a full stop");
-        if (!isStructured && label.back() == '.')
-            return fail(node.at / "label", "the label must not end in a full stop");
-        return isFreeName(node["label"], withoutFullStop(label));
+        return isFaultless(node["label"], labelFault(label, isStructured)) &&
+               isFreeName(node["label"], withoutFullStop(label));
     }
 
     bool readAlias(const Node& node, bool isStructured, std::string& alias)
@@ -350,16 +290,15 @@ private:
             return true;
         if (isStructured)
             return fail(node.at / "alias", "a structured variable has no alias");
-        return readText(node["alias"], MAX_LABEL_LENGTH, alias) && isFreeName(node["alias"], alias);
+        return readText(node["alias"], MAX_LABEL_LENGTH, alias) &&
+               isFaultless(node["alias"], aliasFault(alias)) && isFreeName(node["alias"], alias);
     }
 
     bool isFreeName(const Node& node, std::string_view name)
     {
-        if (!isVariableName(name))
-            return fail(node.at, "must be a letter, then letters, digits and underscores");
         const auto [owner, isNew] = names_.emplace(name, node.at.to_string());
-        return isNew || fail(node.at, "the name " + inQuotes(std::string(name)) +
-                                          " is there already, at " + owner->second);
+        return isNew || fail(node.at, "the name " + inQuotes(name) + " is there already, at " +
+                                          owner->second);
     }
 
     bool readActive(const Node& node, bool& isActive)
@@ -422,8 +361,8 @@ private:
     {
         if (!hasKey(node, "name") || !readText(node["name"], MAX_KEYWORD_LENGTH, name))
             return false;
-        if (!isPrintableWord(name))
-            return fail(node.at / "name", "must be one printable ASCII word");
+        if (!isFaultless(node["name"], keywordNameFault(name)))
+            return false;
         return keywordNames_.insert(name).second ||
                fail(node.at / "name", "the keyword " + inQuotes(name) + " is there already");
     }

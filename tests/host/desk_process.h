@@ -32,6 +32,7 @@ public:
     ~DeskProcess();
 
     const QString& name() const { return name_; }
+    qint64 processId() const { return process_.processId(); }
 
     // Starts with a catalogue file, or with the text of one, and waits until clients can join.
     // False if it does not start.
