@@ -69,8 +69,10 @@ bool areAll(const QString& text, int from, Test test)
 
 bool isYesOrNo(const QString& text)
 {
-    return text.compare(QLatin1String("yes"), Qt::CaseInsensitive) == 0 ||
-           text.compare(QLatin1String("no"), Qt::CaseInsensitive) == 0;
+    constexpr int LONGEST = 3;
+    return text.size() <= LONGEST &&
+           (text.compare(QLatin1String("yes"), Qt::CaseInsensitive) == 0 ||
+            text.compare(QLatin1String("no"), Qt::CaseInsensitive) == 0);
 }
 
 // Not all words: those that begin otherwise may be numbers, intervals or members.
@@ -119,9 +121,11 @@ TextKind kindOfComment(const QString& text)
 
 TextKind kindOf(const QString& text)
 {
-    if (text.isEmpty() || text == FILLER_TEXT)
+    if (text.isEmpty())
         return NO_TEXT;
     const QChar first = text.at(0);
+    if (first == QLatin1Char(FILLER_TEXT.latin1()[0]) && text == FILLER_TEXT)
+        return NO_TEXT;
     if (first == QLatin1Char('#'))
         return kindOfComment(text);
     if (isQuote(first))
