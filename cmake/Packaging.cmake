@@ -8,9 +8,14 @@ set(CPACK_PRE_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/cmake/PreparePackages.cmake")
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
-set(CPACK_COMPONENTS_ALL scriboneditor scriboneditor-debian documentation documentation-debian)
+set(CPACK_COMPONENTS_ALL
+  scriboneditor scriboneditor-debian
+  spectool spectool-debian
+  documentation documentation-debian)
 set(CPACK_COMPONENT_SCRIBONEDITOR_GROUP editor)
 set(CPACK_COMPONENT_SCRIBONEDITOR-DEBIAN_GROUP editor)
+set(CPACK_COMPONENT_SPECTOOL_GROUP spec)
+set(CPACK_COMPONENT_SPECTOOL-DEBIAN_GROUP spec)
 set(CPACK_COMPONENT_DOCUMENTATION_GROUP docs)
 set(CPACK_COMPONENT_DOCUMENTATION-DEBIAN_GROUP docs)
 if(TARGET marvane-desk)
@@ -50,6 +55,19 @@ The editor shows such a file as five tables. Each cell has an editor that
 fits it, wrong entries are marked and counted, every change can be undone,
 and a file with mistakes can be opened and saved like any other.")
 
+set(CPACK_DEBIAN_SPEC_PACKAGE_NAME scribon-spec)
+set(CPACK_DEBIAN_SPEC_PACKAGE_SECTION science)
+set(CPACK_DEBIAN_SPEC_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_SPEC_DESCRIPTION "check, print and compare spec files of the Scribon task
+Scribon is the data-logging task of the Marvane engine test-cell platform.
+Its spec files say what to sample, how often, on which events, with which
+statistics, and where to write it.
+
+scribon-spec finds what is wrong with such files, prints their tables,
+formats them and compares them row by row, in a terminal and on a build
+server. It reads a file as the editor does, and needs neither the editor
+nor a display nor a running platform.")
+
 set(CPACK_DEBIAN_DOCS_PACKAGE_NAME scriboneditor-docs)
 set(CPACK_DEBIAN_DOCS_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOCS_PACKAGE_ARCHITECTURE all)
@@ -66,6 +84,7 @@ if(TARGET marvane-desk)
 
 It runs beside the platform; marvane-desk stands in for one on any desk.")
   set(CPACK_DEBIAN_EDITOR_PACKAGE_DEPENDS "marvane-desk ${same_version}")
+  set(CPACK_DEBIAN_SPEC_PACKAGE_DEPENDS "marvane-desk ${same_version}")
   set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/host")
   set(CPACK_DEBIAN_DESK_PACKAGE_NAME marvane-desk)
   set(CPACK_DEBIAN_DESK_PACKAGE_SECTION science)

@@ -61,7 +61,7 @@ void tst_SpecCheckHelp::options()
     int count = 0;
     while (names.hasNext()) {
         const QString name = names.next().captured();
-        if (name == "--help"_s || name == "--help-all"_s)
+        if (name == "--help"_s)
             continue;
         QVERIFY2(page().contains(QLatin1Char('`') + name), qPrintable(name));
         ++count;

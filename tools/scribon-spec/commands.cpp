@@ -1,11 +1,21 @@
 #include "commands.h"
 
+#include <QCoreApplication>
 #include <cerrno>
 #include <cstdio>
 
 namespace {
 
 int firstPrintError = 0;
+
+// Qt's text begins with the path of the program, as the caller has written it, and knows no
+// commands.
+QString helpOf(const QString& command, const QCommandLineParser& parser)
+{
+    const auto usage = QStringLiteral("Usage: ");
+    const int pathLength = QCoreApplication::arguments().constFirst().size();
+    return usage + command + parser.helpText().mid(usage.size() + pathLength);
+}
 
 }  // namespace
 
@@ -17,12 +27,15 @@ int complain(const QString& complaint)
 
 int parseArguments(const QStringList& arguments, QCommandLineParser* parser)
 {
-    const QCommandLineOption help = parser->addHelpOption();
+    // Qt's own help option comes with a second one for the options of Qt, which there are none of.
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Print this help."));
+    parser->addOption(help);
     if (!parser->parse(arguments))
         return complain(parser->errorText());
     if (!parser->isSet(help))
         return -1;
-    print(parser->helpText().toLocal8Bit());
+    print(helpOf(arguments.constFirst(), *parser).toLocal8Bit());
     return EXIT_CLEAN;
 }
 

@@ -13,7 +13,8 @@ struct Command {
     const char* name;
     const char* summary;
 
-    // Returns the exit status. The first argument is the name of the program and the command.
+    // Returns the exit status. The first argument is the names of the program and the command,
+    // as in "scribon-spec check".
     int (*run)(const QStringList& arguments);
 };
 

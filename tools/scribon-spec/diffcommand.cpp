@@ -13,7 +13,7 @@ void addOptions(QCommandLineParser* parser)
 {
     parser->setApplicationDescription(
         QStringLiteral("Compares two spec files table by table: rows added, removed, moved and "
-                       "changed. Status 0: the same; 1: different; 2: trouble."));
+                       "changed.\nStatus 0: the same; 1: different; 2: trouble."));
     parser->addOptions({{FORMAT, QStringLiteral("Print text or json."), QStringLiteral("FORMAT"),
                          QStringLiteral("text")}});
     parser->addPositionalArgument(QStringLiteral("BEFORE"),

@@ -22,10 +22,11 @@ QString usage()
         "FILE is a spec file, a folder, which is searched for scrib*, or - for standard input.\n"
         "\n"
         "Commands:\n");
-    for (const Command& command : COMMANDS)
+    for (const Command& command : COMMANDS) {
         text += QStringLiteral("  %1 %2\n")
                     .arg(QLatin1String(command.name), -8)
                     .arg(QLatin1String(command.summary));
+    }
     return text + QStringLiteral(
                       "\n"
                       "scribon-spec COMMAND --help tells the options of a command.\n");
@@ -53,11 +54,13 @@ int run(QStringList arguments)
     if (name == QLatin1String("--version"))
         return printAndEnd(QStringLiteral("scribon-spec %1\n").arg(QLatin1String(SCRIBON_VERSION)));
     const Command* const command = commandOfName(name);
-    if (command == nullptr)
+    if (command == nullptr) {
         return complain(name.isEmpty()
                             ? QStringLiteral("no command; try --help")
                             : QStringLiteral("unknown command %1; try --help").arg(name));
+    }
     arguments.removeAt(1);
+    arguments[0] = QStringLiteral("scribon-spec ") + name;
     return command->run(arguments);
 }
 
