@@ -7,12 +7,27 @@
 
 #include "places.h"
 
+namespace {
+
+// Run from a hook of git, the tests would find the repository of that hook.
+QProcessEnvironment environmentWithoutGit()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const QString& name : environment.keys()) {
+        if (name.startsWith("GIT_"_s))
+            environment.remove(name);
+    }
+    return environment;
+}
+
+}  // namespace
+
 bool GitRepository::isGitInstalled()
 {
     return !QStandardPaths::findExecutable("git"_s).isEmpty();
 }
 
-GitRepository::GitRepository() : m_environment(QProcessEnvironment::systemEnvironment())
+GitRepository::GitRepository() : m_environment(environmentWithoutGit())
 {
     m_environment.insert("HOME"_s, m_folder.path());
     m_environment.insert("TMPDIR"_s, m_temporaryFiles.path());
