@@ -7,7 +7,6 @@
 #include <QStyledItemDelegate>
 #include <cstddef>
 
-
 class QComboBox;
 struct LineFormat;
 

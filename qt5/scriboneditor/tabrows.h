@@ -12,6 +12,9 @@ class RowReceiver {
 public:
     virtual ~RowReceiver() = default;
 
+    // Whether setCell() needs the texts. They are not decoded for one that asks for places only.
+    virtual bool wantsTexts() const { return true; }
+
     // A row of a statement that begins there.
     virtual void appendRow(FileRange statement) = 0;
 

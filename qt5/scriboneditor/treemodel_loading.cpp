@@ -39,15 +39,10 @@ Bytes bytesOf(pANTLR3_BASE_TREE node)
     return {reinterpret_cast<const char*>(text->chars), static_cast<int>(text->len)};
 }
 
-// The text of a node; a null string for a line end, which is no cell. Zero bytes are part of the
-// text: cut at one, a quoted text would lose its closing quote, and the next load would take the
-// rest of the file as quoted.
-QString nodeText(pANTLR3_BASE_TREE node, SpecEncoding encoding)
+// A line end is no cell.
+bool isCell(const Bytes& bytes)
 {
-    const Bytes bytes = bytesOf(node);
-    if (bytes.data == nullptr || (bytes.size > 0 && bytes.data[0] == '\n'))
-        return {};
-    return decoded(encoding, bytes.data, bytes.size);
+    return bytes.data != nullptr && (bytes.size == 0 || bytes.data[0] != '\n');
 }
 
 // The first child of a statement is the node of its tab.
@@ -69,6 +64,7 @@ public:
     void addItemsBelow(pANTLR3_BASE_TREE tree, int level = 1);
 
 private:
+    QString textOf(const Bytes& bytes, int level) const;
     void addItem(pANTLR3_BASE_TREE node, const QString& text);
     void addListItem(pANTLR3_BASE_TREE node, const QString& text);
     int listColumn(int editor) const;
@@ -93,16 +89,26 @@ StatementRows::StatementRows(ANTLR3_UINT32 tab, SpecEncoding encoding, FileRange
     m_receiver->appendRow(m_place);
 }
 
-// Existing behaviour, kept for compatibility: texts of the deepest level are not trimmed, and nodes
-// below it are ignored.
+// Zero bytes are part of the text: cut at one, a quoted text would lose its closing quote, and the
+// next load would take the rest of the file as quoted. Existing behaviour, kept for compatibility:
+// texts of the deepest level are not trimmed.
+QString StatementRows::textOf(const Bytes& bytes, int level) const
+{
+    if (!m_receiver->wantsTexts())
+        return {};
+    const QString text = decoded(m_encoding, bytes.data, bytes.size);
+    return level < DEEPEST_LEVEL ? text.trimmed() : text;
+}
+
+// Existing behaviour, kept for compatibility: nodes below the deepest level are ignored.
 void StatementRows::addItemsBelow(pANTLR3_BASE_TREE tree, int level)
 {
     const ANTLR3_UINT32 count = tree->getChildCount(tree);
     for (ANTLR3_UINT32 i = 0; i < count; ++i) {
         const pANTLR3_BASE_TREE node = childAt(tree, i);
-        const QString text = nodeText(node, m_encoding);
-        if (!text.isNull())
-            addItem(node, level < DEEPEST_LEVEL ? text.trimmed() : text);
+        const Bytes bytes = bytesOf(node);
+        if (isCell(bytes))
+            addItem(node, textOf(bytes, level));
         if (level < DEEPEST_LEVEL)
             addItemsBelow(node, level + 1);
     }

@@ -187,17 +187,15 @@ void LossSearch::tellOfAll()
 
 // ---- Shifted entries ----------------------------------------------------------------------------
 
-int lineOf(const SpecFile& file, FileRange range)
-{
-    return file.placeOf(range.offset).line;
-}
-
 // The texts of an entry are on one line, so a row of two lines holds the texts of two entries.
 bool isOfTwoLines(const SpecFile& file, int tab, int row)
 {
     const FileRange first = file.origins(tab).cell(row, ENTRY_COLUMN);
     const FileRange second = file.origins(tab).cell(row, SECOND_ENTRY_COLUMN);
-    return first.size > 0 && second.size > 0 && lineOf(file, first) != lineOf(file, second);
+    if (first.size == 0 || second.size == 0)
+        return false;
+    const auto [from, to] = std::minmax(first.offset, second.offset);
+    return viewOf(file).substr(from, to - from).find('\n') != std::string_view::npos;
 }
 
 void addShiftedEntries(const SpecFile& file, int tab, std::vector<Finding>* findings)

@@ -69,8 +69,10 @@ bool areAll(const QString& text, int from, Test test)
 
 bool isYesOrNo(const QString& text)
 {
-    return text.compare(QLatin1String("yes"), Qt::CaseInsensitive) == 0 ||
-           text.compare(QLatin1String("no"), Qt::CaseInsensitive) == 0;
+    constexpr int LONGEST = 3;
+    return text.size() <= LONGEST &&
+           (text.compare(QLatin1String("yes"), Qt::CaseInsensitive) == 0 ||
+            text.compare(QLatin1String("no"), Qt::CaseInsensitive) == 0);
 }
 
 // Not all words: those that begin otherwise may be numbers, intervals or members.
@@ -119,9 +121,11 @@ TextKind kindOfComment(const QString& text)
 
 TextKind kindOf(const QString& text)
 {
-    if (text.isEmpty() || text == FILLER_TEXT)
+    if (text.isEmpty())
         return NO_TEXT;
     const QChar first = text.at(0);
+    if (first == QLatin1Char(FILLER_TEXT.latin1()[0]) && text == FILLER_TEXT)
+        return NO_TEXT;
     if (first == QLatin1Char('#'))
         return kindOfComment(text);
     if (isQuote(first))
@@ -193,7 +197,7 @@ public:
     explicit RegularRows(const TreeModel& table) : m_table(table) {}
 
     bool areStatements();
-    bool areEntries(const QString& section, const Kinds& kinds);
+    bool areEntries(QLatin1String section, const Kinds& kinds);
 
 private:
     QString text(int row, int column) const
@@ -246,7 +250,7 @@ bool RegularRows::areStatements()
     return m_hasString;
 }
 
-bool RegularRows::areEntries(const QString& section, const Kinds& kinds)
+bool RegularRows::areEntries(QLatin1String section, const Kinds& kinds)
 {
     if (m_table.rowCount() == 0 || text(0, KEYWORD_COLUMN) != section)
         return false;
@@ -262,21 +266,20 @@ bool RegularRows::areEntries(const QString& section, const Kinds& kinds)
 bool hasRegularRows(const SpecFile& file)
 {
     struct List {
-        int tab;
-        QLatin1String section;
-        Kinds kinds;
+        int tab = 0;
+        const char* section = nullptr;
+        Kinds kinds{};
     };
     static constexpr std::array<List, TAB_COUNT - 1> LISTS{{
-        {DE_TAB2, QLatin1String("@SCAN_LIST"), {NO_TEXT, WORD, NO_TEXT | MEMBER, WORD}},
-        {DE_TAB3, QLatin1String("@META_DATA"), {NO_TEXT, WORD, WORD | MEMBER | QUOTED_TEXT, 0}},
-        {DE_TAB4,
-         QLatin1String("@SCAN_LIST_AUX_USER"),
-         {NO_TEXT, WORD | QUOTED_TEXT, WORD | QUOTED_TEXT, 0}},
-        {DE_TAB5, QLatin1String("@ECM_LIST"), {NO_TEXT, NUMBER, WORD, 0}},
+        {DE_TAB2, "@SCAN_LIST", {NO_TEXT, WORD, NO_TEXT | MEMBER, WORD}},
+        {DE_TAB3, "@META_DATA", {NO_TEXT, WORD, WORD | MEMBER | QUOTED_TEXT, 0}},
+        {DE_TAB4, "@SCAN_LIST_AUX_USER", {NO_TEXT, WORD | QUOTED_TEXT, WORD | QUOTED_TEXT, 0}},
+        {DE_TAB5, "@ECM_LIST", {NO_TEXT, NUMBER, WORD, 0}},
     }};
     return file.encoding() == SpecEncoding::Local &&
            RegularRows(file.table(DE_TAB1)).areStatements() &&
            std::all_of(LISTS.begin(), LISTS.end(), [&file](const List& list) {
-               return RegularRows(file.table(list.tab)).areEntries(list.section, list.kinds);
+               return RegularRows(file.table(list.tab))
+                   .areEntries(QLatin1String(list.section), list.kinds);
            });
 }

@@ -32,6 +32,7 @@ class TabOrigins final : public RowReceiver {
 public:
     explicit TabOrigins(int columns) : m_columns(columns) {}
 
+    bool wantsTexts() const override { return false; }
     void appendRow(FileRange statement) override;
     void setCell(int column, const QString& text, FileRange range) override;
 

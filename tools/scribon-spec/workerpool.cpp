@@ -73,10 +73,11 @@ int waitFor(pid_t process)
 
 QString describeDeath(int status)
 {
-    if (WIFSIGNALED(status))
+    if (WIFSIGNALED(status)) {
         return QStringLiteral("ended by signal %1 (%2)")
             .arg(WTERMSIG(status))
             .arg(QString::fromLocal8Bit(strsignal(WTERMSIG(status))));
+    }
     return QStringLiteral("ended with status %1").arg(WEXITSTATUS(status));
 }
 
