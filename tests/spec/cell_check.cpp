@@ -13,6 +13,30 @@ QString textOf(const Finding& finding)
     return finding.hint.isEmpty() ? text : text + QLatin1Char(' ') + finding.hint;
 }
 
+bool isAny(const Finding&)
+{
+    return true;
+}
+
+bool isAboutCell(const Finding& finding)
+{
+    return finding.rule >= Rule::UnknownVariable;
+}
+
+QStringList textsOf(const SpecFile& file, const LiveCell* cell, const EcmOffers* offers,
+                    bool (*wanted)(const Finding&))
+{
+    CheckOptions options;
+    options.cell = cell;
+    options.offers = offers;
+    QStringList texts;
+    for (const Finding& finding : checkFile(file, options).findings) {
+        if (wanted(finding))
+            texts.append(textOf(finding));
+    }
+    return texts;
+}
+
 }  // namespace
 
 QString demoCatalogue()
@@ -28,17 +52,14 @@ QByteArray cellSpec(const QByteArray& statements)
            statements + '\n';
 }
 
+QStringList allFindings(const SpecFile& file, const LiveCell* cell, const EcmOffers* offers)
+{
+    return textsOf(file, cell, offers, isAny);
+}
+
 QStringList cellFindings(const SpecFile& file, const LiveCell* cell, const EcmOffers* offers)
 {
-    CheckOptions options;
-    options.cell = cell;
-    options.offers = offers;
-    QStringList texts;
-    for (const Finding& finding : checkFile(file, options).findings) {
-        if (finding.rule >= Rule::UnknownVariable)
-            texts.append(textOf(finding));
-    }
-    return texts;
+    return textsOf(file, cell, offers, isAboutCell);
 }
 
 QStringList cellFindings(const QByteArray& spec, const LiveCell* cell, const EcmOffers* offers)

@@ -15,8 +15,11 @@ QString demoCatalogue();
 constexpr int CELL_SPEC_LINES = 8;
 QByteArray cellSpec(const QByteArray& statements);
 
-// The findings that are about the cell, without those of the file itself, one a text: "line:column
-// rule: message", and behind a blank the hint, if there is one.
+// The findings, one a text: "line:column rule: message", and behind a blank the hint, if there is
+// one.
+QStringList allFindings(const SpecFile& file, const LiveCell* cell, const EcmOffers* offers);
+
+// Those that are about the cell, without those of the file itself.
 QStringList cellFindings(const SpecFile& file, const LiveCell* cell,
                          const EcmOffers* offers = nullptr);
 QStringList cellFindings(const QByteArray& spec, const LiveCell* cell,

@@ -4,6 +4,8 @@
 #include <QProcess>
 #include <QTextCodec>
 
+#include "places.h"
+
 QString specProgram()
 {
     return QStringLiteral(SCRIBON_SPEC_PROGRAM);
@@ -31,6 +33,11 @@ QStringList exampleSpecs()
             paths.append(examples.filePath(name));
     }
     return paths;
+}
+
+QByteArray exampleSpec(const QString& name)
+{
+    return readFile(qEnvironmentVariable("SCRIBON_EXAMPLES") + QLatin1Char('/') + name);
 }
 
 SpecFile loadedSpec(const QByteArray& text)

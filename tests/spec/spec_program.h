@@ -22,6 +22,8 @@ QString specProgram();
 // The paths of the examples' spec files, sorted, without those that the editor refuses.
 QStringList exampleSpecs();
 
+QByteArray exampleSpec(const QString& name);
+
 // Fails the test's program if the editor would not open the text.
 SpecFile loadedSpec(const QByteArray& text);
 

@@ -1,5 +1,5 @@
-// The example files against the demo cell and its asam3_specs files: each name exists and fits,
-// but for those told here.
+// The example files against the demo cell and its asam3_specs files: nothing is wrong with those
+// that are not made to show it.
 
 #include <QFileInfo>
 #include <QtTest>
@@ -37,30 +37,21 @@ void tst_SpecCellExamples::examples_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QStringList>("expected");
-    const QMap<QString, QString> known{
-        {QStringLiteral("scrib_commented"),
-         QStringLiteral("51:15 unknown-channel: the test cell has no channel keyword P_OIL_MIN")},
-        {QStringLiteral("scrib_ecm"),
-         QStringLiteral("72:5 unknown-list: no asam3_specs file offers the list "
-                        "/specs/hybrid/asam3_specs.drive:BMS0:99 "
-                        "Did you mean /specs/hybrid/asam3_specs.drive:BMS0:0?")},
-        {QStringLiteral("scrib_event_triggered"),
-         QStringLiteral("27:1 wrong-kind: log_interval is not an integer variable, which "
-                        "@SCAN_INTERVAL needs")}};
+    // It has every keyword, and this one cannot be set without a mark.
+    const QString markOfFull = "102:1 duplicate: Duplicate entry found!"_s;
     for (const QString& path : exampleSpecs()) {
         const QString name = QFileInfo(path).fileName();
-        if (name == QLatin1String("scrib_broken") || name == QLatin1String("scrib_large"))
+        if (name == "scrib_broken"_s || name == "scrib_large"_s)
             continue;
-        const QString finding = known.value(name);
         QTest::newRow(qPrintable(name))
-            << path << (finding.isEmpty() ? QStringList() : QStringList{finding});
+            << path << (name == "scrib_full"_s ? QStringList{markOfFull} : QStringList());
     }
 }
 
 void tst_SpecCellExamples::examples()
 {
     QFETCH(QString, path);
-    QTEST(cellFindings(SpecFile::read(path), &*m_cell, &*m_offers), "expected");
+    QTEST(allFindings(SpecFile::read(path), &*m_cell, &*m_offers), "expected");
 }
 
 // Its channel keywords and lists are made up by the generator.

@@ -1,13 +1,10 @@
 // git diff with scribon-spec as its text converter, as the help sets it up.
 
-#include <QFileInfo>
-#include <QProcess>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QTest>
+#include <memory>
 
+#include "git_repository.h"
 #include "places.h"
-#include "spec_program.h"
 
 namespace {
 
@@ -36,62 +33,39 @@ private Q_SLOTS:
     void fileThatIsNoSpecFile();
 
 private:
-    QByteArray run(const QString& program, const QStringList& arguments);
-    QByteArray git(const QStringList& arguments) { return run("git"_s, arguments); }
     void commit(const QByteArray& text);
     QByteArray differenceTo(const QByteArray& text);
 
-    std::unique_ptr<QTemporaryDir> m_repository;
+    std::unique_ptr<GitRepository> m_repository;
 };
 
 void tst_SpecTextconv::initTestCase()
 {
-    if (QStandardPaths::findExecutable("git"_s).isEmpty())
+    if (!GitRepository::isGitInstalled())
         QSKIP("git is not installed");
     QCOMPARE(linesOfTheHelp().size(), 3);
 }
 
-// Settings of the machine and of the user must not matter.
-QByteArray tst_SpecTextconv::run(const QString& program, const QStringList& arguments)
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("HOME"_s, m_repository->path());
-    environment.insert("GIT_CONFIG_NOSYSTEM"_s, "1"_s);
-    environment.insert("PATH"_s,
-                       QFileInfo(specProgram()).path() + ":"_s + environment.value("PATH"_s));
-    environment.insert("GIT_CONFIG_GLOBAL"_s, "/dev/null"_s);
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(m_repository->path());
-    process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitCode() != 0)
-        qFatal("%s: %s", qPrintable(program), process.readAllStandardError().constData());
-    return process.readAllStandardOutput();
-}
-
 void tst_SpecTextconv::init()
 {
-    m_repository = std::make_unique<QTemporaryDir>();
-    git({"init"_s, "--quiet"_s});
-    git({"config"_s, "user.name"_s, "tester"_s});
-    git({"config"_s, "user.email"_s, "tester@example.org"_s});
+    m_repository = std::make_unique<GitRepository>();
     for (const QString& line : linesOfTheHelp())
-        run("/bin/sh"_s, {"-c"_s, line});
+        QCOMPARE(m_repository->run("/bin/sh"_s, {"-c"_s, line}).status, 0);
 }
 
 void tst_SpecTextconv::commit(const QByteArray& text)
 {
-    QVERIFY(writeFile(m_repository->filePath("scrib_x"_s), text));
-    git({"add"_s, "."_s});
-    git({"commit"_s, "--quiet"_s, "--message=test"_s});
+    QVERIFY(m_repository->write("scrib_x"_s, text));
+    m_repository->git({"add"_s, "."_s});
+    m_repository->git({"commit"_s, "--quiet"_s, "--message=test"_s});
 }
 
 // Without the lines that name the files.
 QByteArray tst_SpecTextconv::differenceTo(const QByteArray& text)
 {
-    if (!writeFile(m_repository->filePath("scrib_x"_s), text))
+    if (!m_repository->write("scrib_x"_s, text))
         return "not written";
-    const QByteArray difference = git({"diff"_s, "--unified=0"_s, "--no-color"_s});
+    const QByteArray difference = m_repository->git({"diff"_s, "--unified=0"_s, "--no-color"_s});
     return difference.mid(difference.indexOf("\n@@") + 1);
 }
 
