@@ -121,7 +121,8 @@ void tst_HelpProcess::aboutTellsThePlatformsVersion_data()
     QTest::addColumn<QString>("libraries");
     QTest::addColumn<QString>("expected");
 
-    QTest::newRow("the desk platform's") << QString() << QStringLiteral("</b>( D-1.0.0 ) allows");
+    QTest::newRow("the desk platform's")
+        << QString() << QStringLiteral("</b>( D-" SCRIBON_VERSION " ) allows");
     QTest::newRow("none with a library that has none")
         << QStringLiteral(SCRIBON_HOST_WITHOUT_VERSION) << QStringLiteral("</b>( ) allows");
 }
