@@ -46,7 +46,7 @@ private Q_SLOTS:
     void optionsReachTheCheck();
 
 private:
-    QJsonArray steps() const;
+    QVector<QJsonObject> steps() const;
     QString commandsOf(const QString& step) const;
     SpecRun runStep(const QString& step, const QMap<QString, QString>& variables);
 
@@ -70,17 +70,21 @@ void tst_SpecBuildServer::init()
     m_folder = std::make_unique<QTemporaryDir>();
 }
 
-QJsonArray tst_SpecBuildServer::steps() const
+QVector<QJsonObject> tst_SpecBuildServer::steps() const
 {
     const QJsonObject job = m_workflow.value("jobs"_s).toObject().value("check"_s).toObject();
-    return job.value("steps"_s).toArray();
+    const QJsonArray values = job.value("steps"_s).toArray();
+    QVector<QJsonObject> steps;
+    for (const QJsonValue& value : values)
+        steps.append(value.toObject());
+    return steps;
 }
 
 QString tst_SpecBuildServer::commandsOf(const QString& step) const
 {
-    for (const QJsonValue& value : steps()) {
-        if (value.toObject().value("name"_s).toString() == step)
-            return value.toObject().value("run"_s).toString();
+    for (const QJsonObject& told : steps()) {
+        if (told.value("name"_s).toString() == step)
+            return told.value("run"_s).toString();
     }
     return {};
 }
@@ -109,8 +113,7 @@ void tst_SpecBuildServer::eachStepIsWhole()
 {
     QCOMPARE(m_workflow.value("on"_s).toArray(), (QJsonArray{"push"_s, "pull_request"_s}));
     QStringList commands;
-    for (const QJsonValue& value : steps()) {
-        const QJsonObject step = value.toObject();
+    for (const QJsonObject& step : steps()) {
         QVERIFY(step.contains("run"_s) != step.contains("uses"_s));
         QVERIFY(!step.value("run"_s).toString().contains("${{"_s));
         if (step.contains("run"_s))
@@ -159,8 +162,8 @@ void tst_SpecBuildServer::reportsAreWritten()
     const QJsonArray runs = QJsonDocument::fromJson(sarif).object().value("runs"_s).toArray();
     QVERIFY(!runs.at(0).toObject().value("results"_s).toArray().isEmpty());
     QVERIFY(readFile(m_folder->filePath("spec_files.html"_s)).startsWith("<!DOCTYPE html>"));
-    for (const QJsonValue& step : steps()) {
-        const QJsonObject inputs = step.toObject().value("with"_s).toObject();
+    for (const QJsonObject& step : steps()) {
+        const QJsonObject inputs = step.value("with"_s).toObject();
         for (const QString& key : {"sarif_file"_s, "path"_s}) {
             if (inputs.contains(key))
                 QVERIFY(QFile::exists(m_folder->filePath(inputs.value(key).toString())));
