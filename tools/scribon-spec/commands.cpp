@@ -7,6 +7,14 @@ namespace {
 
 int firstPrintError = 0;
 
+// Qt's text begins with the path of the program and knows no commands.
+QString helpText(const QString& command, const QCommandLineParser& parser)
+{
+    const QString text = parser.helpText();
+    return QStringLiteral("Usage: %1 %2")
+        .arg(command, text.mid(text.indexOf(QLatin1String("[options]"))));
+}
+
 }  // namespace
 
 int complain(const QString& complaint)
@@ -17,12 +25,14 @@ int complain(const QString& complaint)
 
 int parseArguments(const QStringList& arguments, QCommandLineParser* parser)
 {
-    const QCommandLineOption help = parser->addHelpOption();
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Print this text."));
+    parser->addOption(help);
     if (!parser->parse(arguments))
         return complain(parser->errorText());
     if (!parser->isSet(help))
         return -1;
-    print(parser->helpText().toLocal8Bit());
+    print(helpText(arguments.constFirst(), *parser).toLocal8Bit());
     return EXIT_CLEAN;
 }
 

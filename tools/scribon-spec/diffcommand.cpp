@@ -13,7 +13,7 @@ void addOptions(QCommandLineParser* parser)
 {
     parser->setApplicationDescription(
         QStringLiteral("Compares two spec files table by table: rows added, removed, moved and "
-                       "changed. Status 0: the same; 1: different; 2: trouble."));
+                       "changed.\nStatus 0: the same; 1: different; 2: trouble."));
     parser->addOptions({{FORMAT, QStringLiteral("Print text or json."), QStringLiteral("FORMAT"),
                          QStringLiteral("text")}});
     parser->addPositionalArgument(QStringLiteral("BEFORE"),
@@ -49,6 +49,6 @@ int runDiff(const QStringList& arguments)
         return complain(QStringLiteral("diff compares two files"));
     const QString format = parser.value(FORMAT);
     if (format != QLatin1String("text") && format != QLatin1String("json"))
-        return complain(QStringLiteral("no format %1").arg(format));
+        return complain(QStringLiteral("--format takes text or json"));
     return compare(files, format == QLatin1String("json"));
 }

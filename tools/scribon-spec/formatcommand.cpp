@@ -26,8 +26,9 @@ struct FormatOptions {
 
 void addOptions(QCommandLineParser* parser)
 {
-    parser->setApplicationDescription(
-        QStringLiteral("Prints what the editor would write on saving spec files."));
+    parser->setApplicationDescription(QStringLiteral(
+        "Prints what the editor would write on saving spec files.\n"
+        "Status 0: nothing to do, or all done; 1: a file would change; 2: trouble."));
     parser->addOptions(
         {{IN_PLACE, QStringLiteral("Replace the files. A file whose save would lose something is "
                                    "left as it is.")},
@@ -35,10 +36,9 @@ void addOptions(QCommandLineParser* parser)
                                 "there are any.")},
          {DIFF, QStringLiteral("Print what would change as diff -u does; status 1 if anything "
                                "would.")},
-         {FORCE, QStringLiteral("Replace files also where the save loses something.")}});
-    parser->addPositionalArgument(QStringLiteral("FILE"),
-                                  QStringLiteral("Spec files, folders, or - for standard input."),
-                                  QStringLiteral("FILE..."));
+         {FORCE, QStringLiteral("Replace files also where the save loses something, and do not "
+                                "tell what.")}});
+    addFileArguments(parser);
 }
 
 FormatOptions optionsOf(const QCommandLineParser& parser)
@@ -109,6 +109,15 @@ int format(const QString& name, const FormatOptions& options)
     return options.inPlace ? replace(file, text) : tellOfChange(file, text, options);
 }
 
+// Stops when standard output cannot be written.
+int formatAll(const QStringList& files, const FormatOptions& options)
+{
+    int status = EXIT_CLEAN;
+    for (auto name = files.begin(); name != files.end() && hasPrintedAll(); ++name)
+        status = std::max(status, format(*name, options));
+    return status;
+}
+
 // What is wrong with the arguments; empty if nothing is.
 QString faultIn(const FormatOptions& options, const QStringList& files)
 {
@@ -116,7 +125,7 @@ QString faultIn(const FormatOptions& options, const QStringList& files)
         return QStringLiteral("--in-place goes with neither --check nor --diff");
     if (options.inPlace && files.contains(QStringLiteral("-")))
         return QStringLiteral("--in-place cannot replace standard input");
-    return files.isEmpty() ? QStringLiteral("no files to format") : QString();
+    return {};
 }
 
 }  // namespace
@@ -125,7 +134,7 @@ int runFormat(const QStringList& arguments)
 {
     QCommandLineParser parser;
     addOptions(&parser);
-    int status = parseArguments(arguments, &parser);
+    const int status = parseArguments(arguments, &parser);
     if (status >= 0)
         return status;
     const FormatOptions options = optionsOf(parser);
@@ -133,8 +142,7 @@ int runFormat(const QStringList& arguments)
     const QString fault = faultIn(options, files);
     if (!fault.isEmpty())
         return complain(fault);
-    status = EXIT_CLEAN;
-    for (const QString& name : files)
-        status = std::max(status, format(name, options));
-    return status;
+    if (files.isEmpty())
+        return complainOfNoFiles(parser.positionalArguments(), QStringLiteral("format"));
+    return formatAll(files, options);
 }

@@ -58,6 +58,7 @@ int run(QStringList arguments)
                             ? QStringLiteral("no command; try --help")
                             : QStringLiteral("unknown command %1; try --help").arg(name));
     arguments.removeAt(1);
+    arguments.first() = QStringLiteral("scribon-spec ") + name;
     return command->run(arguments);
 }
 

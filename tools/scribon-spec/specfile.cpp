@@ -24,6 +24,25 @@ std::vector<int> lineStartsOf(const QByteArray& bytes)
     return starts;
 }
 
+QString problemOf(int error, const QString& path)
+{
+    if (error == EINVAL)
+        return QStringLiteral("not a regular file");
+    if (error == ENOENT && path.contains(QChar(QChar::ReplacementCharacter)))
+        return QStringLiteral("its name is not UTF-8");
+    return QString::fromLocal8Bit(std::strerror(error));
+}
+
+SpecFile readStandardInput(const QString& name)
+{
+    QFile input;
+    QByteArray bytes;
+    if (input.open(stdin, QIODevice::ReadOnly))
+        bytes = input.readAll();
+    return input.error() == QFileDevice::NoError ? SpecFile::fromBytes(bytes, name)
+                                                 : SpecFile::unreadable(name, input.errorString());
+}
+
 }  // namespace
 
 // ---- Places of cells ----------------------------------------------------------------------------
@@ -54,11 +73,8 @@ SpecFile::~SpecFile() = default;
 
 SpecFile SpecFile::read(const QString& name)
 {
-    if (name == STANDARD_INPUT) {
-        QFile input;
-        if (input.open(stdin, QIODevice::ReadOnly))
-            return fromBytes(input.readAll(), QStringLiteral("<stdin>"));
-    }
+    if (name == STANDARD_INPUT)
+        return readStandardInput(QStringLiteral("<stdin>"));
     SpecFile file(name);
     file.load(name);
     return file;
@@ -88,7 +104,7 @@ void SpecFile::load(const QString& path)
     resetParseState();
     const int error = preload_file(localName.constData());
     if (error != 0) {
-        m_problem = QString::fromLocal8Bit(std::strerror(error));
+        m_problem = problemOf(error, path);
         return;
     }
     const int result = read_file(localName.constData());
