@@ -51,22 +51,24 @@ int complainOfFile(const SpecFile& file, const QString& problem)
     return complain(file.name() + QStringLiteral(": ") + problem);
 }
 
-void complainOfReason(const SpecFile& file, const Finding& reason)
+void complainOfReason(const SpecFile& file, const Finding& reason, const QString& effect)
 {
-    QString place;
+    QString place = QStringLiteral(":");
     if (reason.hasPlace())
-        place = QStringLiteral("%1:%2: ").arg(reason.place.line).arg(reason.place.column);
-    complain(QStringLiteral("%1:%2not formatted: %3 [%4]")
-                 .arg(file.name(), place.isEmpty() ? QStringLiteral(" ") : place, reason.message,
+        place += QStringLiteral("%1:%2:").arg(reason.place.line).arg(reason.place.column);
+    complain(QStringLiteral("%1%2 %3%4 [%5]")
+                 .arg(file.name(), place, effect, reason.message,
                       QLatin1String(factsOf(reason.rule).name)));
 }
 
-bool isRefused(const SpecFile& file)
+// Tells what a save would lose. Whether the file must be left as it is.
+bool isRefused(const SpecFile& file, const FormatOptions& options)
 {
+    const QString effect = options.inPlace ? QStringLiteral("not formatted: ") : QString();
     const std::vector<Finding> reasons = reasonsNotToSave(file);
     for (const Finding& reason : reasons)
-        complainOfReason(file, reason);
-    return !reasons.empty();
+        complainOfReason(file, reason, effect);
+    return options.inPlace && !reasons.empty();
 }
 
 int replace(const SpecFile& file, const QByteArray& text)
@@ -104,7 +106,7 @@ int format(const QString& name, const FormatOptions& options)
     }
     if (text == file.bytes())
         return EXIT_CLEAN;
-    if (!options.force && isRefused(file))
+    if (!options.force && isRefused(file, options))
         return EXIT_TROUBLE;
     return options.inPlace ? replace(file, text) : tellOfChange(file, text, options);
 }
