@@ -131,13 +131,26 @@ void SpecFile::makeTables()
 
 // ---- Places and texts ---------------------------------------------------------------------------
 
+// Many places on one long line are asked for in their order, so each is counted from the one
+// before.
 FilePlace SpecFile::placeOf(size_t offset) const
 {
     const int at = std::min(static_cast<int>(offset), m_bytes.size());
-    const auto next = std::upper_bound(m_lineStarts.begin(), m_lineStarts.end(), at);
-    const int start = *std::prev(next);
-    return {static_cast<int>(next - m_lineStarts.begin()),
-            decoded(m_encoding, m_bytes.constData() + start, at - start).size() + 1};
+    const int line = lineNumberOf(offset);
+    const int start = m_lineStarts[static_cast<size_t>(line - 1)];
+    if (m_known.offset < start || m_known.offset > at)
+        m_known = {start, 1};
+    m_known.column +=
+        decoded(m_encoding, m_bytes.constData() + m_known.offset, at - m_known.offset).size();
+    m_known.offset = at;
+    return {line, m_known.column};
+}
+
+int SpecFile::lineNumberOf(size_t offset) const
+{
+    const int at = std::min(static_cast<int>(offset), m_bytes.size());
+    return static_cast<int>(std::upper_bound(m_lineStarts.begin(), m_lineStarts.end(), at) -
+                            m_lineStarts.begin());
 }
 
 QString SpecFile::textOf(FileRange range) const
@@ -147,7 +160,7 @@ QString SpecFile::textOf(FileRange range) const
 
 QString SpecFile::lineOf(size_t offset) const
 {
-    const int start = m_lineStarts[static_cast<size_t>(placeOf(offset).line - 1)];
+    const int start = m_lineStarts[static_cast<size_t>(lineNumberOf(offset) - 1)];
     const int end = m_bytes.indexOf('\n', start);
     return decoded(m_encoding, m_bytes.constData() + start,
                    (end < 0 ? m_bytes.size() : end) - start);

@@ -22,7 +22,7 @@ TableRow rowAt(const SpecFile& file, int tab, int row)
     const TreeModel& table = file.table(tab);
     TableRow result;
     result.number = visibleRow({tab, row, KEYWORD_COLUMN});
-    result.line = file.placeOf(rangeOfCell(file, {tab, row, KEYWORD_COLUMN}).offset).line;
+    result.line = file.lineNumberOf(rangeOfCell(file, {tab, row, KEYWORD_COLUMN}).offset);
     for (int column = firstField(tab); column < table.columnCount(); ++column)
         result.texts.append(textAt(table, row, column));
     const QString keyword = textAt(table, row, KEYWORD_COLUMN);
