@@ -73,6 +73,7 @@ private Q_SLOTS:
 
     void terminalShowsLinesAndColours();
     void terminalWithoutColours();
+    void terminalShowsAPartOfLongLines();
     void controlCharactersDoNotReachTheTerminal();
     void progressIsShownAndErased();
 
@@ -391,6 +392,20 @@ void tst_SpecCheckProgram::terminalWithoutColours()
     QVERIFY(!check({file("wrong")}).output.contains("\n7est"));
 }
 
+void tst_SpecCheckProgram::terminalShowsAPartOfLongLines()
+{
+    const QByteArray entries = QByteArray("speed RPM ").repeated(300);
+    QVERIFY(writeFile(file("long"), "@SCRIBON x @SCAN_LIST " + entries + "5 " + entries + '\n'));
+    Terminal terminal;
+    SpecProcess program;
+    program.setOutput(terminal.programsEnd());
+    program.start({"check"_s, "--disable"_s, "duplicate"_s, file("long")});
+    QCOMPARE(program.status(), 1);
+    const QByteArray part = QByteArray("speed RPM ").repeated(10);
+    QVERIFY(terminal.text().contains("\n\u2026" + part + "5 " + part.left(98) + "\u2026\n" +
+                                     QByteArray(101, ' ') + "\x1b[1;32m^"));
+}
+
 void tst_SpecCheckProgram::controlCharactersDoNotReachTheTerminal()
 {
     const QString name = m_folder.filePath("bad\x1b[2Jname"_s);
@@ -460,7 +475,9 @@ void tst_SpecCheckProgram::lostOutput()
          {QStringList{"check"_s, "--jobs"_s, "1"_s, file("many")},
           QStringList{"check"_s, "--jobs"_s, "2"_s, file("many")},
           QStringList{"check"_s, "--format"_s, "html"_s, file("clean")},
-          QStringList{"check"_s, "--help"_s}, QStringList{"rules"_s}}) {
+          QStringList{"check"_s, "--help"_s}, QStringList{"rules"_s},
+          QStringList{"show"_s, file("clean"), file("missing")},
+          QStringList{"format"_s, file("clean"), file("missing")}}) {
         SpecProcess program;
         program.setOutput(pipeEnds[1]);
         program.start(command);

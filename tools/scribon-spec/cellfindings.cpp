@@ -11,8 +11,12 @@ Finding cellFinding(const SpecFile& file, const CellPlace& cell)
 {
     const QModelIndex index = file.table(cell.tab).index(cell.row, cell.column);
     const bool duplicate = file.table(cell.tab).errorCode(index).toInt() == DE_DUPLICATE_ERR;
-    return findingInCell(file, cell, duplicate ? Rule::Duplicate : Rule::Syntax,
-                         file.table(cell.tab).errorText(index));
+    Finding finding = findingInCell(file, cell, duplicate ? Rule::Duplicate : Rule::Syntax,
+                                    file.table(cell.tab).errorText(index));
+    if (finding.text.isEmpty())
+        finding.hint =
+            QStringLiteral("%1 is empty.").arg(fieldName(file.table(cell.tab), cell.column));
+    return finding;
 }
 
 // The texts of the keywords that the file has. A section that it does not have has a row, too, but

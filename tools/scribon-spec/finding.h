@@ -32,6 +32,9 @@ struct FileReport {
     std::vector<Finding> findings;        // in the order of their places
 };
 
+// What is wrong and the way out, in one line.
+QString messageWithHint(const Finding& finding);
+
 // What reports and messages call the tabs, the columns and the rows of the tables: the title of the
 // tab, the header on one line, and the number of the row among the visible ones, from 1.
 QString tabTitle(int tab);

@@ -149,8 +149,6 @@ QString FileArticle::findingRow(size_t number) const
 {
     const Finding& finding = m_report.findings[number];
     const QString severity = QLatin1String(nameOf(finding.severity));
-    const QString hint =
-        finding.hint.isEmpty() ? QString() : QStringLiteral(". ") + htmlText(finding.hint);
     return QStringLiteral("<tr id=\"%1n%2\"><th scope=\"row\">%2</th>")
                .arg(m_prefix)
                .arg(number + 1) +
@@ -158,7 +156,7 @@ QString FileArticle::findingRow(size_t number) const
                .arg(severity, placeOf(finding), cellLink(finding)) +
            QStringLiteral("<td>%1</td>").arg(htmlText(finding.text)) +
            QStringLiteral("<td>%1</td><td class=\"rule\">%2</td></tr>\n")
-               .arg(htmlText(finding.message) + hint, QLatin1String(factsOf(finding.rule).name));
+               .arg(htmlText(messageWithHint(finding)), QLatin1String(factsOf(finding.rule).name));
 }
 
 QString FileArticle::placeOf(const Finding& finding) const

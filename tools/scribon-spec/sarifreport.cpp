@@ -134,18 +134,12 @@ private:
     QHash<QString, int> m_counts;
 };
 
-std::string messageOf(const Finding& finding)
-{
-    return text(finding.hint.isEmpty() ? finding.message
-                                       : finding.message + QStringLiteral(". ") + finding.hint);
-}
-
 Json resultObject(const SpecFile& file, const Finding& finding, Fingerprints* fingerprints)
 {
     return {{"ruleId", factsOf(finding.rule).name},
             {"ruleIndex", static_cast<int>(finding.rule)},
             {"level", nameOf(finding.severity)},
-            {"message", {{"text", messageOf(finding)}}},
+            {"message", {{"text", text(messageWithHint(finding))}}},
             {"locations", Json::array({locationObject(file, finding)})},
             {"partialFingerprints",
              {{FINGERPRINT_NAME, fingerprints->next(identityOf(file, finding))}}}};
