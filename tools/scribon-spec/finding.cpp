@@ -30,5 +30,10 @@ QString fieldName(const TreeModel& table, int column)
 
 int visibleRow(const CellPlace& cell)
 {
-    return cell.tab == DE_TAB1 ? cell.row + 1 : cell.row;
+    return cell.row - firstVisible(cell.tab) + 1;
+}
+
+int firstVisible(int tab)
+{
+    return tab == DE_TAB1 ? 0 : 1;
 }

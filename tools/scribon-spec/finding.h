@@ -40,3 +40,7 @@ QString messageWithHint(const Finding& finding);
 QString tabTitle(int tab);
 QString fieldName(const TreeModel& table, int column);
 int visibleRow(const CellPlace& cell);
+
+// The first row and the first column that the editor shows: of a list it hides those of the
+// section's keyword.
+int firstVisible(int tab);

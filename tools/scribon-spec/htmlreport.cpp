@@ -33,12 +33,6 @@ td, th { print-color-adjust: exact; }
 )";
 // clang-format on
 
-QString counted(int count, const char* noun)
-{
-    return QStringLiteral("%1 %2%3").arg(count).arg(QLatin1String(noun),
-                                                    QLatin1String(count == 1 ? "" : "s"));
-}
-
 QString verdictOf(const FileCounts& file)
 {
     if (file.isUnreadable)
@@ -63,11 +57,10 @@ QString summaryRow(const FileCounts& file)
 QString summary(const Totals& totals)
 {
     QString html = QStringLiteral(
-                       "<p>%1 checked: %2, %3.</p>\n<table>\n<thead><tr><th scope=\"col\">File</th>"
+                       "<p>%1.</p>\n<table>\n<thead><tr><th scope=\"col\">File</th>"
                        "<th scope=\"col\">Opens</th><th scope=\"col\">Errors</th>"
                        "<th scope=\"col\">Warnings</th></tr></thead>\n<tbody>\n")
-                       .arg(counted(static_cast<int>(totals.files.size()), "file"),
-                            counted(totals.errors, "error"), counted(totals.warnings, "warning"));
+                       .arg(summaryOf(totals));
     for (const FileCounts& file : totals.files)
         html += summaryRow(file);
     return html + QStringLiteral("</tbody>\n</table>\n");

@@ -5,10 +5,9 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QUrl>
-#include <nlohmann/json.hpp>
 #include <string>
 
-using Json = nlohmann::ordered_json;
+#include "jsonbytes.h"
 
 namespace {
 
@@ -24,11 +23,6 @@ const auto SCHEMA =
 std::string text(const QString& string)
 {
     return string.toStdString();
-}
-
-QByteArray dumped(const Json& json)
-{
-    return QByteArray::fromStdString(json.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
 // ---- The program --------------------------------------------------------------------------------
@@ -102,8 +96,10 @@ Json locationObject(const SpecFile& file, const Finding& finding)
 // The first text of the row, which tells it from others wherever it stands.
 QString rowName(const SpecFile& file, const CellPlace& cell)
 {
-    const int column = cell.tab == DE_TAB1 ? KEYWORD_COLUMN : ENTRY_COLUMN;
-    return file.table(cell.tab).index(cell.row, column).data(Qt::EditRole).toString();
+    return file.table(cell.tab)
+        .index(cell.row, firstVisible(cell.tab))
+        .data(Qt::EditRole)
+        .toString();
 }
 
 // What a finding has to do with, without its lines and rows.
@@ -150,7 +146,7 @@ Json resultObject(const SpecFile& file, const Finding& finding, Fingerprints* fi
 QByteArray SarifReport::head(const Totals& /*totals*/) const
 {
     return QByteArray("{\"$schema\":\"") + SCHEMA +
-           "\",\"version\":\"2.1.0\",\"runs\":[{\"tool\":" + dumped(toolObject()) +
+           "\",\"version\":\"2.1.0\",\"runs\":[{\"tool\":" + bytesOf(toolObject()) +
            ",\n\"columnKind\":\"utf16CodeUnits\",\"results\":[\n";
 }
 
@@ -159,7 +155,7 @@ QByteArray SarifReport::file(const SpecFile& file, const FileReport& report) con
     Fingerprints fingerprints;
     QByteArrayList results;
     for (const Finding& finding : report.findings)
-        results.append(dumped(resultObject(file, finding, &fingerprints)));
+        results.append(bytesOf(resultObject(file, finding, &fingerprints)));
     return results.join(separator());
 }
 
@@ -171,5 +167,5 @@ QByteArray SarifReport::separator() const
 QByteArray SarifReport::foot(const Totals& totals) const
 {
     const Json invocation{{"executionSuccessful", totals.unreadable == 0}};
-    return "\n],\"invocations\":[" + dumped(invocation) + "]}]}\n";
+    return "\n],\"invocations\":[" + bytesOf(invocation) + "]}]}\n";
 }

@@ -16,12 +16,6 @@ constexpr char PLAIN[] = "\x1b[0m";
 constexpr int MOST_SHOWN = 100;
 const QChar ELLIPSIS(0x2026);
 
-QString counted(int count, const char* noun)
-{
-    return QStringLiteral("%1 %2%3").arg(count).arg(QLatin1String(noun),
-                                                    QLatin1String(count == 1 ? "" : "s"));
-}
-
 bool isControl(QChar c)
 {
     return c.category() == QChar::Other_Control || c.category() == QChar::Other_Format;
@@ -100,8 +94,5 @@ QByteArray TextReport::file(const SpecFile& file, const FileReport& report) cons
 
 QByteArray TextReport::foot(const Totals& totals) const
 {
-    return QStringLiteral("%1 checked: %2, %3\n")
-        .arg(counted(static_cast<int>(totals.files.size()), "file"),
-             counted(totals.errors, "error"), counted(totals.warnings, "warning"))
-        .toUtf8();
+    return summaryOf(totals).toUtf8() + '\n';
 }
