@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "terminaltext.h"
+
 namespace {
 
 int firstPrintError = 0;
@@ -19,7 +21,7 @@ QString helpText(const QString& command, const QCommandLineParser& parser)
 
 int complain(const QString& complaint)
 {
-    std::fprintf(stderr, "scribon-spec: %s\n", qPrintable(complaint));
+    std::fprintf(stderr, "scribon-spec: %s\n", qPrintable(withoutControls(complaint)));
     return EXIT_TROUBLE;
 }
 

@@ -16,19 +16,6 @@ constexpr char PLAIN[] = "\x1b[0m";
 constexpr int MOST_SHOWN = 100;
 const QChar ELLIPSIS(0x2026);
 
-bool isControl(QChar c)
-{
-    return c.category() == QChar::Other_Control || c.category() == QChar::Other_Format;
-}
-
-// Characters that a terminal would obey, as ones that it shows.
-QString withoutControls(QString text)
-{
-    for (QChar& c : text)
-        c = isControl(c) && c != QLatin1Char('\t') ? QChar(QChar::ReplacementCharacter) : c;
-    return text;
-}
-
 // Blanks as wide as the text, and tabs where it has them.
 QString blanksFor(const QString& text)
 {
@@ -77,7 +64,7 @@ QString TextReport::line(const SpecFile& file, const Finding& finding) const
     const char* const colour = finding.severity == Severity::Warning ? MAGENTA : RED;
     return coloured(BOLD, place) + QLatin1Char(' ') +
            coloured(colour, QLatin1String(nameOf(finding.severity)) + QLatin1Char(':')) +
-           QLatin1Char(' ') + messageWithHint(finding) +
+           QLatin1Char(' ') + withoutControls(messageWithHint(finding)) +
            QStringLiteral(" [%1]\n").arg(QLatin1String(factsOf(finding.rule).name));
 }
 
