@@ -335,7 +335,7 @@ void tst_SpecCheckProgram::aDeadProcessIsTold()
     QCOMPARE(files.size(), 4);
     QCOMPARE(files.at(1)["findings"_s][0]["rule"_s].toString(), "unreadable"_s);
     // The other process may have been at one of the files behind.
-    const auto unreadable = std::count_if(files.begin(), files.end(), [](const QJsonValue file) {
+    const auto unreadable = std::count_if(files.begin(), files.end(), [](const QJsonValue& file) {
         return file["findings"_s][0]["rule"_s].toString() == "unreadable"_s;
     });
     QVERIFY(unreadable <= 2);
@@ -355,10 +355,11 @@ void tst_SpecCheckProgram::nothingIsWritten()
         return facts;
     };
     const QStringList before = namesAndTimes();
-    for (const char* format : {"text", "json", "sarif", "html"})
+    for (const char* format : {"text", "json", "sarif", "html"}) {
         runSpec({"check"_s, "--jobs"_s, "2"_s, "--format"_s, QString::fromLatin1(format),
                  m_folder.path(), file("wrong")},
                 {}, environment);
+    }
     QCOMPARE(namesAndTimes(), before);
     QVERIFY(QDir(home.path()).isEmpty());
 }

@@ -107,20 +107,22 @@ QString FileArticle::html() const
 {
     QString html = QStringLiteral("<article id=\"%1\">\n<h2>%2</h2>\n%3")
                        .arg(m_prefix, htmlText(m_report.name), findings());
-    if (m_report.loads)
+    if (m_report.loads) {
         html += counts() + htmlTables(m_file, {m_prefix, [this](const CellPlace& cell) {
                                                    return additionOf(cell);
                                                }});
+    }
     return html + QStringLiteral("</article>\n");
 }
 
 QString FileArticle::counts() const
 {
     QStringList counts;
-    for (int tab = 0; tab < TAB_COUNT; ++tab)
+    for (int tab = 0; tab < TAB_COUNT; ++tab) {
         counts += QStringLiteral("%1 %2")
                       .arg(tabTitle(tab))
                       .arg(m_report.errors[static_cast<size_t>(tab)]);
+    }
     return QStringLiteral("<p>Wrong cells, as the editor counts them: %1.</p>\n")
         .arg(counts.join(QStringLiteral(", ")));
 }

@@ -61,7 +61,8 @@ void TabOrigins::setCell(int column, const QString& /*text*/, FileRange range)
 
 FileRange TabOrigins::cell(int row, int column) const
 {
-    return m_ranges[static_cast<size_t>(row * m_columns + column)];
+    const auto columns = static_cast<size_t>(m_columns);
+    return m_ranges[static_cast<size_t>(row) * columns + static_cast<size_t>(column)];
 }
 
 // ---- Reading ------------------------------------------------------------------------------------
