@@ -63,10 +63,11 @@ Finding findingInCell(const SpecFile& file, const CellPlace& cell, Rule rule,
 
 void addCellFindings(const SpecFile& file, std::vector<Finding>* findings)
 {
-    for (int tab = 0; tab < TAB_COUNT; ++tab)
+    for (int tab = 0; tab < TAB_COUNT; ++tab) {
         file.table(tab).visitErrors([&file, tab, findings](int row, int column) {
             findings->push_back(cellFinding(file, {tab, row, column}));
         });
+    }
 }
 
 void addMissingKeywords(const SpecFile& file, std::vector<Finding>* findings)

@@ -138,11 +138,12 @@ int runRules(const QStringList& arguments)
         return status;
     if (!parser.positionalArguments().isEmpty())
         return complain(QStringLiteral("rules takes no arguments"));
-    for (const RuleFacts& facts : RULES)
+    for (const RuleFacts& facts : RULES) {
         print(QStringLiteral("%1 %2 %3\n")
                   .arg(QLatin1String(facts.name), -RULE_WIDTH)
                   .arg(QLatin1String(nameOf(facts.severity)), -8)
                   .arg(QLatin1String(facts.meaning))
                   .toUtf8());
+    }
     return EXIT_CLEAN;
 }

@@ -50,8 +50,7 @@ Json toolObject()
 std::string uriOf(const QString& name)
 {
     const QDir here = QDir::current();
-    const QString path =
-        QFileInfo(name).isAbsolute() ? QDir::cleanPath(name) : here.cleanPath(name);
+    const QString path = QDir::cleanPath(name);
     const QString inside = here.path() + QLatin1Char('/');
     if (path.startsWith(inside))
         return QUrl::toPercentEncoding(path.mid(inside.size()), "/").toStdString();
