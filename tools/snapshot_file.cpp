@@ -136,7 +136,7 @@ bool writeOutput(const std::string& text, std::string* complaint)
 {
     if (std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0)
         return true;
-    *complaint = std::strerror(errno);
+    *complaint = std::string("cannot write to standard output: ") + std::strerror(errno);
     return false;
 }
 

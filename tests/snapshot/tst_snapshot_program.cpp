@@ -333,7 +333,9 @@ void TestSnapshotProgram::outputThatCannotBeWritten()
     process.start(QStringLiteral(MARVANE_SNAPSHOT_PROGRAM), QStringList());
     const Result result = finish(process);
     QCOMPARE(result.status, 2);
-    QCOMPARE(result.complaints, QByteArray("marvane-snapshot: No space left on device\n"));
+    QCOMPARE(
+        result.complaints,
+        QByteArray("marvane-snapshot: cannot write to standard output: No space left on device\n"));
 }
 
 // ---- At work -----------------------------------------------------------------------------------

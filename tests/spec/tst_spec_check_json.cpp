@@ -4,6 +4,7 @@
 #include <QJsonDocument>
 #include <QTest>
 #include <QTextCodec>
+#include <ctime>
 
 #include "checked_texts.h"
 #include "json_schema.h"
@@ -43,6 +44,9 @@ private Q_SLOTS:
     void schemaRefusesOtherForms_data();
     void schemaRefusesOtherForms();
     void cellsHaveTabRowAndField();
+    void emptyCellsAreTold();
+    void columnsOfOneLine();
+    void longLinesTakeNoLonger();
 };
 
 void tst_SpecCheckJson::oneFinding()
@@ -118,6 +122,41 @@ void tst_SpecCheckJson::cellsHaveTabRowAndField()
         cells += object.contains("tab"_s) ? 1 : 0;
     }
     QCOMPARE(cells, 1);
+}
+
+void tst_SpecCheckJson::emptyCellsAreTold()
+{
+    const QJsonObject report = reportObject({{"x"_s, "@SCRIBON x\n@SCAN_LIST\nspeed\n"}});
+    const QJsonObject finding = report["files"_s][0]["findings"_s].toArray().last().toObject();
+    QCOMPARE(finding["field"_s].toString(), "Channel Keyword"_s);
+    QCOMPARE(finding["hint"_s].toString(), "Channel Keyword is empty."_s);
+}
+
+// Behind characters of two, three and four bytes, and a byte order mark.
+void tst_SpecCheckJson::columnsOfOneLine()
+{
+    const QString line =
+        "@SCRIBON 9 @DESCRIPTION '\u00e4\u6f22\U0001f600' @MODE 7 "
+        "@DESCRIPTION '\u00e4' @MODE 8\n"_s;
+    const QJsonObject report = reportObject({{"x"_s, "\xef\xbb\xbf" + line.toUtf8()}});
+    QList<int> columns;
+    for (const QJsonValue finding : report["files"_s][0]["findings"_s].toArray()) {
+        if (finding["hint"_s].toString() == "Keyword is empty."_s)
+            columns.append(finding["column"_s].toInt());
+    }
+    QCOMPARE(columns, QList<int>({line.indexOf("9"_s) + 1, line.indexOf("7"_s) + 1,
+                                  line.indexOf("8"_s) + 1}));
+}
+
+// The column of each finding is counted from the one before.
+void tst_SpecCheckJson::longLinesTakeNoLonger()
+{
+    const auto processorTime = [](const QByteArray& separator) {
+        const std::clock_t start = std::clock();
+        reportOf("json", {{"x"_s, "@SCRIBON x" + (separator + "@GROUP \xc3\xa4").repeated(8000)}});
+        return std::clock() - start;
+    };
+    QVERIFY(processorTime(" ") < 3 * processorTime("\n"));
 }
 
 #include "area_test.h"

@@ -493,7 +493,7 @@ void tst_SpecDiff::exitStatus_data()
     QTest::newRow("standard input twice")
         << QStringList{"-"_s, "-"_s} << 2 << QByteArray("two files");
     QTest::newRow("format") << QStringList{"--format"_s, "csv"_s, "a"_s, "a"_s} << 2
-                            << QByteArray("no format csv");
+                            << QByteArray("--format takes text or json");
 }
 
 void tst_SpecDiff::exitStatus()

@@ -83,7 +83,7 @@ private Q_SLOTS:
     void fileThatCannotBeReplaced();
 
     void checkTellsNames();
-    void checkRefusesLikeInPlace();
+    void checkTellsOfLosses();
     void diffShowsTheDifference();
     void missingDiffIsTold();
     void textForDiff_data();
@@ -275,13 +275,15 @@ void tst_SpecFormat::checkTellsNames()
     QCOMPARE(runSpec({"format"_s, "--check"_s, same}).status, 0);
 }
 
-void tst_SpecFormat::checkRefusesLikeInPlace()
+void tst_SpecFormat::checkTellsOfLosses()
 {
     for (const QString& option : {"--check"_s, "--diff"_s}) {
         SpecRun run = runSpec({"format"_s, option, "-"_s}, LOSING);
-        QCOMPARE(run.status, 2);
-        QCOMPARE(run.output, QByteArray());
-        QVERIFY(run.complaints.contains("<stdin>:3:3: not formatted"));
+        QCOMPARE(run.status, 1);
+        QVERIFY(run.output.contains("<stdin>"));
+        QCOMPARE(run.complaints,
+                 QByteArray("scribon-spec: <stdin>:3:3: number in place of a name; a save loses it "
+                            "[lost-text]\n"));
         run = runSpec({"format"_s, option, "--force"_s, "-"_s}, LOSING);
         QCOMPARE(run.status, 1);
         QVERIFY(run.output.contains("<stdin>"));

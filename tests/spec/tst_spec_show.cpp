@@ -514,9 +514,11 @@ void tst_SpecShow::wrongArguments_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QByteArray>("complaint");
 
+    QTest::newRow("control characters")
+        << QStringList{"scrib_\x1b[31m"_s} << QByteArray("scrib_\xef\xbf\xbd[31m: No such file");
     QTest::newRow("no file") << QStringList{} << QByteArray("no files to show");
     QTest::newRow("format") << QStringList{"--format"_s, "xml"_s, "-"_s}
-                            << QByteArray("no format xml");
+                            << QByteArray("--format takes text, csv, json or html");
     QTest::newRow("option") << QStringList{"--colour"_s, "-"_s} << QByteArray("Unknown option");
     QTest::newRow("fallback") << QStringList{"--fallback"_s, "--format"_s, "csv"_s, "-"_s}
                               << QByteArray("--fallback is for text only");

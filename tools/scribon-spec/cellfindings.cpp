@@ -11,8 +11,12 @@ Finding cellFinding(const SpecFile& file, const CellPlace& cell)
 {
     const QModelIndex index = file.table(cell.tab).index(cell.row, cell.column);
     const bool duplicate = file.table(cell.tab).errorCode(index).toInt() == DE_DUPLICATE_ERR;
-    return findingInCell(file, cell, duplicate ? Rule::Duplicate : Rule::Syntax,
-                         file.table(cell.tab).errorText(index));
+    Finding finding = findingInCell(file, cell, duplicate ? Rule::Duplicate : Rule::Syntax,
+                                    file.table(cell.tab).errorText(index));
+    if (finding.text.isEmpty())
+        finding.hint =
+            QStringLiteral("%1 is empty.").arg(fieldName(file.table(cell.tab), cell.column));
+    return finding;
 }
 
 // The texts of the keywords that the file has. A section that it does not have has a row, too, but
@@ -59,10 +63,11 @@ Finding findingInCell(const SpecFile& file, const CellPlace& cell, Rule rule,
 
 void addCellFindings(const SpecFile& file, std::vector<Finding>* findings)
 {
-    for (int tab = 0; tab < TAB_COUNT; ++tab)
+    for (int tab = 0; tab < TAB_COUNT; ++tab) {
         file.table(tab).visitErrors([&file, tab, findings](int row, int column) {
             findings->push_back(cellFinding(file, {tab, row, column}));
         });
+    }
 }
 
 void addMissingKeywords(const SpecFile& file, std::vector<Finding>* findings)

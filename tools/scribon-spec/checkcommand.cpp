@@ -19,12 +19,14 @@ const QString AS_ERROR = QStringLiteral("error");
 const QString AS_WARNING = QStringLiteral("warning");
 
 constexpr int MOST_JOBS = 256;
+constexpr int RULE_WIDTH = 17;
 
 void addOptions(QCommandLineParser* parser)
 {
     const QString rule = QStringLiteral("RULE");
-    parser->setApplicationDescription(
-        QStringLiteral("Finds what is wrong with spec files, without changing anything."));
+    parser->setApplicationDescription(QStringLiteral(
+        "Finds what is wrong with spec files, without changing anything.\n"
+        "Status 0: nothing that counts; 1: findings; 2: a file that cannot be read, or trouble."));
     parser->addOptions(
         {{FORMAT, QStringLiteral("Print text, json, sarif or html."), QStringLiteral("FORMAT"),
           QStringLiteral("text")},
@@ -35,9 +37,7 @@ void addOptions(QCommandLineParser* parser)
          {AS_ERROR, QStringLiteral("Report this rule as an error."), rule},
          {AS_WARNING, QStringLiteral("Report this rule as a warning."), rule}});
     CellOptions::addTo(parser);
-    parser->addPositionalArgument(QStringLiteral("FILE"),
-                                  QStringLiteral("Spec files, folders, or - for standard input."),
-                                  QStringLiteral("FILE..."));
+    addFileArguments(parser);
 }
 
 // False, with a complaint, for a name that is no rule.
@@ -113,10 +113,10 @@ int runCheck(const QStringList& arguments)
         return complain(QStringLiteral("--fail-on takes error or warning"));
     const auto report = reportOfName(parser.value(FORMAT), textTarget());
     if (report == nullptr)
-        return complain(QStringLiteral("no format %1").arg(parser.value(FORMAT)));
+        return complain(QStringLiteral("--format takes text, json, sarif or html"));
     const QStringList files = inputFiles(parser.positionalArguments());
     if (files.isEmpty())
-        return complain(QStringLiteral("no files to check"));
+        return complainOfNoFiles(parser.positionalArguments(), QStringLiteral("check"));
     if (!isReadOnce(files))
         return complain(QStringLiteral("standard input can be checked once only"));
     const std::optional<int> jobs = jobsOf(parser, files.size());
@@ -136,11 +136,14 @@ int runRules(const QStringList& arguments)
     const int status = parseArguments(arguments, &parser);
     if (status >= 0)
         return status;
-    for (const RuleFacts& facts : RULES)
+    if (!parser.positionalArguments().isEmpty())
+        return complain(QStringLiteral("rules takes no arguments"));
+    for (const RuleFacts& facts : RULES) {
         print(QStringLiteral("%1 %2 %3\n")
-                  .arg(QLatin1String(facts.name), -16)
+                  .arg(QLatin1String(facts.name), -RULE_WIDTH)
                   .arg(QLatin1String(nameOf(facts.severity)), -8)
                   .arg(QLatin1String(facts.meaning))
                   .toUtf8());
+    }
     return EXIT_CLEAN;
 }

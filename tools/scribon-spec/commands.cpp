@@ -4,6 +4,8 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "terminaltext.h"
+
 namespace {
 
 int firstPrintError = 0;
@@ -21,7 +23,7 @@ QString helpOf(const QString& command, const QCommandLineParser& parser)
 
 int complain(const QString& complaint)
 {
-    std::fprintf(stderr, "scribon-spec: %s\n", qPrintable(complaint));
+    std::fprintf(stderr, "scribon-spec: %s\n", qPrintable(withoutControls(complaint)));
     return EXIT_TROUBLE;
 }
 

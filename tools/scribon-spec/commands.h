@@ -32,7 +32,7 @@ inline constexpr std::array<Command, 5> COMMANDS{{
     {"diff", "compare two spec files row by row", runDiff},
 }};
 
-// Prints a complaint on standard error and returns EXIT_TROUBLE.
+// Prints a complaint of one line on standard error and returns EXIT_TROUBLE.
 int complain(const QString& complaint);
 
 // Parses the arguments of a command, with --help. Returns an exit status if the command must not

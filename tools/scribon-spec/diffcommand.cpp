@@ -49,6 +49,6 @@ int runDiff(const QStringList& arguments)
         return complain(QStringLiteral("diff compares two files"));
     const QString format = parser.value(FORMAT);
     if (format != QLatin1String("text") && format != QLatin1String("json"))
-        return complain(QStringLiteral("no format %1").arg(format));
+        return complain(QStringLiteral("--format takes text or json"));
     return compare(files, format == QLatin1String("json"));
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "finding.h"
+#include "jsonbytes.h"
 #include "rowobject.h"
 #include "terminaltext.h"
 #include "texttables.h"

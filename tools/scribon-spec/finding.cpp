@@ -9,6 +9,14 @@ constexpr std::array<const char*, TAB_COUNT> TAB_TITLES{"Keywords", "Scan List",
 
 }  // namespace
 
+QString messageWithHint(const Finding& finding)
+{
+    if (finding.hint.isEmpty())
+        return finding.message;
+    const bool isSentence = finding.message.endsWith(QLatin1Char('!'));
+    return finding.message + QLatin1String(isSentence ? " " : ". ") + finding.hint;
+}
+
 QString tabTitle(int tab)
 {
     return QString::fromLatin1(TAB_TITLES[static_cast<size_t>(tab)]);
@@ -22,5 +30,10 @@ QString fieldName(const TreeModel& table, int column)
 
 int visibleRow(const CellPlace& cell)
 {
-    return cell.tab == DE_TAB1 ? cell.row + 1 : cell.row;
+    return cell.row - firstVisible(cell.tab) + 1;
+}
+
+int firstVisible(int tab)
+{
+    return tab == DE_TAB1 ? 0 : 1;
 }

@@ -32,8 +32,15 @@ struct FileReport {
     std::vector<Finding> findings;        // in the order of their places
 };
 
+// What is wrong and the way out, in one line.
+QString messageWithHint(const Finding& finding);
+
 // What reports and messages call the tabs, the columns and the rows of the tables: the title of the
 // tab, the header on one line, and the number of the row among the visible ones, from 1.
 QString tabTitle(int tab);
 QString fieldName(const TreeModel& table, int column);
 int visibleRow(const CellPlace& cell);
+
+// The first row and the first column that the editor shows: of a list it hides those of the
+// section's keyword.
+int firstVisible(int tab);

@@ -26,8 +26,9 @@ struct FormatOptions {
 
 void addOptions(QCommandLineParser* parser)
 {
-    parser->setApplicationDescription(
-        QStringLiteral("Prints what the editor would write on saving spec files."));
+    parser->setApplicationDescription(QStringLiteral(
+        "Prints what the editor would write on saving spec files.\n"
+        "Status 0: nothing to do, or all done; 1: a file would change; 2: trouble."));
     parser->addOptions(
         {{IN_PLACE, QStringLiteral("Replace the files. A file whose save would lose something is "
                                    "left as it is.")},
@@ -35,10 +36,9 @@ void addOptions(QCommandLineParser* parser)
                                 "there are any.")},
          {DIFF, QStringLiteral("Print what would change as diff -u does; status 1 if anything "
                                "would.")},
-         {FORCE, QStringLiteral("Replace files also where the save loses something.")}});
-    parser->addPositionalArgument(QStringLiteral("FILE"),
-                                  QStringLiteral("Spec files, folders, or - for standard input."),
-                                  QStringLiteral("FILE..."));
+         {FORCE, QStringLiteral("Replace files also where the save loses something, and do not "
+                                "tell what.")}});
+    addFileArguments(parser);
 }
 
 FormatOptions optionsOf(const QCommandLineParser& parser)
@@ -51,22 +51,24 @@ int complainOfFile(const SpecFile& file, const QString& problem)
     return complain(file.name() + QStringLiteral(": ") + problem);
 }
 
-void complainOfReason(const SpecFile& file, const Finding& reason)
+void complainOfReason(const SpecFile& file, const Finding& reason, const QString& effect)
 {
-    QString place;
+    QString place = QStringLiteral(":");
     if (reason.hasPlace())
-        place = QStringLiteral("%1:%2: ").arg(reason.place.line).arg(reason.place.column);
-    complain(QStringLiteral("%1:%2not formatted: %3 [%4]")
-                 .arg(file.name(), place.isEmpty() ? QStringLiteral(" ") : place, reason.message,
+        place += QStringLiteral("%1:%2:").arg(reason.place.line).arg(reason.place.column);
+    complain(QStringLiteral("%1%2 %3%4 [%5]")
+                 .arg(file.name(), place, effect, reason.message,
                       QLatin1String(factsOf(reason.rule).name)));
 }
 
-bool isRefused(const SpecFile& file)
+// Tells what a save would lose. Whether the file must be left as it is.
+bool isRefused(const SpecFile& file, const FormatOptions& options)
 {
+    const QString effect = options.inPlace ? QStringLiteral("not formatted: ") : QString();
     const std::vector<Finding> reasons = reasonsNotToSave(file);
     for (const Finding& reason : reasons)
-        complainOfReason(file, reason);
-    return !reasons.empty();
+        complainOfReason(file, reason, effect);
+    return options.inPlace && !reasons.empty();
 }
 
 int replace(const SpecFile& file, const QByteArray& text)
@@ -104,9 +106,18 @@ int format(const QString& name, const FormatOptions& options)
     }
     if (text == file.bytes())
         return EXIT_CLEAN;
-    if (!options.force && isRefused(file))
+    if (!options.force && isRefused(file, options))
         return EXIT_TROUBLE;
     return options.inPlace ? replace(file, text) : tellOfChange(file, text, options);
+}
+
+// Stops when standard output cannot be written.
+int formatAll(const QStringList& files, const FormatOptions& options)
+{
+    int status = EXIT_CLEAN;
+    for (auto name = files.begin(); name != files.end() && hasPrintedAll(); ++name)
+        status = std::max(status, format(*name, options));
+    return status;
 }
 
 // What is wrong with the arguments; empty if nothing is.
@@ -116,7 +127,7 @@ QString faultIn(const FormatOptions& options, const QStringList& files)
         return QStringLiteral("--in-place goes with neither --check nor --diff");
     if (options.inPlace && files.contains(QStringLiteral("-")))
         return QStringLiteral("--in-place cannot replace standard input");
-    return files.isEmpty() ? QStringLiteral("no files to format") : QString();
+    return {};
 }
 
 }  // namespace
@@ -125,7 +136,7 @@ int runFormat(const QStringList& arguments)
 {
     QCommandLineParser parser;
     addOptions(&parser);
-    int status = parseArguments(arguments, &parser);
+    const int status = parseArguments(arguments, &parser);
     if (status >= 0)
         return status;
     const FormatOptions options = optionsOf(parser);
@@ -133,8 +144,7 @@ int runFormat(const QStringList& arguments)
     const QString fault = faultIn(options, files);
     if (!fault.isEmpty())
         return complain(fault);
-    status = EXIT_CLEAN;
-    for (const QString& name : files)
-        status = std::max(status, format(name, options));
-    return status;
+    if (files.isEmpty())
+        return complainOfNoFiles(parser.positionalArguments(), QStringLiteral("format"));
+    return formatAll(files, options);
 }

@@ -33,12 +33,6 @@ td, th { print-color-adjust: exact; }
 )";
 // clang-format on
 
-QString counted(int count, const char* noun)
-{
-    return QStringLiteral("%1 %2%3").arg(count).arg(QLatin1String(noun),
-                                                    QLatin1String(count == 1 ? "" : "s"));
-}
-
 QString verdictOf(const FileCounts& file)
 {
     if (file.isUnreadable)
@@ -63,11 +57,10 @@ QString summaryRow(const FileCounts& file)
 QString summary(const Totals& totals)
 {
     QString html = QStringLiteral(
-                       "<p>%1 checked: %2, %3.</p>\n<table>\n<thead><tr><th scope=\"col\">File</th>"
+                       "<p>%1.</p>\n<table>\n<thead><tr><th scope=\"col\">File</th>"
                        "<th scope=\"col\">Opens</th><th scope=\"col\">Errors</th>"
                        "<th scope=\"col\">Warnings</th></tr></thead>\n<tbody>\n")
-                       .arg(counted(static_cast<int>(totals.files.size()), "file"),
-                            counted(totals.errors, "error"), counted(totals.warnings, "warning"));
+                       .arg(summaryOf(totals));
     for (const FileCounts& file : totals.files)
         html += summaryRow(file);
     return html + QStringLiteral("</tbody>\n</table>\n");
@@ -114,20 +107,22 @@ QString FileArticle::html() const
 {
     QString html = QStringLiteral("<article id=\"%1\">\n<h2>%2</h2>\n%3")
                        .arg(m_prefix, htmlText(m_report.name), findings());
-    if (m_report.loads)
+    if (m_report.loads) {
         html += counts() + htmlTables(m_file, {m_prefix, [this](const CellPlace& cell) {
                                                    return additionOf(cell);
                                                }});
+    }
     return html + QStringLiteral("</article>\n");
 }
 
 QString FileArticle::counts() const
 {
     QStringList counts;
-    for (int tab = 0; tab < TAB_COUNT; ++tab)
+    for (int tab = 0; tab < TAB_COUNT; ++tab) {
         counts += QStringLiteral("%1 %2")
                       .arg(tabTitle(tab))
                       .arg(m_report.errors[static_cast<size_t>(tab)]);
+    }
     return QStringLiteral("<p>Wrong cells, as the editor counts them: %1.</p>\n")
         .arg(counts.join(QStringLiteral(", ")));
 }
@@ -149,8 +144,6 @@ QString FileArticle::findingRow(size_t number) const
 {
     const Finding& finding = m_report.findings[number];
     const QString severity = QLatin1String(nameOf(finding.severity));
-    const QString hint =
-        finding.hint.isEmpty() ? QString() : QStringLiteral(". ") + htmlText(finding.hint);
     return QStringLiteral("<tr id=\"%1n%2\"><th scope=\"row\">%2</th>")
                .arg(m_prefix)
                .arg(number + 1) +
@@ -158,7 +151,7 @@ QString FileArticle::findingRow(size_t number) const
                .arg(severity, placeOf(finding), cellLink(finding)) +
            QStringLiteral("<td>%1</td>").arg(htmlText(finding.text)) +
            QStringLiteral("<td>%1</td><td class=\"rule\">%2</td></tr>\n")
-               .arg(htmlText(finding.message) + hint, QLatin1String(factsOf(finding.rule).name));
+               .arg(htmlText(messageWithHint(finding)), QLatin1String(factsOf(finding.rule).name));
 }
 
 QString FileArticle::placeOf(const Finding& finding) const

@@ -22,12 +22,6 @@ tr { break-inside: avoid; }
 
 namespace {
 
-// The first row and column that the editor does not hide.
-int firstShown(int tab)
-{
-    return tab == DE_TAB1 ? 0 : 1;
-}
-
 bool isAllowed(uint character)
 {
     return character == '\n' || character == '\t' ||
@@ -37,7 +31,7 @@ bool isAllowed(uint character)
 
 bool isComment(const TreeModel& table, int tab, int row)
 {
-    return table.index(row, firstShown(tab))
+    return table.index(row, firstVisible(tab))
         .data(Qt::EditRole)
         .toString()
         .startsWith(QLatin1Char('#'));
@@ -52,7 +46,7 @@ QString attribute(const char* name, const QString& value)
 QString headRow(const TreeModel& table, int tab)
 {
     QString html = QStringLiteral("<thead><tr><th scope=\"col\">Row</th>");
-    for (int column = firstShown(tab); column < table.columnCount(); ++column)
+    for (int column = firstVisible(tab); column < table.columnCount(); ++column)
         html += QStringLiteral("<th scope=\"col\">%1</th>").arg(htmlText(fieldName(table, column)));
     return html + QStringLiteral("</tr></thead>\n");
 }
@@ -83,7 +77,7 @@ QString TableWriter::html() const
                        .arg(m_tab + 1)
                        .arg(htmlText(tabTitle(m_tab)));
     html += headRow(m_table, m_tab) + QStringLiteral("<tbody>\n");
-    for (int row = firstShown(m_tab); row < m_table.rowCount(); ++row)
+    for (int row = firstVisible(m_tab); row < m_table.rowCount(); ++row)
         html += rowHtml(row);
     return html + QStringLiteral("</tbody>\n</table>\n</section>\n");
 }
@@ -93,7 +87,7 @@ QString TableWriter::rowHtml(int row) const
     const bool comment = isComment(m_table, m_tab, row);
     QString html = comment ? QStringLiteral("<tr class=\"comment\">") : QStringLiteral("<tr>");
     html += QStringLiteral("<th scope=\"row\">%1</th>").arg(visibleRow({m_tab, row, 0}));
-    for (int column = firstShown(m_tab); column < m_table.columnCount(); ++column)
+    for (int column = firstVisible(m_tab); column < m_table.columnCount(); ++column)
         html += cellHtml({m_tab, row, column});
     return html + QStringLiteral("</tr>\n");
 }
@@ -129,8 +123,8 @@ QString htmlTables(const SpecFile& file, const HtmlTablesOptions& options)
 
 bool isInHtmlTables(const CellPlace& cell)
 {
-    return cell.isValid() && cell.row >= firstShown(cell.tab) &&
-           cell.column >= firstShown(cell.tab);
+    return cell.isValid() && cell.row >= firstVisible(cell.tab) &&
+           cell.column >= firstVisible(cell.tab);
 }
 
 QString htmlCellId(const CellPlace& cell, const QString& prefix)
@@ -138,7 +132,7 @@ QString htmlCellId(const CellPlace& cell, const QString& prefix)
     return prefix + QStringLiteral("t%1r%2c%3")
                         .arg(cell.tab + 1)
                         .arg(visibleRow(cell))
-                        .arg(cell.column - firstShown(cell.tab) + 1);
+                        .arg(cell.column - firstVisible(cell.tab) + 1);
 }
 
 QString htmlText(const QString& text)

@@ -1,9 +1,8 @@
 #include "jsonreport.h"
 
-#include <nlohmann/json.hpp>
 #include <string>
 
-using Json = nlohmann::ordered_json;
+#include "jsonbytes.h"
 
 namespace {
 
@@ -59,7 +58,7 @@ QByteArray JsonReport::file(const SpecFile& file, const FileReport& report) cons
                       {"loads", report.loads},
                       {"errors", errorCounts(report)},
                       {"findings", findings}};
-    return QByteArray::fromStdString(object.dump(-1, ' ', false, Json::error_handler_t::replace));
+    return bytesOf(object);
 }
 
 QByteArray JsonReport::separator() const

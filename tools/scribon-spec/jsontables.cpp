@@ -1,9 +1,9 @@
 #include "jsontables.h"
 
-#include <nlohmann/json.hpp>
 #include <string>
 
 #include "finding.h"
+#include "jsonbytes.h"
 #include "rowobject.h"
 #include "tablerows.h"
 

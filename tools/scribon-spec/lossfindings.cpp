@@ -170,14 +170,14 @@ void LossSearch::tellOfAll()
         return;
     const std::string_view lost = m_bytes.substr(m_first.offset, m_first.size);
     const Cause cause = causeOf(lost, m_lostTab);
-    const int lastLine = m_file.placeOf(m_end - 1).line;
+    const int lastLine = m_file.lineNumberOf(m_end - 1);
     Finding finding;
     finding.rule = Rule::LostText;
     finding.range = {m_first.offset, firstWord(lost).size()};
     finding.text = m_file.textOf(finding.range);
     finding.message = QString::fromLatin1(cause.message);
     finding.message +=
-        lastLine > m_file.placeOf(m_first.offset).line
+        lastLine > m_file.lineNumberOf(m_first.offset)
             ? QStringLiteral("; a save loses text from here to line %1").arg(lastLine)
             : QStringLiteral("; a save loses it");
     finding.hint = QString::fromLatin1(cause.hint);

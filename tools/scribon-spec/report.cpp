@@ -5,12 +5,29 @@
 #include "sarifreport.h"
 #include "textreport.h"
 
+namespace {
+
+QString counted(int count, const char* noun)
+{
+    return QStringLiteral("%1 %2%3").arg(count).arg(QLatin1String(noun),
+                                                    QLatin1String(count == 1 ? "" : "s"));
+}
+
+}  // namespace
+
 void Totals::add(const FileCounts& file)
 {
     files.push_back(file);
     errors += file.errors;
     warnings += file.warnings;
     unreadable += file.isUnreadable ? 1 : 0;
+}
+
+QString summaryOf(const Totals& totals)
+{
+    return QStringLiteral("%1 checked: %2, %3")
+        .arg(counted(static_cast<int>(totals.files.size()), "file"),
+             counted(totals.errors, "error"), counted(totals.warnings, "warning"));
 }
 
 FileCounts countsOf(const FileReport& report)

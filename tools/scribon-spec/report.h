@@ -28,6 +28,9 @@ struct Totals {
     void add(const FileCounts& file);
 };
 
+// "12 files checked: 1 error, 0 warnings".
+QString summaryOf(const Totals& totals);
+
 FileCounts countsOf(const FileReport& report);
 
 class Report {

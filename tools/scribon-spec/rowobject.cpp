@@ -15,8 +15,3 @@ Json rowObject(const TableRow& row)
             {"comment", row.isComment()},
             {"texts", textArray(row.texts)}};
 }
-
-QByteArray bytesOf(const Json& json)
-{
-    return QByteArray::fromStdString(json.dump(-1, ' ', false, Json::error_handler_t::replace));
-}

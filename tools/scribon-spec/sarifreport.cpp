@@ -5,10 +5,9 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QUrl>
-#include <nlohmann/json.hpp>
 #include <string>
 
-using Json = nlohmann::ordered_json;
+#include "jsonbytes.h"
 
 namespace {
 
@@ -24,11 +23,6 @@ const auto SCHEMA =
 std::string text(const QString& string)
 {
     return string.toStdString();
-}
-
-QByteArray dumped(const Json& json)
-{
-    return QByteArray::fromStdString(json.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
 // ---- The program --------------------------------------------------------------------------------
@@ -56,8 +50,7 @@ Json toolObject()
 std::string uriOf(const QString& name)
 {
     const QDir here = QDir::current();
-    const QString path =
-        QFileInfo(name).isAbsolute() ? QDir::cleanPath(name) : here.cleanPath(name);
+    const QString path = QDir::cleanPath(name);
     const QString inside = here.path() + QLatin1Char('/');
     if (path.startsWith(inside))
         return QUrl::toPercentEncoding(path.mid(inside.size()), "/").toStdString();
@@ -102,8 +95,10 @@ Json locationObject(const SpecFile& file, const Finding& finding)
 // The first text of the row, which tells it from others wherever it stands.
 QString rowName(const SpecFile& file, const CellPlace& cell)
 {
-    const int column = cell.tab == DE_TAB1 ? KEYWORD_COLUMN : ENTRY_COLUMN;
-    return file.table(cell.tab).index(cell.row, column).data(Qt::EditRole).toString();
+    return file.table(cell.tab)
+        .index(cell.row, firstVisible(cell.tab))
+        .data(Qt::EditRole)
+        .toString();
 }
 
 // What a finding has to do with, without its lines and rows.
@@ -134,18 +129,12 @@ private:
     QHash<QString, int> m_counts;
 };
 
-std::string messageOf(const Finding& finding)
-{
-    return text(finding.hint.isEmpty() ? finding.message
-                                       : finding.message + QStringLiteral(". ") + finding.hint);
-}
-
 Json resultObject(const SpecFile& file, const Finding& finding, Fingerprints* fingerprints)
 {
     return {{"ruleId", factsOf(finding.rule).name},
             {"ruleIndex", static_cast<int>(finding.rule)},
             {"level", nameOf(finding.severity)},
-            {"message", {{"text", messageOf(finding)}}},
+            {"message", {{"text", text(messageWithHint(finding))}}},
             {"locations", Json::array({locationObject(file, finding)})},
             {"partialFingerprints",
              {{FINGERPRINT_NAME, fingerprints->next(identityOf(file, finding))}}}};
@@ -156,7 +145,7 @@ Json resultObject(const SpecFile& file, const Finding& finding, Fingerprints* fi
 QByteArray SarifReport::head(const Totals& /*totals*/) const
 {
     return QByteArray("{\"$schema\":\"") + SCHEMA +
-           "\",\"version\":\"2.1.0\",\"runs\":[{\"tool\":" + dumped(toolObject()) +
+           "\",\"version\":\"2.1.0\",\"runs\":[{\"tool\":" + bytesOf(toolObject()) +
            ",\n\"columnKind\":\"utf16CodeUnits\",\"results\":[\n";
 }
 
@@ -165,7 +154,7 @@ QByteArray SarifReport::file(const SpecFile& file, const FileReport& report) con
     Fingerprints fingerprints;
     QByteArrayList results;
     for (const Finding& finding : report.findings)
-        results.append(dumped(resultObject(file, finding, &fingerprints)));
+        results.append(bytesOf(resultObject(file, finding, &fingerprints)));
     return results.join(separator());
 }
 
@@ -177,5 +166,5 @@ QByteArray SarifReport::separator() const
 QByteArray SarifReport::foot(const Totals& totals) const
 {
     const Json invocation{{"executionSuccessful", totals.unreadable == 0}};
-    return "\n],\"invocations\":[" + dumped(invocation) + "]}]}\n";
+    return "\n],\"invocations\":[" + bytesOf(invocation) + "]}]}\n";
 }

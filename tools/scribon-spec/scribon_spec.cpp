@@ -60,7 +60,7 @@ int run(QStringList arguments)
                             : QStringLiteral("unknown command %1; try --help").arg(name));
     }
     arguments.removeAt(1);
-    arguments[0] = QStringLiteral("scribon-spec ") + name;
+    arguments.first() = QStringLiteral("scribon-spec ") + name;
     return command->run(arguments);
 }
 

@@ -13,20 +13,20 @@ const QString FALLBACK = QStringLiteral("fallback");
 void addOptions(QCommandLineParser* parser)
 {
     parser->setApplicationDescription(
-        QStringLiteral("Prints the five tables of spec files, one row a line."));
+        QStringLiteral("Prints the five tables of spec files, one row a line.\n"
+                       "Status 0: all printed; 2: trouble."));
     parser->addOptions(
         {{FORMAT, QStringLiteral("Print text, csv, json or html."), QStringLiteral("FORMAT"),
           QStringLiteral("text")},
          {FALLBACK, QStringLiteral("Print a file that is no spec file as it is (text only).")}});
-    parser->addPositionalArgument(QStringLiteral("FILE"),
-                                  QStringLiteral("Spec files, folders, or - for standard input."),
-                                  QStringLiteral("FILE..."));
+    addFileArguments(parser);
 }
 
 class Showing {
 public:
     Showing(const TableForm& form, bool fallsBack) : m_form(form), m_fallsBack(fallsBack) {}
 
+    // Stops when standard output cannot be written.
     int run(const QStringList& files);
 
 private:
@@ -61,8 +61,8 @@ void Showing::show(const QString& name)
 int Showing::run(const QStringList& files)
 {
     print(m_form.head());
-    for (const QString& name : files)
-        show(name);
+    for (auto name = files.begin(); name != files.end() && hasPrintedAll(); ++name)
+        show(*name);
     print(m_form.foot());
     return m_status;
 }
@@ -78,11 +78,11 @@ int runShow(const QStringList& arguments)
         return status;
     const QStringList files = inputFiles(parser.positionalArguments());
     if (files.isEmpty())
-        return complain(QStringLiteral("no files to show"));
+        return complainOfNoFiles(parser.positionalArguments(), QStringLiteral("show"));
     const QString format = parser.value(FORMAT);
     const auto form = tableFormOfName(format, files.size() > 1);
     if (form == nullptr)
-        return complain(QStringLiteral("no format %1").arg(format));
+        return complain(QStringLiteral("--format takes text, csv, json or html"));
     const bool fallsBack = parser.isSet(FALLBACK);
     if (fallsBack && format != QLatin1String("text"))
         return complain(QStringLiteral("--fallback is for text only"));

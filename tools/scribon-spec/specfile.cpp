@@ -24,6 +24,25 @@ std::vector<int> lineStartsOf(const QByteArray& bytes)
     return starts;
 }
 
+QString problemOf(int error, const QString& path)
+{
+    if (error == EINVAL)
+        return QStringLiteral("not a regular file");
+    if (error == ENOENT && path.contains(QChar(QChar::ReplacementCharacter)))
+        return QStringLiteral("its name is not UTF-8");
+    return QString::fromLocal8Bit(std::strerror(error));
+}
+
+SpecFile readStandardInput(const QString& name)
+{
+    QFile input;
+    QByteArray bytes;
+    if (input.open(stdin, QIODevice::ReadOnly))
+        bytes = input.readAll();
+    return input.error() == QFileDevice::NoError ? SpecFile::fromBytes(bytes, name)
+                                                 : SpecFile::unreadable(name, input.errorString());
+}
+
 }  // namespace
 
 // ---- Places of cells ----------------------------------------------------------------------------
@@ -42,7 +61,8 @@ void TabOrigins::setCell(int column, const QString& /*text*/, FileRange range)
 
 FileRange TabOrigins::cell(int row, int column) const
 {
-    return m_ranges[static_cast<size_t>(row * m_columns + column)];
+    const auto columns = static_cast<size_t>(m_columns);
+    return m_ranges[static_cast<size_t>(row) * columns + static_cast<size_t>(column)];
 }
 
 // ---- Reading ------------------------------------------------------------------------------------
@@ -54,11 +74,8 @@ SpecFile::~SpecFile() = default;
 
 SpecFile SpecFile::read(const QString& name)
 {
-    if (name == STANDARD_INPUT) {
-        QFile input;
-        if (input.open(stdin, QIODevice::ReadOnly))
-            return fromBytes(input.readAll(), QStringLiteral("<stdin>"));
-    }
+    if (name == STANDARD_INPUT)
+        return readStandardInput(QStringLiteral("<stdin>"));
     SpecFile file(name);
     file.load(name);
     return file;
@@ -88,7 +105,7 @@ void SpecFile::load(const QString& path)
     resetParseState();
     const int error = preload_file(localName.constData());
     if (error != 0) {
-        m_problem = QString::fromLocal8Bit(std::strerror(error));
+        m_problem = problemOf(error, path);
         return;
     }
     const int result = read_file(localName.constData());
@@ -115,13 +132,26 @@ void SpecFile::makeTables()
 
 // ---- Places and texts ---------------------------------------------------------------------------
 
+// Many places on one long line are asked for in their order, so each is counted from the one
+// before.
 FilePlace SpecFile::placeOf(size_t offset) const
 {
     const int at = std::min(static_cast<int>(offset), m_bytes.size());
-    const auto next = std::upper_bound(m_lineStarts.begin(), m_lineStarts.end(), at);
-    const int start = *std::prev(next);
-    return {static_cast<int>(next - m_lineStarts.begin()),
-            decoded(m_encoding, m_bytes.constData() + start, at - start).size() + 1};
+    const int line = lineNumberOf(offset);
+    const int start = m_lineStarts[static_cast<size_t>(line - 1)];
+    if (m_known.offset < start || m_known.offset > at)
+        m_known = {start, 1};
+    m_known.column +=
+        decoded(m_encoding, m_bytes.constData() + m_known.offset, at - m_known.offset).size();
+    m_known.offset = at;
+    return {line, m_known.column};
+}
+
+int SpecFile::lineNumberOf(size_t offset) const
+{
+    const int at = std::min(static_cast<int>(offset), m_bytes.size());
+    return static_cast<int>(std::upper_bound(m_lineStarts.begin(), m_lineStarts.end(), at) -
+                            m_lineStarts.begin());
 }
 
 QString SpecFile::textOf(FileRange range) const
@@ -131,7 +161,7 @@ QString SpecFile::textOf(FileRange range) const
 
 QString SpecFile::lineOf(size_t offset) const
 {
-    const int start = m_lineStarts[static_cast<size_t>(placeOf(offset).line - 1)];
+    const int start = m_lineStarts[static_cast<size_t>(lineNumberOf(offset) - 1)];
     const int end = m_bytes.indexOf('\n', start);
     return decoded(m_encoding, m_bytes.constData() + start,
                    (end < 0 ? m_bytes.size() : end) - start);

@@ -79,6 +79,7 @@ public:
     const QByteArray& bytes() const { return m_bytes; }
     SpecEncoding encoding() const { return m_encoding; }
     FilePlace placeOf(size_t offset) const;
+    int lineNumberOf(size_t offset) const;
 
     // The text of a range, and the line that it begins in, without the line's end.
     QString textOf(FileRange range) const;
@@ -96,6 +97,12 @@ public:
     QByteArray savedBytes() const;
 
 private:
+    // A place from which columns are counted on.
+    struct KnownColumn {
+        int offset = 0;
+        int column = 1;
+    };
+
     explicit SpecFile(QString name);
     void load(const QString& path);
     void makeTables();
@@ -105,6 +112,7 @@ private:
     QString m_problem;
     QByteArray m_bytes;
     std::vector<int> m_lineStarts{0};
+    mutable KnownColumn m_known;
     SpecEncoding m_encoding = SpecEncoding::Local;
     std::array<std::unique_ptr<TreeModel>, TAB_COUNT> m_tables;
     std::vector<TabOrigins> m_origins;

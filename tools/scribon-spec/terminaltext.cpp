@@ -74,7 +74,19 @@ int widthOf(uint character)
     return wide ? 2 : 1;
 }
 
+bool isControl(QChar c)
+{
+    return c.category() == QChar::Other_Control || c.category() == QChar::Other_Format;
+}
+
 }  // namespace
+
+QString withoutControls(QString text)
+{
+    for (QChar& c : text)
+        c = isControl(c) && c != QLatin1Char('\t') ? QChar(QChar::ReplacementCharacter) : c;
+    return text;
+}
 
 QString visibleText(const QString& text)
 {

@@ -6,6 +6,9 @@
 // The text in one line, with what cannot be seen written as \n, \t, \\, \x1b or \u202e.
 QString visibleText(const QString& text);
 
+// The text with a replacement character for each character but tabs that a terminal would obey.
+QString withoutControls(QString text);
+
 // The number of columns that a visible text takes on a terminal.
 int displayWidth(const QString& text);
 

@@ -12,24 +12,9 @@ constexpr char MAGENTA[] = "\x1b[1;35m";
 constexpr char GREEN[] = "\x1b[1;32m";
 constexpr char PLAIN[] = "\x1b[0m";
 
-QString counted(int count, const char* noun)
-{
-    return QStringLiteral("%1 %2%3").arg(count).arg(QLatin1String(noun),
-                                                    QLatin1String(count == 1 ? "" : "s"));
-}
-
-bool isControl(QChar c)
-{
-    return c.category() == QChar::Other_Control || c.category() == QChar::Other_Format;
-}
-
-// Characters that a terminal would obey, as ones that it shows.
-QString withoutControls(QString text)
-{
-    for (QChar& c : text)
-        c = isControl(c) && c != QLatin1Char('\t') ? QChar(QChar::ReplacementCharacter) : c;
-    return text;
-}
+// Of a long line, on each side of the place.
+constexpr int MOST_SHOWN = 100;
+const QChar ELLIPSIS(0x2026);
 
 // Blanks as wide as the text, and tabs where it has them.
 QString blanksFor(const QString& text)
@@ -40,21 +25,25 @@ QString blanksFor(const QString& text)
     return parts.join(QLatin1Char('\t'));
 }
 
-// The line of the file, and the mark below it.
+// The line of the file around the place, and the mark below it.
 QString marked(const SpecFile& file, const Finding& finding, const QString& mark)
 {
     QString line = file.lineOf(finding.range.offset);
     if (line.endsWith(QLatin1Char('\r')))
         line.chop(1);
-    line = withoutControls(line);
-    return line + QLatin1Char('\n') + blanksFor(line.left(finding.place.column - 1)) + mark +
-           QLatin1Char('\n');
+    QString before = withoutControls(line.left(finding.place.column - 1));
+    QString after = withoutControls(line.mid(finding.place.column - 1));
+    if (before.size() > MOST_SHOWN)
+        before = ELLIPSIS + before.right(MOST_SHOWN);
+    if (after.size() > MOST_SHOWN)
+        after = after.left(MOST_SHOWN) + ELLIPSIS;
+    return before + after + QLatin1Char('\n') + blanksFor(before) + mark + QLatin1Char('\n');
 }
 
 QString underline(const Finding& finding)
 {
     const QString text = finding.text.section(QLatin1Char('\n'), 0, 0);
-    const int tail = finding.range.size == 0 ? 0 : qMax(0, displayWidth(text) - 1);
+    const int tail = finding.range.size == 0 ? 0 : qBound(0, displayWidth(text) - 1, MOST_SHOWN);
     return QLatin1Char('^') + QString(tail, QLatin1Char('~'));
 }
 
@@ -73,12 +62,9 @@ QString TextReport::line(const SpecFile& file, const Finding& finding) const
     if (finding.hasPlace())
         place += QStringLiteral("%1:%2:").arg(finding.place.line).arg(finding.place.column);
     const char* const colour = finding.severity == Severity::Warning ? MAGENTA : RED;
-    QString message = finding.message;
-    if (!finding.hint.isEmpty())
-        message += QStringLiteral(". ") + finding.hint;
     return coloured(BOLD, place) + QLatin1Char(' ') +
            coloured(colour, QLatin1String(nameOf(finding.severity)) + QLatin1Char(':')) +
-           QLatin1Char(' ') + message +
+           QLatin1Char(' ') + withoutControls(messageWithHint(finding)) +
            QStringLiteral(" [%1]\n").arg(QLatin1String(factsOf(finding.rule).name));
 }
 
@@ -95,8 +81,5 @@ QByteArray TextReport::file(const SpecFile& file, const FileReport& report) cons
 
 QByteArray TextReport::foot(const Totals& totals) const
 {
-    return QStringLiteral("%1 checked: %2, %3\n")
-        .arg(counted(static_cast<int>(totals.files.size()), "file"),
-             counted(totals.errors, "error"), counted(totals.warnings, "warning"))
-        .toUtf8();
+    return summaryOf(totals).toUtf8() + '\n';
 }
