@@ -97,9 +97,11 @@ void FindLine::openOver(QAbstractItemView* table)
     m_line->selectAll();
 }
 
-// Qt moves the focus on by focusNextPrevChild().
+// While a dialog is active, hiding the line would give the focus to the tabs.
 void FindLine::leave()
 {
+    if (isAncestorOf(window()->focusWidget()))
+        m_table->setFocus();
     hide();
 }
 

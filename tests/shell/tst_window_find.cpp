@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QClipboard>
+#include <QDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -59,6 +60,7 @@ private Q_SLOTS:
     void clickOnACellIsCounted();
     void tabsAreFollowed();
     void loadClosesTheLine();
+    void loadUnderADialogLeavesTheFocusInTheTable();
     void failedLoadClosesTheLine();
     void doesNothingWithoutADocument();
     void liesBesideTheScrollBars_data();
@@ -500,6 +502,20 @@ void tst_WindowFind::loadClosesTheLine()
     QCOMPARE(news(), QStringLiteral("No match here, 1 on other tabs"));
     edit(0, 0, 1, QStringLiteral("max"));
     QTRY_COMPARE(news(), QStringLiteral("1 found, 1 on other tabs"));
+}
+
+// As File, Open does: its dialog is active until the file is loaded.
+void tst_WindowFind::loadUnderADialogLeavesTheFocusInTheTable()
+{
+    showWindow();
+    find(QStringLiteral("max"));
+    QDialog dialog(m_window.get());
+    QLineEdit name(&dialog);
+    dialog.show();
+    dialog.activateWindow();
+    QTRY_VERIFY(name.hasFocus());
+    loadGoodFile(specWithMax());
+    QCOMPARE(m_window->focusWidget(), view());
 }
 
 void tst_WindowFind::failedLoadClosesTheLine()
