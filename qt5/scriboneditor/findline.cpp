@@ -178,6 +178,11 @@ QRect FindLine::lowerPlace()
     return place;
 }
 
+bool FindLine::covers(const QRect& cell) const
+{
+    return !isHidden() && geometry().intersects(cell.translated(area().topLeft()));
+}
+
 bool FindLine::wouldCover(const QRect& cell)
 {
     return lowerPlace().intersects(cell.translated(area().topLeft()));

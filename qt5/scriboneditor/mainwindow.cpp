@@ -375,8 +375,10 @@ void MainWindow::setupActions()
     connect(helpAct, &QAction::triggered, this, &MainWindow::showDocumentation);
     connect(actionContents, &QAction::triggered, this, &MainWindow::showDocumentation);
     // The actions are connected to the QUndoGroup first, so the change is made by then.
-    connect(undoAction, &QAction::triggered, this, [this] { showUndone(uStack(), currentView()); });
-    connect(redoAction, &QAction::triggered, this, [this] { showRedone(uStack(), currentView()); });
+    connect(undoAction, &QAction::triggered, this,
+            [this] { textNavigation->uncover(showUndone(uStack(), currentView())); });
+    connect(redoAction, &QAction::triggered, this,
+            [this] { textNavigation->uncover(showRedone(uStack(), currentView())); });
 }
 
 // ---- Loading -----------------------------------------------------------------------------------
