@@ -66,10 +66,7 @@ bool RowClipboard::isReady()
 {
     if (view()->viewport()->isAncestorOf(QApplication::focusWidget()))
         return false;
-    const bool ready = m_prepare() && editorAccess().activeUndoStack() != nullptr;
-    if (!ready)
-        refuse(tr("No file is open"));
-    return ready;
+    return m_prepare() && editorAccess().activeUndoStack() != nullptr;
 }
 
 // Invalid in the hidden row that holds the keyword of a list.

@@ -539,6 +539,7 @@ void tst_WindowFind::doesNothingWithoutADocument()
     openLine();
     QVERIFY(!frame()->isVisible());
     QCOMPARE(QApplication::focusWidget(), before);
+    QCOMPARE(newsOf(*m_window), QStringLiteral("No file is open"));
 }
 
 void tst_WindowFind::liesBesideTheScrollBars_data()
