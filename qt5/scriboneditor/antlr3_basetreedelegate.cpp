@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QSpinBox>
 #include <QStyle>
+#include <QTreeView>
 #include <array>
 
 #include "asamspecs_select.h"
@@ -31,6 +32,18 @@ void setSelectionColour(QPalette* palette, const QColor& colour)
 QIcon errorIcon()
 {
     return QIcon(QStringLiteral(":/resources/dialog-error.png"));
+}
+
+// The cell of a row that spans the columns may end beyond the right edge of the view, which would
+// hide the icon there.
+void endInView(QStyleOptionViewItem* option, const QModelIndex& index)
+{
+    const auto* const view = qobject_cast<const QTreeView*>(option->widget);
+    if (view == nullptr || index.column() != 0)
+        return;
+    const int edge = view->viewport()->rect().right();
+    if (option->rect.right() > edge && view->isFirstColumnSpanned(index.row(), index.parent()))
+        option->rect.setRight(edge);
 }
 
 // A channel keyword keeps its arrow when it is wrong, and an arrow takes the place of the icon.
@@ -64,6 +77,7 @@ void Antlr3_BaseTreeDelegate::paint(QPainter* painter, const QStyleOptionViewIte
     QStyleOptionViewItem myOption = option;
     myOption.decorationPosition = QStyleOptionViewItem::Right;
     myOption.font = editorAccess().preferences().editorFont;
+    endInView(&myOption, index);
     const bool wrong = index.data(Qt::UserRole).toInt() > DE_NOERROR;
     if (wrong)
         myOption.icon = errorIcon();

@@ -24,28 +24,31 @@ void scrollToRow(const QModelIndex& cell, QTreeView* view)
     view->horizontalScrollBar()->setValue(before);
 }
 
-// QTreeView::scrollTo() ignores an invalid index and the cells of another tab's model.
-void showChange(const QUndoCommand* command, QTreeView* view)
+QModelIndex showChange(const QUndoCommand* command, QTreeView* view)
 {
     const EditorUndoCommand* const change = firstChange(command);
-    if (change == nullptr)
-        return;
+    const QModelIndex cell = change == nullptr ? QModelIndex() : change->changedCell();
+    if (!cell.isValid() || cell.model() != view->model())
+        return {};
     if (change->changesRow())
-        scrollToRow(change->changedCell(), view);
+        scrollToRow(cell, view);
     else
-        view->scrollTo(change->changedCell());
+        view->scrollTo(cell);
+    return cell;
 }
 
 }  // namespace
 
-void showUndone(const QUndoStack* stack, QTreeView* view)
+QModelIndex showUndone(const QUndoStack* stack, QTreeView* view)
 {
-    if (stack != nullptr && view != nullptr)
-        showChange(stack->command(stack->index()), view);
+    if (stack == nullptr || view == nullptr)
+        return {};
+    return showChange(stack->command(stack->index()), view);
 }
 
-void showRedone(const QUndoStack* stack, QTreeView* view)
+QModelIndex showRedone(const QUndoStack* stack, QTreeView* view)
 {
-    if (stack != nullptr && view != nullptr)
-        showChange(stack->command(stack->index() - 1), view);
+    if (stack == nullptr || view == nullptr)
+        return {};
+    return showChange(stack->command(stack->index() - 1), view);
 }

@@ -52,27 +52,37 @@ FileDrop::FileDrop(QMainWindow* window, Open open)
     : QObject(window), m_window(window), m_open(std::move(open))
 {
     window->setAcceptDrops(true);
-    window->installEventFilter(this);
+    qApp->installEventFilter(this);
 }
 
-// Qt passes what the tables and the other parts of the window do not accept to the window.
-bool FileDrop::eventFilter(QObject* /*watched*/, QEvent* event)
+bool FileDrop::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
         case QEvent::DragEnter:
         case QEvent::DragMove:
         case QEvent::Drop:
-            take(static_cast<QDropEvent*>(event));
-            return true;
+            return take(watched, static_cast<QDropEvent*>(event));
         default:
             return false;
     }
 }
 
+// Qt passes what the parts of the window do not accept to the window. A line edit would take the
+// address of a file as a text.
+bool FileDrop::isMeant(QObject* watched, const QDropEvent& event) const
+{
+    const auto* const widget = qobject_cast<QWidget*>(watched);
+    if (widget == nullptr || widget->window() != m_window)
+        return false;
+    return widget == m_window || event.mimeData()->hasUrls();
+}
+
 // The action is to copy, or none if that is not offered: a file manager removes a file whose move
 // is accepted.
-void FileDrop::take(QDropEvent* event)
+bool FileDrop::take(QObject* watched, QDropEvent* event)
 {
+    if (!isMeant(watched, *event))
+        return false;
     const QString refusal = refusalOf(*event->mimeData());
     if (event->possibleActions().testFlag(Qt::CopyAction))
         event->setDropAction(Qt::CopyAction);
@@ -83,6 +93,7 @@ void FileDrop::take(QDropEvent* event)
         refuse(refusal);
     else if (event->type() == QEvent::Drop)
         QTimer::singleShot(0, this, [this, path = onlyPath(*event->mimeData())] { m_open(path); });
+    return true;
 }
 
 void FileDrop::refuse(const QString& reason)

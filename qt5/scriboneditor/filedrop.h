@@ -1,5 +1,5 @@
-// Opens a file that is dropped on the window. Anything else is refused, and the status bar tells
-// why.
+// Opens a file that is dropped on the window, also on a line edit in it. Anything else is refused,
+// and the status bar tells why, but line edits take a text.
 #pragma once
 
 #include <QObject>
@@ -23,7 +23,8 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void take(QDropEvent* event);
+    bool isMeant(QObject* watched, const QDropEvent& event) const;
+    bool take(QObject* watched, QDropEvent* event);
     void refuse(const QString& reason);
 
     QMainWindow* m_window;

@@ -97,9 +97,11 @@ void FindLine::openOver(QAbstractItemView* table)
     m_line->selectAll();
 }
 
-// Qt moves the focus on by focusNextPrevChild().
+// While a dialog is active, hiding the line would give the focus to the tabs.
 void FindLine::leave()
 {
+    if (isAncestorOf(window()->focusWidget()))
+        m_table->setFocus();
     hide();
 }
 
@@ -174,6 +176,11 @@ QRect FindLine::lowerPlace()
     QRect place(QPoint(), sizeWithin(within.width()));
     place.moveBottomRight(within.bottomRight());
     return place;
+}
+
+bool FindLine::covers(const QRect& cell) const
+{
+    return !isHidden() && geometry().intersects(cell.translated(area().topLeft()));
 }
 
 bool FindLine::wouldCover(const QRect& cell)

@@ -35,6 +35,9 @@ public:
     // Shows what was found.
     void tell(const QString& news, bool isFound);
 
+    // Whether the line is open and covers a part of this rectangle of the table's viewport.
+    bool covers(const QRect& cell) const;
+
     // Whether the line at the lower right would cover a part of this rectangle of the table's
     // viewport.
     bool wouldCover(const QRect& cell);

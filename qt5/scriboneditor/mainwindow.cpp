@@ -35,6 +35,7 @@
 #include "spokenmodel.h"
 #include "stat_members.h"
 #include "statusbarform.h"
+#include "statusmessage.h"
 #include "tableview.h"
 #include "textnavigation.h"
 #include "treemodel.h"
@@ -52,6 +53,7 @@ const auto SPEC_FILTER = QStringLiteral("scrib*;;*");
 const auto NOTHING_LOADED = QStringLiteral("Empty File");
 
 constexpr int STATUS_MESSAGE_MS = 2000;
+constexpr int NO_FILE_MESSAGE_MS = 10000;
 constexpr int FITTING_PASSES = 5;
 
 // The text of a new file: the required keywords and the Meta Data list. The names are placeholders
@@ -375,8 +377,10 @@ void MainWindow::setupActions()
     connect(helpAct, &QAction::triggered, this, &MainWindow::showDocumentation);
     connect(actionContents, &QAction::triggered, this, &MainWindow::showDocumentation);
     // The actions are connected to the QUndoGroup first, so the change is made by then.
-    connect(undoAction, &QAction::triggered, this, [this] { showUndone(uStack(), currentView()); });
-    connect(redoAction, &QAction::triggered, this, [this] { showRedone(uStack(), currentView()); });
+    connect(undoAction, &QAction::triggered, this,
+            [this] { textNavigation->uncover(showUndone(uStack(), currentView())); });
+    connect(redoAction, &QAction::triggered, this,
+            [this] { textNavigation->uncover(showRedone(uStack(), currentView())); });
 }
 
 // ---- Loading -----------------------------------------------------------------------------------
@@ -733,18 +737,15 @@ void MainWindow::addStatusBarForm()
 void MainWindow::addErrorNavigation()
 {
     new ErrorNavigation(this, tabWidget, view, statusBarform, [this] {
-        commitOpenEditors();
+        const bool isOpen = prepareDocument();
         checkErrorCount();
-        return loadedFile;
+        return isOpen;
     });
 }
 
 void MainWindow::addRowClipboard()
 {
-    new RowClipboard(this, tabWidget, view, [this] {
-        commitOpenEditors();
-        return loadedFile;
-    });
+    new RowClipboard(this, tabWidget, view, [this] { return prepareDocument(); });
 }
 
 void MainWindow::addFileDrop()
@@ -757,10 +758,8 @@ void MainWindow::addFileDrop()
 
 void MainWindow::addTextNavigation()
 {
-    textNavigation = new TextNavigation(this, tabWidget, view, [this] {
-        commitOpenEditors();
-        return loadedFile;
-    });
+    textNavigation =
+        new TextNavigation(this, tabWidget, view, [this] { return prepareDocument(); });
 }
 
 void MainWindow::startErrorTimer()
@@ -837,6 +836,14 @@ void MainWindow::commitOpenEditors()
 {
     for (size_t tab = 0; tab < TAB_COUNT; ++tab)
         commitEditorInCell(*view[tab]);
+}
+
+bool MainWindow::prepareDocument()
+{
+    commitOpenEditors();
+    if (!loadedFile)
+        showFitting(statusBar(), tr("No file is open"), NO_FILE_MESSAGE_MS);
+    return loadedFile;
 }
 
 // Open editors are closed first: Undo, which is in the same menu, must not change the cell under an

@@ -183,6 +183,9 @@ private:
     QTreeView* currentView() const;
     TreeModel* modelOf(int tab) const;
     void commitOpenEditors();
+    // For the keys that the menus do not have: commits the open editors. False, told in the status
+    // bar, if no document is loaded.
+    bool prepareDocument();
     bool refusesRemoval(int tab, const QModelIndex& index, QString* keyword) const;
 
     QAction* undoAction = nullptr;

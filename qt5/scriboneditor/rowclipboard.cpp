@@ -16,6 +16,7 @@
 #include "editor_access.h"
 #include "editorundocommand.h"
 #include "pastedrows.h"
+#include "shown_text.h"
 #include "statusmessage.h"
 #include "tableview.h"
 #include "treeitem.h"
@@ -28,10 +29,11 @@ constexpr int REFUSAL_SHOWN_MS = 10000;
 // Far more than the largest table that is taken; a longer text is not even divided into fields.
 constexpr int MAX_TEXT_LENGTH = 8 * 1024 * 1024;
 
-QString shownText(const QModelIndex& cell)
+// A keyword as it stands in the file, so that it can be pasted.
+QString copiedText(const QModelIndex& cell)
 {
-    const QString text = textOf(cell).trimmed();
-    return text == FILLER_TEXT ? QString() : text;
+    const QString text = textOf(cell);
+    return showsNothing(text) ? QString() : text.trimmed();
 }
 
 }  // namespace
@@ -66,10 +68,7 @@ bool RowClipboard::isReady()
 {
     if (view()->viewport()->isAncestorOf(QApplication::focusWidget()))
         return false;
-    const bool ready = m_prepare() && editorAccess().activeUndoStack() != nullptr;
-    if (!ready)
-        refuse(tr("No file is open"));
-    return ready;
+    return m_prepare() && editorAccess().activeUndoStack() != nullptr;
 }
 
 // Invalid in the hidden row that holds the keyword of a list.
@@ -97,7 +96,7 @@ void RowClipboard::copyRow()
     }
     QStringList fields;
     for (int column = firstColumnOf(tabOfModel(model())); column < model()->columnCount(); ++column)
-        fields.append(shownText(cell.siblingAtColumn(column)));
+        fields.append(copiedText(cell.siblingAtColumn(column)));
     QApplication::clipboard()->setText(lineOf(fields));
     m_window->statusBar()->showMessage(tr("Row copied"), DONE_SHOWN_MS);
 }

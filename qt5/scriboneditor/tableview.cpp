@@ -200,9 +200,13 @@ bool TableView::isSpanned(const QModelIndex& index) const
     return index.isValid() && isFirstColumnSpanned(index.row(), index.parent());
 }
 
+// The delegate paints the icon of a row that spans the columns at the edge of the viewport,
+// wherever that is scrolled sideways.
 void TableView::scrollContentsBy(int dx, int dy)
 {
     QTreeView::scrollContentsBy(dx, dy);
+    if (dx != 0)
+        viewport()->update();
     Q_EMIT sightChanged();
 }
 

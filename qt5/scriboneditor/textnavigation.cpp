@@ -172,6 +172,12 @@ void TextNavigation::show(const CellPlace& place)
     m_line->makeWay();
 }
 
+void TextNavigation::uncover(const QModelIndex& cell)
+{
+    if (m_line->covers(view()->visualRect(cell)))
+        scrollRowToMiddle(cell, view());
+}
+
 // ---- Counting ----------------------------------------------------------------------------------
 
 void TextNavigation::countAgain()

@@ -2,6 +2,7 @@
 // table.
 #pragma once
 
+#include <QModelIndex>
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -34,6 +35,10 @@ public:
 
     // Closes the line. Must be called before the views get other models.
     void close();
+
+    // Scrolls a cell of the current tab that is in view, but behind the line. Does nothing for an
+    // invalid index.
+    void uncover(const QModelIndex& cell);
 
 private:
     using Matches = std::vector<CellPlace>;

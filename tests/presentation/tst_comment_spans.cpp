@@ -50,6 +50,7 @@ private Q_SLOTS:
     void commentsDoNotWidenTheColumn();
     void spanIsOneCell();
     void spanMovesSideways();
+    void iconOfAWrongCommentStaysInSight();
     void editorFillsTheSpan();
     void otherCellsOfACommentHaveNoEditor();
     void keysPassACommentInTheirColumn_data();
@@ -69,6 +70,7 @@ private:
     QList<int> commentRows();
     bool isInSight(int row);
     void show();
+    bool hasIconAtTheEdge(int row);
     void push(int row, ur_command command);
     void change(const QByteArray& kind);
 };
@@ -103,6 +105,21 @@ void tst_CommentSpans::show()
     m_window->show();
     m_window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+}
+
+// Whether some of the icon's red is at the right edge of the view.
+bool tst_CommentSpans::hasIconAtTheEdge(int row)
+{
+    const QRect cellRect = view()->visualRect(cell(row, 0));
+    QRect edge(0, cellRect.top(), cellRect.height(), cellRect.height());
+    edge.moveRight(view()->viewport()->width() - 1);
+    const QImage image = view()->viewport()->grab(edge).toImage();
+    int redPixels = 0;
+    for (int x = 0; x < image.width(); ++x) {
+        const QColor colour = image.pixelColor(x, image.height() / 4 * 2 - 4);
+        redPixels += colour.red() > 150 && colour.green() < 80 && colour.blue() < 80 ? 1 : 0;
+    }
+    return redPixels > 4;
 }
 
 void tst_CommentSpans::commentsSpanAfterALoad()
@@ -259,6 +276,20 @@ void tst_CommentSpans::spanMovesSideways()
     const QRect rect = view()->visualRect(cell(FIRST_COMMENT, 0));
     QCOMPARE(rect.left(), -300);
     QCOMPARE(rect.width(), view()->header()->length());
+}
+
+// A row that spans the columns is wider than the view here.
+void tst_CommentSpans::iconOfAWrongCommentStaysInSight()
+{
+    loadGoodFile(spec("# " + QByteArray(90, 'w')));
+    view()->setColumnWidth(1, 2000);
+    show();
+    m_window->checkErrorCount();
+    QVERIFY(hasIconAtTheEdge(FIRST_COMMENT));
+    QVERIFY(!hasIconAtTheEdge(SECOND_COMMENT));
+    QTRY_VERIFY(view()->horizontalScrollBar()->maximum() > 300);
+    view()->horizontalScrollBar()->setValue(300);
+    QVERIFY(hasIconAtTheEdge(FIRST_COMMENT));
 }
 
 void tst_CommentSpans::editorFillsTheSpan()

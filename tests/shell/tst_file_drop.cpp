@@ -42,6 +42,9 @@ private Q_SLOTS:
     void dropWorksEverywhere_data();
     void dropWorksEverywhere();
     void countersTakeNoText();
+    void linesTakeNoFile_data();
+    void linesTakeNoFile();
+    void linesTakeAText();
     void fileIsNeverMoved_data();
     void fileIsNeverMoved();
     void unsavedWorkIsAskedFor_data();
@@ -177,6 +180,48 @@ void tst_FileDrop::countersTakeNoText()
     QVERIFY(!drop(data, counter->findChild<QLineEdit*>()));
     QCOMPARE(counter->value(), before);
     QCOMPARE(newsOf(*m_window), QStringLiteral("Drop a file to open it"));
+}
+
+void tst_FileDrop::linesTakeNoFile_data()
+{
+    QTest::addColumn<bool>("isFind");
+    QTest::newRow("Find") << true;
+    QTest::newRow("editor of a cell") << false;
+}
+
+// File managers offer the address as text too, which a line edit would take.
+void tst_FileDrop::linesTakeNoFile()
+{
+    QFETCH(bool, isFind);
+    showWindow();
+    goTo(viewOf(*m_window, 0), 0, 1);
+    QTest::keyClick(viewOf(*m_window, 0), isFind ? Qt::Key_F : Qt::Key_F2,
+                    isFind ? Qt::ControlModifier : Qt::NoModifier);
+    auto* const line = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    QVERIFY(line != nullptr);
+    const QString before = line->text();
+    QMimeData data;
+    data.setText(QStringLiteral("words"));
+    data.setUrls(filesAt({OTHER, GOOD}));
+    QVERIFY(!drop(data, line));
+    QCOMPARE(newsOf(*m_window), QStringLiteral("One file at a time"));
+    data.setUrls(filesAt({OTHER}));
+    QVERIFY(drop(data, line));
+    QCOMPARE(line->text(), before);
+    QTRY_COMPARE(titleOf(*m_window), OTHER);
+    QVERIFY(m_dialogs->boxes.isEmpty());
+}
+
+void tst_FileDrop::linesTakeAText()
+{
+    showWindow();
+    QTest::keyClick(m_window.get(), Qt::Key_F, Qt::ControlModifier);
+    auto* const line = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    QVERIFY(line != nullptr);
+    QMimeData data;
+    data.setText(QStringLiteral("words"));
+    QVERIFY(drop(data, line));
+    QCOMPARE(line->text(), QStringLiteral("words"));
 }
 
 void tst_FileDrop::fileIsNeverMoved_data()

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QClipboard>
+#include <QDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -59,6 +60,7 @@ private Q_SLOTS:
     void clickOnACellIsCounted();
     void tabsAreFollowed();
     void loadClosesTheLine();
+    void loadUnderADialogLeavesTheFocusInTheTable();
     void failedLoadClosesTheLine();
     void doesNothingWithoutADocument();
     void liesBesideTheScrollBars_data();
@@ -66,6 +68,7 @@ private Q_SLOTS:
     void followsTheTable();
     void movesNothing();
     void neverHidesTheCurrentCell();
+    void undoneCellIsNotBehindTheLine();
     void matchInViewIsNotScrolled();
     void matchBehindTheLineIsScrolled_data();
     void matchBehindTheLineIsScrolled();
@@ -502,6 +505,20 @@ void tst_WindowFind::loadClosesTheLine()
     QTRY_COMPARE(news(), QStringLiteral("1 found, 1 on other tabs"));
 }
 
+// As File, Open does: its dialog is active until the file is loaded.
+void tst_WindowFind::loadUnderADialogLeavesTheFocusInTheTable()
+{
+    showWindow();
+    find(QStringLiteral("max"));
+    QDialog dialog(m_window.get());
+    QLineEdit name(&dialog);
+    dialog.show();
+    dialog.activateWindow();
+    QTRY_VERIFY(name.hasFocus());
+    loadGoodFile(specWithMax());
+    QCOMPARE(m_window->focusWidget(), view());
+}
+
 void tst_WindowFind::failedLoadClosesTheLine()
 {
     showWindow();
@@ -522,6 +539,7 @@ void tst_WindowFind::doesNothingWithoutADocument()
     openLine();
     QVERIFY(!frame()->isVisible());
     QCOMPARE(QApplication::focusWidget(), before);
+    QCOMPARE(newsOf(*m_window), QStringLiteral("No file is open"));
 }
 
 void tst_WindowFind::liesBesideTheScrollBars_data()
@@ -611,6 +629,34 @@ void tst_WindowFind::neverHidesTheCurrentCell()
     press(Qt::Key_Home);
     QVERIFY(seesCurrentCell());
     QCOMPARE(placeOf(frame()).bottomRight(), placeOf(view()->viewport()).bottomRight());
+}
+
+// Undo brings the cell that it changes into view, but leaves the current one, for which the line
+// makes way.
+void tst_WindowFind::undoneCellIsNotBehindTheLine()
+{
+    showWindow(specWithRows(100), {600, 600});
+    tabsOf(*m_window)->setCurrentIndex(1);
+    goTo(view(), 1, 3);
+    openLine();
+    const QModelIndex changed = view()->indexAt(frame()->geometry().center() -
+                                                view()->viewport()->mapTo(tabsOf(*m_window), {}));
+    QVERIFY(changed.isValid());
+    edit(1, changed.row(), 3, QStringLiteral("OTHER"));
+    const auto isBehind = [&] {
+        const QPoint corner = view()->viewport()->mapTo(m_window.get(), QPoint());
+        return view()->visualRect(changed).translated(corner).intersects(placeOf(frame()));
+    };
+    QVERIFY(isBehind());
+    view()->setFocus();
+    for (const auto& keys : {QKeySequence::Undo, QKeySequence::Redo}) {
+        view()->scrollToTop();
+        QVERIFY(isBehind());
+        QTest::keySequence(m_window.get(), QKeySequence(keys));
+        QVERIFY(!isBehind());
+        QVERIFY(view()->viewport()->rect().contains(view()->visualRect(changed)));
+        QCOMPARE(currentPlace(), (QVector<int>{1, 1, 3}));
+    }
 }
 
 void tst_WindowFind::matchInViewIsNotScrolled()

@@ -30,8 +30,10 @@ protected:
     std::unique_ptr<ModalDialogs> m_dialogs;
     const QFont m_applicationFont = QApplication::font();
 
-private Q_SLOTS:
-    void initTestCase();
+protected Q_SLOTS:
     void init();
     void cleanup();
+
+private Q_SLOTS:
+    void initTestCase();
 };
