@@ -15,10 +15,12 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTextStream>
 #include <QTimer>
+#include <QToolButton>
 #include <QTreeView>
 #include <functional>
 
@@ -99,6 +101,9 @@ private:
     void takeTabs();
     void takeNewFile();
     void takeWrongCells();
+    void takeNothingOpen();
+    void takeFind();
+    void takeRefused();
     void takeList(int tab, const QModelIndex& index, const QString& name);
     void takeCell(const QModelIndex& index, const QString& name, const QString& typed);
     void takeEditors();
@@ -125,6 +130,7 @@ Photographer::Photographer(const QDir& output)
 
 bool Photographer::takeAll()
 {
+    takeNothingOpen();
     open(QStringLiteral("scrib_full"));
     takeTabs();
     takeEditors();
@@ -132,6 +138,8 @@ bool Photographer::takeAll()
     takePreferences();
     takeNewFile();
     takeWrongCells();
+    takeFind();
+    takeRefused();
     if (!m_missing.isEmpty())
         QTextStream(stderr) << "help_pictures: not taken: " << m_missing.join(QStringLiteral(", "))
                             << Qt::endl;
@@ -231,6 +239,38 @@ void Photographer::takeWrongCells()
     takeTab(DE_TAB3, QStringLiteral("meta_data_errors"));
     takeTab(DE_TAB5, QStringLiteral("ecm_list_errors"));
     take(QStringLiteral("counters"), [this] { return placeOf(m_window.statusBar()); });
+}
+
+// Before a table has a model.
+void Photographer::takeNothingOpen()
+{
+    m_window.resize(SMALL_WINDOW);
+    take(QStringLiteral("nothing_open"), [this] { return m_window.frameGeometry(); });
+}
+
+// The text is found on other tabs, too.
+void Photographer::takeFind()
+{
+    open(QStringLiteral("scrib_full"));
+    showTab(DE_TAB2, SMALL_WINDOW);
+    view(DE_TAB2)->setCurrentIndex(view(DE_TAB2)->model()->index(1, 1));
+    for (QShortcut* const shortcut : m_window.findChildren<QShortcut*>()) {
+        if (shortcut->key() == QKeySequence(Qt::CTRL + Qt::Key_F))
+            Q_EMIT shortcut->activated();
+    }
+    auto* const line = m_window.findChild<QLineEdit*>(QStringLiteral("findText"));
+    line->setText(QStringLiteral("eng"));
+    take(QStringLiteral("find"), [this] { return placeOf(&m_window); });
+    line->clear();
+    m_window.findChild<QToolButton*>(QStringLiteral("findClose"))->click();
+}
+
+// Over the rows of the file before.
+void Photographer::takeRefused()
+{
+    showTab(DE_TAB1, SMALL_WINDOW);
+    open(QStringLiteral("scrib_refused_order"));
+    take(QStringLiteral("refused"), [this] { return m_window.frameGeometry(); });
 }
 
 // The upper part of the table, with the edited row.

@@ -22,12 +22,12 @@ constexpr std::array<ValueFacts, 13> VALUE_FACTS{{
     {EVENT_EDITOR, "the name of an event: [one word](keywords_tab.md#a-value-that-is-no-word)",
      "a [line](editor_text.md#event-names), which accepts letters, digits and `_`, 62 at most"},
     {YESNO_EDITOR, "`yes` or `no`",
-     "a [list](editor_yes_no.md) with the two"},
-    {FLOAT_UNIT_EDITOR, "a length of time: a number and its unit in square brackets",
+     "a [list](editor_yes_no.md) with these two words"},
+    {FLOAT_UNIT_EDITOR, "an interval: a number and its unit in square brackets",
      "a [line](editor_text.md#intervals), which accepts the units `msec`, `sec`, `min` and `hr`"},
     {INTEGER_EDITOR, "a count of scans",
      "a [number](editor_number.md) from 0 to 1000000"},
-    {NOEDITOR, "none: the keyword stands for itself, and what the file has behind it stays",
+    {NOEDITOR, "none. What the file has after the keyword stays in the file",
      "none"},
     {LOGICAL_VAR_EDITOR, "the name of a logical variable: [one word](keywords_tab.md#a-value-that-is-no-word)",
      "the [variable dialog](editor_variable.md) with the logical variables"},
@@ -39,14 +39,14 @@ constexpr std::array<ValueFacts, 13> VALUE_FACTS{{
     {REGNAME_EDITOR, "a name",
      "a [line](editor_text.md#registered-names), which accepts a letter or `_`, then letters, "
      "digits and `_`"},
-    {INTEGER_TIME_INT_EDITOR, "a length of time with its unit in square brackets; behind it, the name of an event",
-     "a [line](editor_text.md#intervals) for the length of time, which accepts the units `msec`, "
+    {INTEGER_TIME_INT_EDITOR, "an interval, and after it the name of an event",
+     "a [line](editor_text.md#intervals) for the interval, which accepts the units `msec`, "
      "`sec`, `min` and `hr`, and in the third column a [line](editor_text.md#event-names) for the "
      "event"},
-    {SCAN_INTERVAL_EDITOR, "a length of time with its unit in square brackets, or the name of an integer variable",
+    {SCAN_INTERVAL_EDITOR, "an interval, or the name of an integer variable",
      "the [variable dialog](editor_variable.md#with-an-interval) with the integer variables and a "
-     "line for the length of time"},
-    {DIR_PATH_EDITOR, "a path, or the name of a string variable: [one word](keywords_tab.md#a-value-that-is-no-word), with [a line end behind it](keywords_tab.md#a-path-without-a-line-end)",
+     "line for the interval"},
+    {DIR_PATH_EDITOR, "a path, or the name of a string variable: [one word](keywords_tab.md#a-value-that-is-no-word), with [a line end after it](keywords_tab.md#a-path-without-a-line-end)",
      "the [variable dialog](editor_variable.md#with-a-path) with the string variables and a line "
      "for the path"},
     {SCRIBON_EDITOR, "an identifier",
@@ -137,7 +137,7 @@ QString valueRows(const ScribonKeyword& keyword)
 {
     if (const ListTab* const tab = listTabOf(keyword)) {
         const auto link = QStringLiteral("[%2 tab](%1)");
-        return row(QStringLiteral("Value"), QStringLiteral("a list, an entry a line")) +
+        return row(QStringLiteral("Value"), QStringLiteral("a list, with a row on each line")) +
                row(QStringLiteral("Edited by"),
                    QStringLiteral("the rows of the ") +
                        link.arg(QLatin1String(tab->page), QLatin1String(tab->name)));

@@ -176,7 +176,7 @@ void tst_HelpLosses::copiesAreRemovedAsTheHelpSays()
 void tst_HelpLosses::unknownKeywordEndsAList()
 {
     QVERIFY(m_help.page(KEYWORDS).text.contains(
-        QStringLiteral("In a list, it ends the list as well: the rows behind it are gone")));
+        QStringLiteral("In a list, it ends the list as well: the rows after it are gone")));
     QCOMPARE(load("@SCAN_LIST\noil_temp T_OIL\n@OPERATOR smith\neng_torque TORQUE\n"), 0);
     const QByteArray text = saved();
     QVERIFY(text.endsWith("@SCAN_LIST\noil_temp T_OIL\n"));
