@@ -35,7 +35,7 @@ constexpr int MAX_GRABS = 40;
 constexpr QSize WHOLE_WINDOW(900, 660);
 constexpr QSize SMALL_WINDOW(700, 600);
 constexpr int WIDEST_COLUMN = 260;
-constexpr int LIST_HEIGHT = 330;
+constexpr int LIST_HEIGHT = 335;
 constexpr int LINE_HEIGHT = 130;
 
 void letTimePass()
