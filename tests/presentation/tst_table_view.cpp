@@ -302,7 +302,7 @@ void TestTableView::pageKeysFromAnyRow()
     onBoth([height](QTreeView* view) { view->resize(300, height); });
     for (int i = 0; i < 40; ++i)
         m_model->setData(randomCell(*m_model, &random), cellTexts().at(2 + random.bounded(2)));
-    for (int i = 0; i < 600; ++i) {
+    for (int i = 0; i < 300; ++i) {
         const int row = random.bounded(1, m_model->rowCount());
         const int scrolled = random.bounded(m_model->rowCount());
         onBoth([&](QTreeView* view) {
